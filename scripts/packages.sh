@@ -1,0 +1,33 @@
+# SPDX-FileCopyrightText: 2026 The Tessel developers
+# SPDX-License-Identifier: MIT
+#
+# What Tessel needs from Debian, and how the scripts install what is missing. Sourced, not run.
+
+build_packages=(
+    cmake g++ ninja-build pkg-config
+    libicu-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev
+    libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
+    nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
+)
+run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils)
+demo_packages=(imagemagick mousepad openbox picom x11-xserver-utils xdotool xterm xvfb)
+test_packages=(
+    dbus dbus-x11 featherpad fonts-noto-cjk libbenchmark-dev mousepad openbox picom x11-utils
+    x11-xkb-utils xdg-utils xterm xvfb
+)
+artwork_packages=(librsvg2-bin optipng pngquant)
+
+# Installs those of the named packages that are missing; asks for sudo only then.
+install_missing() {
+    local missing=() name
+    for name in "$@"; do
+        dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
