@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ActionManager.h"
+
+#include "ConfigManager.h"
+#include "Log.h"
+#include "NotificationCenter.h"
+#include "Placeholder.h"
+#include "TextRules.h"
+#include "platform/Pasteboard.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The application below needs this long to be active again.
+constexpr auto handOver = 100ms;
+
+}
+
+ActionManager::ActionManager(Dependencies dependencies)
+    : m_dependencies(dependencies)
+{
+    connect(&dependencies.notifications, &NotificationCenter::configDidChange, this,
+            &ActionManager::reloadActions);
+    reloadActions();
+}
+
+ActionManager &ActionManager::shared()
+{
+    static auto *instance = new ActionManager({ ConfigManager::shared(),
+                                                NotificationCenter::defaultCenter(),
+                                                Platform::current().workspace(),
+                                                Platform::current().pasteboard() });
+    return *instance;
+}
+
+void ActionManager::reloadActions()
+{
+    m_actions = m_dependencies.config.getGlintActions(
+        [this](const ActionConfig &action, const QString &text) { dispatch(action, text); });
+    Q_EMIT m_dependencies.notifications.actionsDidReload();
+}
+
+void ActionManager::dispatch(const ActionConfig &action, const QString &text)
+{
+    Q_EMIT willRunAction();
+    QTimer::singleShot(handOver, Qt::PreciseTimer, this,
+                       [this, action, text] { run(action, text); });
+}
+
+void ActionManager::run(const ActionConfig &action, const QString &text)
+{
+    switch (action.type) {
+    case ActionType::url:
+        performURLAction(action.templateText, text);
+        break;
+    case ActionType::shellScript:
+    case ActionType::appleScript:
+    case ActionType::shortcut:
+        Log::print(u"WARNING: actions of type "_s + rawValue(action.type)
+                   + u" cannot be run by this version"_s);
+        break;
+    case ActionType::builtin:
+        performBuiltin(action.templateText, text);
+        break;
+    }
+}
+
+void ActionManager::performURLAction(const QString &urlTemplate, const QString &text)
+{
+    const auto encoded = Placeholder::percentEncodedForQuery(text);
+    if (!encoded)
+        return;
+    const auto url = Placeholder::validUrl(Placeholder::substitute(urlTemplate, *encoded));
+    if (!url)
+        return;
+    m_dependencies.workspace.open(*url);
+    Log::print(u"Action: Opened URL "_s + *url);
+}
+
+void ActionManager::performBuiltin(const QString &type, const QString &text)
+{
+    if (type == u"COPY") {
+        m_dependencies.pasteboard.setString(text);
+        Log::print(u"Action: Copied text to clipboard");
+    } else if (type == u"COUNT") {
+        const QString count = QString::number(characterCount(text));
+        m_dependencies.pasteboard.setString(count);
+        Log::print(u"Action: Copied count "_s + count + u" to clipboard"_s);
+    } else {
+        Log::print(u"Action: Unknown builtin type "_s + type);
+    }
+}

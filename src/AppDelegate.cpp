@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "AppDelegate.h"
+
+#include "AccessibilityManager.h"
+#include "ApplicationIcon.h"
+#include "ConfigManager.h"
+#include "FloatingPanel.h"
+#include "Log.h"
+#include "ResourceBundle.h"
+#include "SelectionDetector.h"
+#include "platform/CopyRequest.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+#include <QMessageBox>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// After the start, so that it costs none of it; before anybody can press the trigger.
+constexpr auto warmUpDelay = 100ms;
+
+}
+
+AppDelegate::AppDelegate() = default;
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    Platform &platform = Platform::current();
+    const QStringList missing = platform.workspace().missingAccess();
+    if (!missing.isEmpty()) {
+        Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
+                   u"System Settings.");
+        showMissingAccess(missing);
+    }
+    m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
+        ConfigManager::shared(), AccessibilityManager::shared(), FloatingPanel::shared(),
+        platform.eventMonitor(), platform.popupHost(), platform.workspace() });
+    m_detector->startMonitoring();
+    Log::print(u"Tessel started.");
+
+    QTimer::singleShot(warmUpDelay, this, [&platform] {
+        FloatingPanel::shared().warmUp();
+        platform.copyRequest().prepare();
+    });
+}
+
+void AppDelegate::showMissingAccess(const QStringList &missing)
+{
+    applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
+    auto *box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tessel"),
+                                QStringLiteral("Tessel cannot see the selected text here. "
+                                               "Missing:\n\n• %1")
+                                    .arg(missing.join(QStringLiteral("\n• "))),
+                                QMessageBox::Close);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+}

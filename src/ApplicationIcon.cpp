@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ApplicationIcon.h"
+
+#include "ResourceBundle.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPainter>
+
+namespace {
+
+constexpr QSize iconSize(128, 128);
+constexpr double artworkShare = 0.8;
+
+QString resourceName(AppIconType type)
+{
+    switch (type) {
+    case AppIconType::standard:
+        return QStringLiteral("Logo_default-macOS-Dark-1024x1024@2x");
+    case AppIconType::light:
+        return QStringLiteral("Logo_default-macOS-Light-1024x1024@2x");
+    case AppIconType::neon:
+        break;
+    }
+    return QStringLiteral("Logo_default-macOS-Neon-1024x1024@2x");
+}
+
+}
+
+QImage resized(const QImage &image, QSize size)
+{
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage applicationIconImage(AppIconType type, const ResourceBundle &bundle)
+{
+    const QImage artwork = bundle.iconImage(resourceName(type));
+    if (artwork.isNull())
+        return {};
+    QImage icon(iconSize, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(Qt::transparent);
+    QRectF place(QPointF(), QSizeF(iconSize) * artworkShare);
+    place.moveCenter(QRectF(QPointF(), iconSize).center());
+    QPainter painter(&icon);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, resized(artwork, iconSize));
+    return icon;
+}
+
+void applyApplicationIcon(AppIconType type, const ResourceBundle &bundle)
+{
+    const QImage icon = applicationIconImage(type, bundle);
+    if (!icon.isNull())
+        QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
+}

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AppConfig.h"
+
+#include <QImage>
+
+class QIcon;
+class ResourceBundle;
+
+/// The image drawn over exactly the given size.
+[[nodiscard]] QImage resized(const QImage &image, QSize size);
+
+/// The chosen artwork at 128 × 128, drawn at 80 % with a margin; null when the resource is missing.
+[[nodiscard]] QImage applicationIconImage(AppIconType type, const ResourceBundle &bundle);
+
+/// Gives the icon to all windows, present and future. Nothing happens without the resource.
+void applyApplicationIcon(AppIconType type, const ResourceBundle &bundle);

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Log.h"
+
+#include <QByteArray>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+std::function<void(QStringView)> &sink()
+{
+    static std::function<void(QStringView)> installed;
+    return installed;
+}
+
+}
+
+void Log::print(QStringView line)
+{
+    if (sink())
+        return sink()(line);
+    // Qt gives child processes the default disposition back.
+    [[maybe_unused]] static const auto previous = std::signal(SIGPIPE, SIG_IGN);
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+void Log::setSink(std::function<void(QStringView)> newSink)
+{
+    sink() = std::move(newSink);
+}

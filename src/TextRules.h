@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// CR LF becomes LF, then each CR that is left does.
+[[nodiscard]] QString withNormalizedLineEnds(const QString &text);
+
+/// The number of user-perceived characters: extended grapheme clusters (UAX #29). CR LF is one.
+[[nodiscard]] qsizetype characterCount(const QString &text);

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFuture>
+#include <QPoint>
+#include <QRect>
+
+#include <optional>
+
+class QWindow;
+
+/// Where a popup can go. Logical pixels of Qt's coordinates, y down.
+struct PopupLocation
+{
+    QPoint pointer;
+    std::optional<QRect> screen; ///< the main screen: the active window's, else the primary one
+    std::optional<QRect> visibleFrame; ///< the same without panels and docks
+};
+
+/// Puts windows of our own above everything without taking the application in front out of focus.
+/// A window is given by its QWindow, which must exist (be created) and outlive its time on screen.
+class PopupHost
+{
+public:
+    virtual ~PopupHost() = default;
+
+    /// May take a moment on desktops where the pointer is not known at any time.
+    [[nodiscard]] virtual QFuture<PopupLocation> locate() = 0;
+
+    /// Whether translucent pixels are blended; else they would show black.
+    [[nodiscard]] virtual bool isCompositing() const = 0;
+
+    /// Completes a new popup window, made with Qt's flags for one: above full-screen windows, on
+    /// every desktop, with no shadow but its own.
+    virtual void adopt(QWindow *window) = 0;
+
+    /// Only this part (logical pixels, in the window) takes clicks, and is blurred behind where the
+    /// compositor can; the rest lets clicks through.
+    virtual void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) = 0;
+
+    /// Sends all keys to the shown window until they are released or it is hidden; the application
+    /// in front stays active. False when the desktop refuses.
+    virtual bool takeKeyboard(QWindow *window) = 0;
+    virtual void releaseKeyboard(QWindow *window) = 0;
+};

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/fake/FakePlatform.h"
+
+#include <QTimer>
+
+namespace {
+
+template<typename T>
+QFuture<T> readyFuture(const T &value)
+{
+    QPromise<T> promise;
+    promise.start();
+    promise.addResult(value);
+    promise.finish();
+    return promise.future();
+}
+
+}
+
+class FakePlatform::Monitor::Token final : public Subscription
+{
+public:
+    Token(Monitor &monitor, InputEvent::Kinds wanted, Handler callback)
+        : kinds(wanted)
+        , handler(std::move(callback))
+        , m_monitor(monitor)
+    {
+        m_monitor.m_tokens.push_back(this);
+    }
+    ~Token() override { m_monitor.m_tokens.remove(this); }
+    Q_DISABLE_COPY_MOVE(Token)
+
+    InputEvent::Kinds kinds;
+    Handler handler;
+
+private:
+    Monitor &m_monitor;
+};
+
+std::unique_ptr<EventMonitor::Subscription>
+FakePlatform::Monitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
+{
+    return refuses ? nullptr : std::make_unique<Token>(*this, kinds, std::move(handler));
+}
+
+void FakePlatform::Monitor::send(const InputEvent &event)
+{
+    const auto tokens = m_tokens;
+    for (Token *token : tokens) {
+        if (token->kinds.testFlag(event.kind))
+            token->handler(event);
+    }
+}
+
+void FakePlatform::Copier::copySelection(const FrontApplication &application)
+{
+    requests += application;
+    if (onCopy)
+        onCopy();
+}
+
+QFuture<std::optional<QString>>
+FakePlatform::Clipboard::string(std::chrono::milliseconds patience)
+{
+    if (!ownerIsSilent)
+        return readyFuture(text);
+    auto promise = std::make_shared<QPromise<std::optional<QString>>>();
+    promise->start();
+    QTimer::singleShot(patience, [promise] {
+        promise->addResult(std::nullopt);
+        promise->finish();
+    });
+    return promise->future();
+}
+
+void FakePlatform::Clipboard::put(const std::optional<QString> &newText)
+{
+    text = newText;
+    ++m_changeCount;
+}
+
+QFuture<PopupLocation> FakePlatform::Popups::locate()
+{
+    return readyFuture(location);
+}
+
+bool FakePlatform::Popups::takeKeyboard(QWindow *window)
+{
+    if (!refusesKeyboard)
+        keyboard = window;
+    return !refusesKeyboard;
+}
+
+void FakePlatform::Popups::releaseKeyboard(QWindow *window)
+{
+    if (keyboard == window)
+        keyboard = nullptr;
+}
+
+void FakePlatform::Look::setDark(bool isDark)
+{
+    if (std::exchange(m_isDark, isDark) != isDark)
+        Q_EMIT changed();
+}

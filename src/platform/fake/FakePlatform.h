@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Appearance.h"
+#include "platform/CopyRequest.h"
+#include "platform/EventMonitor.h"
+#include "platform/Pasteboard.h"
+#include "platform/Platform.h"
+#include "platform/PopupHost.h"
+#include "platform/Workspace.h"
+
+#include <QPromise>
+#include <QStringList>
+
+#include <list>
+
+/// A desktop that exists in memory only, records what is asked of it, and does what it is told.
+class FakePlatform final : public Platform
+{
+public:
+    class Monitor final : public EventMonitor
+    {
+    public:
+        [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
+                                                                     Handler handler) override;
+        void send(const InputEvent &event); ///< to every handler that wants it
+
+        bool refuses = false;
+
+    private:
+        class Token;
+        std::list<Token *> m_tokens;
+    };
+
+    class Copier final : public CopyRequest
+    {
+    public:
+        void prepare() override { }
+        void copySelection(const FrontApplication &application) override;
+
+        std::function<void()> onCopy; ///< the application's answer
+        QList<FrontApplication> requests;
+    };
+
+    class Clipboard final : public Pasteboard
+    {
+    public:
+        [[nodiscard]] qint64 changeCount() const override { return m_changeCount; }
+        [[nodiscard]] QFuture<std::optional<QString>>
+        string(std::chrono::milliseconds patience) override;
+        void setString(const QString &newText) override { put(newText); }
+
+        /// An application puts a text, or something that is not text, on the pasteboard.
+        void put(const std::optional<QString> &newText);
+
+        bool ownerIsSilent = false; ///< it answers no question: patience runs out
+        std::optional<QString> text;
+
+    private:
+        qint64 m_changeCount = 0;
+    };
+
+    class Desk final : public Workspace
+    {
+    public:
+        [[nodiscard]] std::optional<FrontApplication> frontmostApplication() override
+        {
+            return front;
+        }
+        void open(const QString &url) override { opened += url; }
+        [[nodiscard]] QStringList missingAccess() const override { return missing; }
+
+        std::optional<FrontApplication> front = FrontApplication { QStringLiteral("org.test.Editor"),
+                                                                   QStringLiteral("Editor") };
+        QStringList opened;
+        QStringList missing;
+    };
+
+    class Popups final : public PopupHost
+    {
+    public:
+        [[nodiscard]] QFuture<PopupLocation> locate() override;
+        [[nodiscard]] bool isCompositing() const override { return compositing; }
+        void adopt(QWindow *window) override { adopted += window; }
+        void setActiveRegion(QWindow *, const QRect &region, int) override { active = region; }
+        bool takeKeyboard(QWindow *window) override;
+        void releaseKeyboard(QWindow *window) override;
+
+        PopupLocation location { { 400, 300 }, QRect(0, 0, 800, 600), QRect(0, 0, 800, 600) };
+        bool compositing = true;
+        bool refusesKeyboard = false;
+        QList<QWindow *> adopted;
+        QRect active;
+        QWindow *keyboard = nullptr;
+    };
+
+    class Look final : public Appearance
+    {
+    public:
+        [[nodiscard]] bool isDark() const override { return m_isDark; }
+        void setDark(bool isDark);
+
+    private:
+        bool m_isDark = false;
+    };
+
+    void start() override { }
+    [[nodiscard]] Monitor &eventMonitor() override { return m_monitor; }
+    [[nodiscard]] Copier &copyRequest() override { return m_copier; }
+    [[nodiscard]] Clipboard &pasteboard() override { return m_clipboard; }
+    [[nodiscard]] Desk &workspace() override { return m_desk; }
+    [[nodiscard]] Popups &popupHost() override { return m_popups; }
+    [[nodiscard]] Look &appearance() override { return m_look; }
+
+private:
+    Monitor m_monitor;
+    Copier m_copier;
+    Clipboard m_clipboard;
+    Desk m_desk;
+    Popups m_popups;
+    Look m_look;
+};

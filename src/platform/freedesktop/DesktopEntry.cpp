@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/DesktopEntry.h"
+
+#include <QHash>
+#include <QList>
+
+namespace {
+
+/// Keys of the group "[Desktop Entry]", values as written.
+QHash<QByteArray, QByteArray> mainGroup(const QByteArray &content)
+{
+    QHash<QByteArray, QByteArray> values;
+    bool inGroup = false;
+    for (const QByteArray &line : content.split('\n')) {
+        const QByteArray trimmed = line.trimmed();
+        if (trimmed.startsWith('[')) {
+            if (inGroup)
+                break;
+            inGroup = trimmed == "[Desktop Entry]";
+        } else if (inGroup && !trimmed.startsWith('#')) {
+            const qsizetype equals = trimmed.indexOf('=');
+            if (equals > 0)
+                values.insert(trimmed.left(equals).trimmed(), trimmed.mid(equals + 1).trimmed());
+        }
+    }
+    return values;
+}
+
+/// Section "Localized values for keys": the language with its country, then alone, then none.
+QByteArray localized(const QHash<QByteArray, QByteArray> &values, const QByteArray &key,
+                     const QString &locale)
+{
+    const QByteArray full = locale.section(u'.', 0, 0).section(u'@', 0, 0).toLatin1();
+    const QByteArray language = full.split('_').constFirst();
+    for (const QByteArray &tag : { full, language }) {
+        const auto value = values.constFind(key + '[' + tag + ']');
+        if (value != values.constEnd())
+            return *value;
+    }
+    return values.value(key);
+}
+
+}
+
+std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArray &content,
+                                              const QString &locale)
+{
+    const auto values = mainGroup(content);
+    if (values.value("Type") != "Application" || values.value("Hidden") == "true")
+        return {};
+    return DesktopEntry {
+        id,
+        QString::fromUtf8(localized(values, "Name", locale)),
+        QString::fromUtf8(values.value("StartupWMClass")),
+        values.value("Categories").split(';').contains("TerminalEmulator"),
+    };
+}

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/XdgOpen.h"
+
+#include "Log.h"
+
+#include <QProcess>
+
+void xdgOpen(const QString &url)
+{
+    QProcess process;
+    process.setProgram(QStringLiteral("xdg-open"));
+    process.setArguments({ url });
+    process.setStandardInputFile(QProcess::nullDevice());
+    if (!process.startDetached())
+        Log::print(u"ERROR: xdg-open could not be started; is xdg-utils installed?");
+}

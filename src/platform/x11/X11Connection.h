@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QObject>
+
+#include <functional>
+#include <list>
+#include <memory>
+
+struct xcb_connection_t;
+class QSocketNotifier;
+
+/// Owner of what xcb allocates: replies, events, errors.
+struct FreeDeleter
+{
+    void operator()(void *memory) const;
+};
+template<typename T>
+using XcbPtr = std::unique_ptr<T, FreeDeleter>;
+
+/// An event of any extension; valid during the call that hands it out.
+class X11Event final
+{
+public:
+    explicit X11Event(const void *raw)
+        : m_raw(static_cast<const quint8 *>(raw))
+    {
+    }
+
+    [[nodiscard]] int type() const { return m_raw[0] & 0x7f; } ///< whoever sent it
+
+    /// The event as one of xcb's structures.
+    template<typename T>
+    [[nodiscard]] const T &as() const
+    {
+        return *reinterpret_cast<const T *>(m_raw);
+    }
+
+private:
+    const quint8 *m_raw;
+};
+
+/// A connection to the X server apart from Qt's, with the extensions that the backend needs.
+class X11Connection final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Handler = std::function<void(const X11Event &event)>;
+
+    /// What tells the events and requests of an extension apart.
+    struct Extension
+    {
+        bool present = false;
+        quint8 majorOpcode = 0;
+        quint8 firstEvent = 0;
+    };
+
+    /// Null, with the reason, when the display of $DISPLAY cannot be reached.
+    static std::unique_ptr<X11Connection> open(QString *error);
+    ~X11Connection() override;
+
+    /// Begins to deliver events; needs the application object.
+    void start();
+
+    /// Calls the handler for each event until the returned token is destroyed.
+    [[nodiscard]] std::shared_ptr<void> subscribe(Handler handler);
+
+    [[nodiscard]] xcb_connection_t *xcb() const { return m_connection; }
+    [[nodiscard]] quint32 root() const { return m_root; }
+    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+    [[nodiscard]] const Extension &xfixes() const { return m_xfixes; }
+    [[nodiscard]] const Extension &xinput() const { return m_xinput; } ///< version 2.1 or later
+    [[nodiscard]] const Extension &xkb() const { return m_xkb; }
+    [[nodiscard]] const Extension &xtest() const { return m_xtest; }
+
+    [[nodiscard]] quint32 atom(const char *name) const; ///< remembered after the first request
+
+    /// Whole value of a window's property in any format; empty when it has none.
+    [[nodiscard]] QByteArray property(quint32 window, quint32 atom) const;
+
+    /// First 32-bit item of a property, 0 when there is none.
+    [[nodiscard]] quint32 property32(quint32 window, quint32 atom) const;
+
+    /// Whether two windows (or other resources) were made by the same client.
+    [[nodiscard]] bool isSameClient(quint32 first, quint32 second) const;
+
+private:
+    X11Connection(xcb_connection_t *connection, int screenNumber);
+    void queryExtensions();
+    enum class Source { socket, queue };
+    void dispatch(Source source);
+
+    xcb_connection_t *m_connection;
+    int m_screenNumber;
+    quint32 m_root = 0;
+    Extension m_xfixes;
+    Extension m_xinput;
+    Extension m_xkb;
+    Extension m_xtest;
+    QSocketNotifier *m_notifier = nullptr;
+    std::list<std::weak_ptr<Handler>> m_handlers;
+    mutable QHash<QByteArray, quint32> m_atoms;
+};

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11CopyRequest.h"
+
+#include "platform/Pasteboard.h"
+#include "platform/Workspace.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11SelectionReader.h"
+#include "platform/x11/X11Terminals.h"
+
+#include <QCoroFuture>
+
+#include <xcb/xcb.h>
+#define explicit explicit_ // a member's name in this C header
+#include <xcb/xkb.h>
+#undef explicit
+#include <xcb/xtest.h>
+
+using namespace std::chrono_literals;
+
+X11CopyRequest::X11CopyRequest(X11Connection &connection, X11SelectionReader &reader,
+                               Pasteboard &pasteboard)
+    : m_connection(connection)
+    , m_reader(reader)
+    , m_pasteboard(pasteboard)
+{
+    if (!connection.xkb().present)
+        return;
+    xcb_xkb_select_events_details_t details = {};
+    details.affectNewKeyboard = details.newKeyboardDetails = XCB_XKB_NKN_DETAIL_KEYCODES;
+    details.affectState = details.stateDetails = XCB_XKB_STATE_PART_GROUP_STATE;
+    constexpr quint16 wholeMap = XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr quint16 allParts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
+    xcb_xkb_select_events_aux(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD,
+                              XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY
+                                  | XCB_XKB_EVENT_TYPE_STATE_NOTIFY | wholeMap,
+                              0, wholeMap, allParts, allParts, &details);
+    m_subscription
+        = connection.subscribe([this](const X11Event &event) { handle(event); });
+}
+
+void X11CopyRequest::handle(const X11Event &event)
+{
+    if (event.type() != m_connection.xkb().firstEvent)
+        return;
+    const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
+    const bool sameGroup = notify.xkbType == XCB_XKB_STATE_NOTIFY
+        && !(notify.changed & XCB_XKB_STATE_PART_GROUP_STATE);
+    if (!sameGroup)
+        m_keys.reset();
+}
+
+void X11CopyRequest::prepare()
+{
+    if (!m_keys && m_connection.xkb().present)
+        m_keys = x11CopyKeys(m_connection);
+}
+
+void X11CopyRequest::copySelection(const FrontApplication &application)
+{
+    if (!application.isTerminal)
+        press(Chord::controlC);
+    else if (ownsPrimary(application.window))
+        copyPrimary();
+    else if (X11Terminals::copiesOnControlShiftC(application.bundleIdentifier.value_or(QString())))
+        press(Chord::controlShiftC);
+}
+
+bool X11CopyRequest::ownsPrimary(quint32 window) const
+{
+    const XcbPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection.xcb(), xcb_get_selection_owner(m_connection.xcb(), XCB_ATOM_PRIMARY),
+        nullptr));
+    return reply && m_connection.isSameClient(reply->owner, window);
+}
+
+void X11CopyRequest::copyPrimary()
+{
+    m_reader.read(XCB_ATOM_PRIMARY, 400ms).then(this, [this](const std::optional<QString> &text) {
+        if (text && !text->isEmpty())
+            m_pasteboard.setString(*text);
+    });
+}
+
+void X11CopyRequest::press(Chord chord)
+{
+    prepare();
+    if (!m_keys || !m_connection.xtest().present)
+        return;
+    liftHeldModifiers();
+    QList<quint8> keys { m_keys->control };
+    if (chord == Chord::controlShiftC)
+        keys.append(m_keys->shift);
+    keys.append(m_keys->letterC);
+    for (auto key = keys.cbegin(); key != keys.cend(); ++key)
+        fakeKey(XCB_KEY_PRESS, *key);
+    for (auto key = keys.crbegin(); key != keys.crend(); ++key)
+        fakeKey(XCB_KEY_RELEASE, *key);
+    xcb_flush(m_connection.xcb());
+}
+
+/// The user may still hold the trigger's modifiers. They are not pressed again afterwards: nobody
+/// knows whether they are still held then, and one too many would be stuck.
+void X11CopyRequest::liftHeldModifiers()
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const auto heldCookie = xcb_query_keymap(xcb);
+    const auto mappingCookie = xcb_get_modifier_mapping(xcb);
+    const XcbPtr<xcb_query_keymap_reply_t> held(xcb_query_keymap_reply(xcb, heldCookie, nullptr));
+    const XcbPtr<xcb_get_modifier_mapping_reply_t> mapping(
+        xcb_get_modifier_mapping_reply(xcb, mappingCookie, nullptr));
+    if (!held || !mapping)
+        return;
+    const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(mapping.get());
+    for (int i = 0; i < xcb_get_modifier_mapping_keycodes_length(mapping.get()); ++i) {
+        const xcb_keycode_t key = keycodes[i];
+        if (key != 0 && (held->keys[key / 8] & (1 << (key % 8))))
+            fakeKey(XCB_KEY_RELEASE, key);
+    }
+}
+
+void X11CopyRequest::fakeKey(quint8 type, quint8 keycode)
+{
+    xcb_test_fake_input(m_connection.xcb(), type, keycode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11EventMonitor.h"
+
+#include "KeyCodes.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+#define explicit explicit_ // a member's name in this C header
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace {
+
+constexpr int evdevOffset = 8; ///< X keycode = Linux input event code + 8
+constexpr quint32 leftButton = 1;
+constexpr quint32 firstScrollButton = 4;
+constexpr quint32 lastScrollButton = 7;
+
+/// By convention Mod1 is Alt and Mod4 is Super; Lock, NumLock and AltGr do not count.
+qint64 modifierBits(quint8 mods)
+{
+    return (mods & XCB_MOD_MASK_SHIFT ? KeyCodes::shift : 0)
+        | (mods & XCB_MOD_MASK_CONTROL ? KeyCodes::control : 0)
+        | (mods & XCB_MOD_MASK_1 ? KeyCodes::option : 0)
+        | (mods & XCB_MOD_MASK_4 ? KeyCodes::command : 0);
+}
+
+}
+
+class X11EventMonitor::Token final : public Subscription
+{
+public:
+    Token(X11EventMonitor &monitor, InputEvent::Kinds wanted, Handler callback)
+        : kinds(wanted)
+        , handler(std::move(callback))
+        , m_monitor(monitor)
+    {
+        m_monitor.m_tokens.append(this);
+    }
+    ~Token() override { m_monitor.m_tokens.removeOne(this); }
+    Q_DISABLE_COPY_MOVE(Token)
+
+    InputEvent::Kinds kinds;
+    Handler handler;
+
+private:
+    X11EventMonitor &m_monitor;
+};
+
+X11EventMonitor::X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard)
+    : m_connection(connection)
+    , m_ownsKeyboard(std::move(ownsKeyboard))
+{
+    if (!connection.xinput().present || !connection.xkb().present)
+        return;
+    selectEvents();
+    m_subscription
+        = connection.subscribe([this](const X11Event &event) { handle(event); });
+}
+
+std::unique_ptr<EventMonitor::Subscription>
+X11EventMonitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
+{
+    if (!m_subscription)
+        return nullptr;
+    return std::make_unique<Token>(*this, kinds, std::move(handler));
+}
+
+void X11EventMonitor::selectEvents()
+{
+    struct
+    {
+        xcb_input_event_mask_t head;
+        quint32 mask;
+    } raw = { { XCB_INPUT_DEVICE_ALL_MASTER, 1 },
+              XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS
+                  | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE };
+    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &raw.head);
+
+    constexpr quint16 modifierState = XCB_XKB_STATE_PART_MODIFIER_STATE;
+    xcb_xkb_select_events_details_t details = {};
+    details.affectState = modifierState;
+    details.stateDetails = modifierState;
+    xcb_xkb_select_events_aux(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD,
+                              XCB_XKB_EVENT_TYPE_STATE_NOTIFY, 0, 0, 0, 0, &details);
+    const XcbPtr<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
+        m_connection.xcb(), xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD),
+        nullptr));
+    if (state)
+        m_modifiers = modifierBits(state->mods);
+}
+
+void X11EventMonitor::handle(const X11Event &event)
+{
+    const int type = event.type();
+    if (type == XCB_GE_GENERIC) {
+        handleRaw(event);
+    } else if (type == m_connection.xkb().firstEvent) {
+        // All XKB events share one code; the second byte tells them apart.
+        const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
+        if (notify.xkbType == XCB_XKB_STATE_NOTIFY)
+            m_modifiers = modifierBits(notify.mods);
+    }
+}
+
+void X11EventMonitor::handleRaw(const X11Event &event)
+{
+    // The raw key and button events have one layout.
+    const auto &raw = event.as<xcb_input_raw_key_press_event_t>();
+    if (raw.extension != m_connection.xinput().majorOpcode)
+        return;
+    if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS) {
+        if (m_ownsKeyboard())
+            return;
+        const int evdevCode = int(raw.detail) - evdevOffset;
+        deliver({ InputEvent::Kind::keyDown,
+                  KeyCodes::virtualFromEvdev(evdevCode).value_or(-1), m_modifiers });
+        return;
+    }
+    const bool scrolled = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS
+        && raw.detail >= firstScrollButton && raw.detail <= lastScrollButton;
+    const bool released
+        = raw.event_type == XCB_INPUT_RAW_BUTTON_RELEASE && raw.detail == leftButton;
+    if ((scrolled || released) && !isPointerOverOwnWindow())
+        deliver({ scrolled ? InputEvent::Kind::scrollWheel : InputEvent::Kind::leftMouseUp, -1,
+                  m_modifiers });
+}
+
+void X11EventMonitor::deliver(const InputEvent &event)
+{
+    const auto tokens = m_tokens; // a handler may end its own subscription
+    for (Token *token : tokens) {
+        if (m_tokens.contains(token) && token->kinds.testFlag(event.kind))
+            token->handler(event);
+    }
+}
+
+bool X11EventMonitor::isPointerOverOwnWindow() const
+{
+    QList<quint32> own;
+    for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->isVisible() && window->handle())
+            own.append(static_cast<quint32>(window->winId()));
+    }
+    // From the root down: a window manager puts our managed windows into frames of its own.
+    quint32 window = own.isEmpty() ? quint32(XCB_NONE) : m_connection.root();
+    while (window != XCB_NONE) {
+        if (own.contains(window))
+            return true;
+        const XcbPtr<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+            m_connection.xcb(), xcb_query_pointer(m_connection.xcb(), window), nullptr));
+        window = pointer ? pointer->child : quint32(XCB_NONE);
+    }
+    return false;
+}

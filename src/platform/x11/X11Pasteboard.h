@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <memory>
+
+class X11Connection;
+class X11SelectionReader;
+class X11Event;
+
+/// The CLIPBOARD selection. Changes are counted by XFixes, which tells of each new owner.
+class X11Pasteboard final : public Pasteboard
+{
+public:
+    X11Pasteboard(X11Connection &connection, X11SelectionReader &reader);
+
+    [[nodiscard]] qint64 changeCount() const override { return m_changeCount; }
+    [[nodiscard]] QFuture<std::optional<QString>>
+    string(std::chrono::milliseconds patience) override;
+    void setString(const QString &text) override;
+
+private:
+    void handle(const X11Event &event);
+
+    X11Connection &m_connection;
+    X11SelectionReader &m_reader;
+    quint32 m_clipboard;
+    qint64 m_changeCount = 0;
+    std::shared_ptr<void> m_subscription;
+};

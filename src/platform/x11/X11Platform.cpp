@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11Platform.h"
+
+#include "platform/freedesktop/PortalAppearance.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11CopyRequest.h"
+#include "platform/x11/X11EventMonitor.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11PopupHost.h"
+#include "platform/x11/X11SelectionReader.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <QGuiApplication>
+
+/// In order of construction: each uses those above it.
+struct X11Platform::Services
+{
+    explicit Services(std::unique_ptr<X11Connection> x)
+        : connection(std::move(x))
+    {
+    }
+
+    std::unique_ptr<X11Connection> connection;
+    X11SelectionReader reader { *connection };
+    X11Pasteboard pasteboard { *connection, reader };
+    X11CopyRequest copyRequest { *connection, reader, pasteboard };
+    X11Workspace workspace { *connection };
+    X11PopupHost popupHost { *connection, workspace };
+    X11EventMonitor eventMonitor { *connection, [this] {
+        return popupHost.holdsKeyboard() || QGuiApplication::focusWindow();
+    } };
+    PortalAppearance appearance;
+};
+
+std::unique_ptr<Platform> X11Platform::connect(QString *error)
+{
+    auto connection = X11Connection::open(error);
+    if (!connection)
+        return nullptr;
+    return std::unique_ptr<Platform>(
+        new X11Platform(std::make_unique<Services>(std::move(connection))));
+}
+
+X11Platform::X11Platform(std::unique_ptr<Services> services)
+    : m_services(std::move(services))
+{
+}
+
+X11Platform::~X11Platform() = default;
+
+void X11Platform::start()
+{
+    m_services->connection->start();
+    m_services->appearance.start();
+}
+
+EventMonitor &X11Platform::eventMonitor()
+{
+    return m_services->eventMonitor;
+}
+
+CopyRequest &X11Platform::copyRequest()
+{
+    return m_services->copyRequest;
+}
+
+Pasteboard &X11Platform::pasteboard()
+{
+    return m_services->pasteboard;
+}
+
+Workspace &X11Platform::workspace()
+{
+    return m_services->workspace;
+}
+
+PopupHost &X11Platform::popupHost()
+{
+    return m_services->popupHost;
+}
+
+Appearance &X11Platform::appearance()
+{
+    return m_services->appearance;
+}

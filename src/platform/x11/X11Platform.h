@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Platform.h"
+
+/// The services of an X11 desktop, over one connection apart from Qt's.
+class X11Platform final : public Platform
+{
+public:
+    /// Null, with the reason, when the X server cannot be reached.
+    [[nodiscard]] static std::unique_ptr<Platform> connect(QString *error);
+    ~X11Platform() override;
+
+    void start() override;
+    [[nodiscard]] EventMonitor &eventMonitor() override;
+    [[nodiscard]] CopyRequest &copyRequest() override;
+    [[nodiscard]] Pasteboard &pasteboard() override;
+    [[nodiscard]] Workspace &workspace() override;
+    [[nodiscard]] PopupHost &popupHost() override;
+    [[nodiscard]] Appearance &appearance() override;
+
+private:
+    struct Services;
+    explicit X11Platform(std::unique_ptr<Services> services);
+
+    std::unique_ptr<Services> m_services;
+};

@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11PopupHost.h"
+
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11WorkArea.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cstring>
+#include <xcb/xcb.h>
+#include <xcb/xfixes.h>
+
+namespace {
+
+/// Qt keeps the origin of a screen in device pixels and divides its size by the scale factor.
+QRect nativeGeometry(const QScreen *screen)
+{
+    const QRect logical = screen->geometry();
+    return { logical.topLeft(), (QSizeF(logical.size()) * screen->devicePixelRatio()).toSize() };
+}
+
+QRect logicalGeometry(const QRect &native, const QScreen *screen)
+{
+    const QPoint origin = screen->geometry().topLeft();
+    const double scale = screen->devicePixelRatio();
+    return QRectF(QPointF(native.topLeft() - origin) / scale + origin,
+                  QSizeF(native.size()) / scale)
+        .toRect();
+}
+
+/// Geometry of a window in device pixels of the root window; null when it has gone.
+QRect rootGeometry(const X11Connection &connection, quint32 window)
+{
+    xcb_connection_t *xcb = connection.xcb();
+    const auto sizeCookie = xcb_get_geometry(xcb, window);
+    const auto placeCookie = xcb_translate_coordinates(xcb, window, connection.root(), 0, 0);
+    const XcbPtr<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(xcb, sizeCookie, nullptr));
+    const XcbPtr<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(xcb, placeCookie, nullptr));
+    if (!size || !place)
+        return {};
+    return { place->dst_x, place->dst_y, size->width, size->height };
+}
+
+QScreen *screenOf(const QRect &window)
+{
+    QScreen *best = QGuiApplication::primaryScreen();
+    qint64 bestArea = 0;
+    const auto screens = QGuiApplication::screens();
+    for (QScreen *screen : screens) {
+        const QRect common = nativeGeometry(screen).intersected(window);
+        const qint64 area = qint64(common.width()) * common.height();
+        if (area > bestArea) {
+            best = screen;
+            bestArea = area;
+        }
+    }
+    return best;
+}
+
+/// All windows' struts; the requests go out together, so that this is one round trip.
+QList<X11Strut> struts(const X11Connection &connection)
+{
+    xcb_connection_t *xcb = connection.xcb();
+    const QByteArray clients
+        = connection.property(connection.root(), connection.atom("_NET_CLIENT_LIST"));
+    const quint32 strutAtom = connection.atom("_NET_WM_STRUT_PARTIAL");
+    QList<xcb_get_property_cookie_t> cookies;
+    for (qsizetype at = 0; at + 4 <= clients.size(); at += 4) {
+        quint32 window = 0;
+        std::memcpy(&window, clients.constData() + at, sizeof window);
+        cookies += xcb_get_property(xcb, 0, window, strutAtom, XCB_ATOM_CARDINAL, 0, 12);
+    }
+    QList<X11Strut> result;
+    for (const auto cookie : cookies) {
+        const XcbPtr<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(xcb, cookie, nullptr));
+        X11Strut strut;
+        static_assert(sizeof strut == 48, "laid out as the property: twelve 32-bit items");
+        if (reply && xcb_get_property_value_length(reply.get()) == int(sizeof strut)) {
+            std::memcpy(&strut, xcb_get_property_value(reply.get()), sizeof strut);
+            result += strut;
+        }
+    }
+    return result;
+}
+
+QRect scaled(const QRect &rect, double scale)
+{
+    return QRectF(rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
+        .toRect();
+}
+
+}
+
+X11PopupHost::X11PopupHost(X11Connection &connection, X11Workspace &workspace)
+    : m_connection(connection)
+    , m_workspace(workspace)
+{
+}
+
+QFuture<PopupLocation> X11PopupHost::locate()
+{
+    PopupLocation location;
+    location.pointer = QCursor::pos();
+    const quint32 active = m_workspace.activeWindow();
+    const QScreen *screen = active ? screenOf(rootGeometry(m_connection, active))
+                                   : QGuiApplication::primaryScreen();
+    if (screen) {
+        location.screen = screen->geometry();
+        location.visibleFrame
+            = logicalGeometry(visibleFrame(nativeGeometry(screen)), screen);
+    }
+    QPromise<PopupLocation> promise;
+    promise.start();
+    promise.addResult(location);
+    promise.finish();
+    return promise.future();
+}
+
+QRect X11PopupHost::visibleFrame(const QRect &nativeScreen) const
+{
+    QRect desktop;
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens)
+        desktop |= nativeGeometry(screen);
+    return x11WorkArea(nativeScreen,
+                       QSize(desktop.x() + desktop.width(), desktop.y() + desktop.height()),
+                       struts(m_connection));
+}
+
+bool X11PopupHost::isCompositing() const
+{
+    // The compositing manager of a screen owns this selection (EWMH, section "Compositing").
+    const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(m_connection.screenNumber());
+    const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        m_connection.xcb(),
+        xcb_get_selection_owner(m_connection.xcb(), m_connection.atom(name.constData())),
+        nullptr));
+    return owner && owner->owner != XCB_NONE;
+}
+
+void X11PopupHost::adopt(QWindow *window)
+{
+    // Compositors that add shadows of their own to any window are told that ours has one.
+    const auto id = static_cast<quint32>(window->winId());
+    const quint32 none = 0;
+    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, id,
+                        m_connection.atom("_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, 32, 1, &none);
+    xcb_flush(m_connection.xcb());
+}
+
+void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cornerRadius)
+{
+    const double scale = window->devicePixelRatio();
+    const QRect native = scaled(region, scale);
+    const auto id = static_cast<quint32>(window->winId());
+    xcb_connection_t *xcb = m_connection.xcb();
+
+    if (m_connection.xfixes().present) {
+        const xcb_rectangle_t clicks { qint16(native.x()), qint16(native.y()),
+                                       quint16(native.width()), quint16(native.height()) };
+        const quint32 area = xcb_generate_id(xcb);
+        xcb_xfixes_create_region(xcb, area, 1, &clicks);
+        xcb_xfixes_set_window_shape_region(xcb, id, 2 /* ShapeInput */, 0, 0, area);
+        xcb_xfixes_destroy_region(xcb, area);
+    }
+    // The blur has square corners: keep it inside the rounded ones.
+    const int inset = qRound(cornerRadius * scale * 0.3);
+    const quint32 blurred[] = { quint32(native.x() + inset), quint32(native.y() + inset),
+                                quint32(native.width() - 2 * inset),
+                                quint32(native.height() - 2 * inset) };
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id,
+                        m_connection.atom("_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
+                        4, blurred);
+    xcb_flush(xcb);
+}
+
+bool X11PopupHost::takeKeyboard(QWindow *window)
+{
+    if (window->setKeyboardGrabEnabled(true))
+        m_keyboardWindow = window;
+    return m_keyboardWindow == window;
+}
+
+void X11PopupHost::releaseKeyboard(QWindow *window)
+{
+    if (m_keyboardWindow != window)
+        return;
+    window->setKeyboardGrabEnabled(false);
+    m_keyboardWindow.clear();
+}
+
+bool X11PopupHost::holdsKeyboard() const
+{
+    return m_keyboardWindow && m_keyboardWindow->isVisible();
+}

@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11SelectionTransfer.h"
+
+#include "platform/x11/X11Connection.h"
+
+#include <iterator>
+#include <xcb/xcb.h>
+#include <xcb/xfixes.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto wholeTransfer = 3s;
+constexpr qsizetype mostBytes = 64 << 20;
+
+/// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
+struct Target
+{
+    const char *name;
+    bool isUtf8;
+};
+constexpr Target targets[] = {
+    { "UTF8_STRING", true },
+    { "text/plain;charset=utf-8", true },
+    { "STRING", false },
+};
+
+}
+
+X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 selection,
+                                           std::chrono::milliseconds patience)
+    : m_connection(connection)
+    , m_selection(selection)
+    , m_window(xcb_generate_id(connection.xcb()))
+    , m_property(connection.atom("TESSEL_SELECTION"))
+{
+    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &eventMask);
+    m_subscription
+        = connection.subscribe([this](const X11Event &event) { handle(event); });
+    for (QTimer *timer : { &m_patience, &m_limit }) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, [this] { finish({}); });
+    }
+    m_patience.setInterval(patience);
+    m_limit.start(wholeTransfer);
+    requestNextTarget();
+}
+
+X11SelectionTransfer::~X11SelectionTransfer()
+{
+    xcb_destroy_window(m_connection.xcb(), m_window);
+    xcb_flush(m_connection.xcb());
+}
+
+void X11SelectionTransfer::requestNextTarget()
+{
+    if (++m_target == int(std::size(targets))) {
+        finish({});
+        return;
+    }
+    xcb_convert_selection(m_connection.xcb(), m_window, m_selection,
+                          m_connection.atom(targets[m_target].name), m_property,
+                          XCB_CURRENT_TIME);
+    xcb_flush(m_connection.xcb());
+    m_patience.start();
+}
+
+void X11SelectionTransfer::handle(const X11Event &event)
+{
+    if (m_isFinished)
+        return;
+    const int type = event.type();
+    if (type == XCB_SELECTION_NOTIFY) {
+        const auto &notify = event.as<xcb_selection_notify_event_t>();
+        if (notify.requestor == m_window && !m_incremental)
+            takeAnswer(notify.property);
+    } else if (type == XCB_PROPERTY_NOTIFY && m_incremental) {
+        const auto &notify = event.as<xcb_property_notify_event_t>();
+        if (notify.window == m_window && notify.atom == m_property
+            && notify.state == XCB_PROPERTY_NEW_VALUE)
+            takePiece();
+    } else if (type == m_connection.xfixes().firstEvent + XCB_XFIXES_SELECTION_NOTIFY) {
+        // A new owner: the old one's answer is of no use any more.
+        if (event.as<xcb_xfixes_selection_notify_event_t>().selection == m_selection)
+            finish({});
+    }
+}
+
+void X11SelectionTransfer::takeAnswer(quint32 property)
+{
+    if (property == XCB_NONE) {
+        requestNextTarget();
+        return;
+    }
+    const XcbPtr<xcb_get_property_reply_t> type(xcb_get_property_reply(
+        m_connection.xcb(),
+        xcb_get_property(m_connection.xcb(), 0, m_window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
+                         0),
+        nullptr));
+    m_incremental = type && type->type == m_connection.atom("INCR");
+    if (m_incremental) {
+        // Deleting the property asks for the first piece (ICCCM, section 2.7.2).
+        xcb_delete_property(m_connection.xcb(), m_window, m_property);
+        xcb_flush(m_connection.xcb());
+        m_patience.start();
+        return;
+    }
+    m_bytes = m_connection.property(m_window, property);
+    finish(decoded());
+}
+
+void X11SelectionTransfer::takePiece()
+{
+    const QByteArray piece = m_connection.property(m_window, m_property);
+    xcb_delete_property(m_connection.xcb(), m_window, m_property);
+    xcb_flush(m_connection.xcb());
+    m_bytes += piece;
+    if (piece.isEmpty())
+        finish(decoded());
+    else if (m_bytes.size() > mostBytes)
+        finish({});
+    else
+        m_patience.start();
+}
+
+void X11SelectionTransfer::finish(const std::optional<QString> &text)
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    m_patience.stop();
+    m_limit.stop();
+    QMetaObject::invokeMethod(
+        this, [this, text] { Q_EMIT finished(text); }, Qt::QueuedConnection);
+}
+
+QString X11SelectionTransfer::decoded() const
+{
+    QByteArrayView bytes(m_bytes);
+    while (bytes.endsWith('\0')) // some owners count the terminator
+        bytes.chop(1);
+    return targets[m_target].isUtf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+}

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+class X11Connection;
+class X11Event;
+
+/// One request for the text of a selection. The owner may be slow, dead or lying.
+class X11SelectionTransfer final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Gives up when the owner does nothing for `patience`, or after three seconds in all.
+    X11SelectionTransfer(X11Connection &connection, quint32 selection,
+                         std::chrono::milliseconds patience);
+    ~X11SelectionTransfer() override;
+
+Q_SIGNALS:
+    /// Once, never from the constructor.
+    void finished(const std::optional<QString> &text);
+
+private:
+    void requestNextTarget();
+    void handle(const X11Event &event);
+    void takeAnswer(quint32 property);
+    void takePiece();
+    void finish(const std::optional<QString> &text);
+    [[nodiscard]] QString decoded() const;
+
+    X11Connection &m_connection;
+    quint32 m_selection;
+    quint32 m_window; ///< the requestor; an own one keeps concurrent requests apart
+    quint32 m_property;
+    int m_target = -1; ///< index of the text format that was asked for last
+    bool m_incremental = false;
+    bool m_isFinished = false;
+    QByteArray m_bytes;
+    QTimer m_patience; ///< until the owner's next step
+    QTimer m_limit; ///< for the whole transfer
+    std::shared_ptr<void> m_subscription;
+};

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// What is known of terminal emulators beyond their desktop entries.
+namespace X11Terminals {
+
+/// Whether windows of this class (WM_CLASS, either part) are terminals.
+[[nodiscard]] bool isTerminalClass(const QString &windowClass);
+
+/// False for those that send Ctrl+Shift+C to the program in them as an interrupt. Takes the desktop
+/// entry's identifier or the window class.
+[[nodiscard]] bool copiesOnControlShiftC(const QString &identifier);
+
+}

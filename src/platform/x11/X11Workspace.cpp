@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11Workspace.h"
+
+#include "platform/freedesktop/XdgOpen.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Terminals.h"
+
+#include <xcb/xcb.h>
+
+X11Workspace::X11Workspace(X11Connection &connection)
+    : m_connection(connection)
+    , m_entries(DesktopEntries::standardFolders())
+{
+}
+
+quint32 X11Workspace::activeWindow() const
+{
+    const quint32 active
+        = m_connection.property32(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
+    return active ? active : focusedClientWindow();
+}
+
+/// Without a window manager: up from the focused window to the one that has a class.
+quint32 X11Workspace::focusedClientWindow() const
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const XcbPtr<xcb_get_input_focus_reply_t> focus(
+        xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
+    quint32 window = focus ? focus->focus : quint32(XCB_NONE);
+    while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root()) {
+        if (!m_connection.property(window, XCB_ATOM_WM_CLASS).isEmpty())
+            return window;
+        const XcbPtr<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(xcb, xcb_query_tree(xcb, window), nullptr));
+        window = tree ? tree->parent : quint32(XCB_NONE);
+    }
+    return 0;
+}
+
+std::optional<FrontApplication> X11Workspace::frontmostApplication()
+{
+    const quint32 window = activeWindow();
+    if (!window)
+        return {};
+    // WM_CLASS: instance and class, each ended by a zero byte (ICCCM, section 4.1.2.5).
+    const QList<QByteArray> names
+        = m_connection.property(window, XCB_ATOM_WM_CLASS).split('\0');
+    const QString instance = QString::fromLatin1(names.value(0));
+    const QString windowClass = QString::fromLatin1(names.value(1));
+    const QString gtkIdentifier = QString::fromUtf8(
+        m_connection.property(window, m_connection.atom("_GTK_APPLICATION_ID")));
+
+    FrontApplication application;
+    application.window = window;
+    application.isTerminal
+        = X11Terminals::isTerminalClass(windowClass) || X11Terminals::isTerminalClass(instance);
+    if (const auto entry = m_entries.find({ gtkIdentifier, windowClass, instance })) {
+        application.bundleIdentifier = entry->id;
+        application.localizedName = entry->name;
+        application.isTerminal |= entry->isTerminal;
+    } else if (!windowClass.isEmpty()) {
+        application.bundleIdentifier = windowClass;
+        application.localizedName = windowClass;
+    }
+    return application;
+}
+
+void X11Workspace::open(const QString &url)
+{
+    xdgOpen(url);
+}
+
+QStringList X11Workspace::missingAccess() const
+{
+    QStringList missing;
+    if (!m_connection.xtest().present)
+        missing += QStringLiteral("the X server's XTEST extension, to copy the selection");
+    if (!m_connection.xinput().present)
+        missing += QStringLiteral("the X server's XInput extension 2.1 or later, to see the trigger key");
+    if (!m_connection.xkb().present)
+        missing += QStringLiteral("the X server's XKB extension, to know the keyboard layout");
+    if (!m_connection.xfixes().present)
+        missing += QStringLiteral("the X server's XFIXES extension, to see the clipboard change");
+    return missing;
+}

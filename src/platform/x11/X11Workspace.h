@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/freedesktop/DesktopEntries.h"
+
+class X11Connection;
+
+class X11Workspace final : public Workspace
+{
+public:
+    explicit X11Workspace(X11Connection &connection);
+
+    [[nodiscard]] std::optional<FrontApplication> frontmostApplication() override;
+    void open(const QString &url) override;
+    [[nodiscard]] QStringList missingAccess() const override;
+
+    /// The active window (EWMH), else the top-level window that has the input focus; 0: none.
+    [[nodiscard]] quint32 activeWindow() const;
+
+private:
+    [[nodiscard]] quint32 focusedClientWindow() const;
+
+    X11Connection &m_connection;
+    DesktopEntries m_entries;
+};
