@@ -10,10 +10,10 @@ build_packages=(
     nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
 )
 run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils)
-demo_packages=(imagemagick mousepad openbox picom x11-xserver-utils xdotool xterm xvfb)
+demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
     dbus dbus-x11 featherpad fonts-noto-cjk libbenchmark-dev mousepad openbox picom x11-utils
-    x11-xkb-utils xdg-utils xterm xvfb
+    x11-xkb-utils x11-xserver-utils xdg-utils xterm xvfb
 )
 artwork_packages=(librsvg2-bin optipng pngquant)
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "AppConfig.h"
 
+#include <QSet>
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -226,6 +228,7 @@ AppConfig readConfig(const QByteArray &text)
 {
     AppConfig config;
     std::string rootKey;
+    QSet<QString> iconNames; // equal ones share their text
     // Each action leaves the document as soon as it is read: a tree of a long list would cost much
     // more memory than the list itself.
     const auto takeActions = [&](int depth, Json::parse_event_t event, Json &value) {
@@ -235,7 +238,9 @@ AppConfig readConfig(const QByteArray &text)
             || event == Json::parse_event_t::array_end || event == Json::parse_event_t::value;
         if (depth != 2 || !isElement || rootKey != actionsKey)
             return true;
-        config.customActions.append(readAction(value, config.customActions.size()));
+        ActionConfig action = readAction(value, config.customActions.size());
+        action.iconName = *iconNames.insert(action.iconName);
+        config.customActions.append(std::move(action));
         return false;
     };
     const Json document = Json::parse(text.cbegin(), text.cend(), takeActions);

@@ -53,16 +53,18 @@ bool isRunnable(const ActionConfig &action)
     return false;
 }
 
-GlintAction::Check checkFor(const Pattern &pattern)
+/// Equal regular expressions share a pattern, and with it what that compiles.
+GlintAction::Check checkFor(const ActionConfig &action, QHash<QString, Pattern> &patterns)
 {
-    return [pattern](const QString &text, MatchBudget &budget) {
+    const QString regex = action.regex.value_or(QString());
+    if (regex.isEmpty())
+        return [](const QString &text, MatchBudget &) { return std::optional(text); };
+    auto known = patterns.constFind(regex);
+    if (known == patterns.cend())
+        known = patterns.insert(regex, Pattern(regex));
+    return [pattern = *known](const QString &text, MatchBudget &budget) {
         return pattern.firstMatch(text, budget);
     };
-}
-
-std::optional<QString> anyText(const QString &text, MatchBudget &)
-{
-    return text;
 }
 
 }
@@ -218,19 +220,17 @@ QList<GlintAction> ConfigManager::getGlintActions(const ActionRunner &run) const
         ActionRunner run;
     };
     const auto snapshot = std::make_shared<const Snapshot>(Snapshot { customActions, run });
-    QHash<QString, GlintAction::Check> checks { { QString(), anyText } }; // by regular expression
+    QHash<QString, Pattern> patterns;
     QList<GlintAction> list;
+    list.reserve(customActions.size());
     for (qsizetype i = 0; i < customActions.size(); ++i) {
         const ActionConfig &action = snapshot->actions[i];
         if (!action.isEnabled || !isRunnable(action))
             continue;
-        GlintAction::Check &check = checks[action.regex.value_or(QString())];
-        if (!check)
-            check = checkFor(Pattern(*action.regex));
         list.append({ .id = action.id,
                       .title = action.title,
                       .iconName = action.iconName,
-                      .check = check,
+                      .check = checkFor(action, patterns),
                       .handler = [snapshot, i](const QString &text) {
                           snapshot->run(snapshot->actions[i], text);
                       } });

@@ -31,9 +31,8 @@ QFont sized(QFont font, int pixels, QFont::Weight weight)
 /// The image's alpha in one colour, fitted into a square of the given device pixels.
 QPixmap tinted(const QImage &image, const QColor &color, int pixels)
 {
-    QImage fitted = image
-                        .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage fitted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                        .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QPainter painter(&fitted);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(fitted.rect(), color);

@@ -19,7 +19,7 @@ QColor black(double alpha)
 PanelTheme panelTheme(ThemeMode mode, bool isSystemDark, bool isCompositing)
 {
     const bool isDark = mode == ThemeMode::dark || (mode == ThemeMode::system && isSystemDark);
-    const int materialAlpha = isCompositing ? 235 : 255;
+    const int materialAlpha = isCompositing ? 247 : 255;
     if (isDark)
         return { true,       QColor(42, 42, 44, materialAlpha), white(0.2), white(1), white(0.7),
                  white(0.2) };

@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <cmath>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -32,16 +34,18 @@ QEasingCurve cubicBezier(QPointF first, QPointF second)
     return curve;
 }
 
-/// Layers of little ink, each a pixel wider, a little lower than the bar.
+/// Layers of little ink, each a pixel wider, a little lower than the bar. Most of the ink is in the
+/// middle layers, which makes both ends of the falloff soft.
 void drawShadow(QPainter &painter, const QRectF &bar)
 {
-    constexpr int depth = 16;
+    constexpr int depth = 17;
+    constexpr int drop = 2;
     painter.setPen(Qt::NoPen);
-    for (int i = depth; i > 0; --i) {
-        const double share = 1.0 - double(i) / depth;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(0.055 * share * share)));
+    for (int i = depth; i >= 0; --i) {
+        const double fromMiddle = 2.0 * i / depth - 0.7;
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(0.022 * std::exp(-3 * fromMiddle * fromMiddle))));
         const double radius = cornerRadius + i;
-        painter.drawRoundedRect(bar.adjusted(-i, -i + 3, i, i + 3), radius, radius);
+        painter.drawRoundedRect(bar.adjusted(-i, -i + drop, i, i + drop), radius, radius);
     }
 }
 
@@ -114,23 +118,19 @@ PanelWindow::PanelWindow(PopupHost &host)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowTitle(QStringLiteral("Tessel"));
     m_ground->setGraphicsEffect(m_pop);
-    m_pop->setEnabled(false);
 
-    connect(&m_fade, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant &value) { setWindowOpacity(value.toDouble()); });
+    connect(&m_fade, &QVariantAnimation::valueChanged, m_pop,
+            [this](const QVariant &value) { m_pop->setOpacity(value.toDouble()); });
     connect(&m_fade, &QVariantAnimation::finished, this, [this] {
-        if (m_fade.endValue().toDouble() > 0)
-            return;
-        hide();
-        Q_EMIT vanished();
+        if (m_fade.endValue().toDouble() == 0)
+            vanish();
     });
     m_popping.setDuration(int(popTime.count()));
     m_popping.setEasingCurve(cubicBezier({ 0.175, 0.885 }, { 0.32, 1.275 }));
-    m_popping.setStartValue(0.0);
+    m_popping.setStartValue(popFrom);
     m_popping.setEndValue(1.0);
-    connect(&m_popping, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant &value) { popTo(value.toDouble()); });
-    connect(&m_popping, &QVariantAnimation::finished, m_pop, [this] { m_pop->setEnabled(false); });
+    connect(&m_popping, &QVariantAnimation::valueChanged, m_pop,
+            [this](const QVariant &value) { m_pop->setScale(value.toDouble()); });
 }
 
 PanelWindow::~PanelWindow() = default;
@@ -193,11 +193,11 @@ void PanelWindow::fadeIn(QPoint place, bool isCompositing)
             setMask(QRegion(shape.toFillPolygon().toPolygon()));
     }
     move(place);
-    setWindowOpacity(isCompositing ? firstOpacity : 1);
-    m_pop->setEnabled(isCompositing);
-    popTo(0);
+    const QRectF bar = m_layout.bar;
+    m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
+    m_pop->setScale(isCompositing ? popFrom : 1);
+    m_pop->setOpacity(isCompositing ? firstOpacity : 1);
     show();
-    raise();
     m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
     if (!isCompositing)
         return;
@@ -212,18 +212,21 @@ void PanelWindow::fadeIn(QPoint place, bool isCompositing)
 void PanelWindow::fadeOut()
 {
     m_fade.stop();
-    m_fade.setDuration(m_isCompositing ? int(fadeOutTime.count()) : 0);
+    if (!m_isCompositing) {
+        vanish();
+        return;
+    }
+    m_fade.setDuration(int(fadeOutTime.count()));
     m_fade.setEasingCurve(QEasingCurve::Linear);
-    m_fade.setStartValue(windowOpacity());
+    m_fade.setStartValue(m_pop->opacity());
     m_fade.setEndValue(0.0);
     m_fade.start();
 }
 
-void PanelWindow::popTo(double progress)
+void PanelWindow::vanish()
 {
-    const QRectF bar = m_layout.bar;
-    m_pop->setScale(popFrom + (1 - popFrom) * progress,
-                    { bar.center().x(), bar.y() + bar.height() });
+    hide();
+    Q_EMIT vanished();
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent *event)

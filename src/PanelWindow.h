@@ -50,7 +50,7 @@ private:
     class Ground;
 
     void create();
-    void popTo(double progress);
+    void vanish();
 
     PopupHost &m_host;
     Ground *m_ground; ///< fills the window; the buttons are its children

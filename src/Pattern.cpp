@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Pattern.h"
 
+#include "RequiredLiteral.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -48,13 +50,38 @@ std::unique_ptr<const icu::RegexPattern> compiled(const QString &expression)
     return U_SUCCESS(error) ? std::move(pattern) : nullptr;
 }
 
+std::optional<QString> search(const icu::RegexPattern &pattern, const QString &text, Watch watch)
+{
+    UErrorCode error = U_ZERO_ERROR;
+    const icu::UnicodeString input = aliasOf(text);
+    const std::unique_ptr<icu::RegexMatcher> matcher(pattern.matcher(input, error));
+    if (U_FAILURE(error))
+        return std::nullopt;
+    matcher->setMatchCallback(mayGoOn, &watch, error);
+    matcher->setFindProgressCallback(mayTryNext, &watch, error);
+    if (!matcher->find(error) || U_FAILURE(error))
+        return std::nullopt;
+    const int32_t start = matcher->start(error);
+    return text.mid(start, matcher->end(error) - start);
+}
+
 }
 
 struct Pattern::Compiled
 {
-    QString expression;
-    bool isTried = false;
-    std::unique_ptr<const icu::RegexPattern> pattern; ///< null when the expression is invalid
+    explicit Compiled(QString text)
+        : expression(std::move(text))
+    {
+    }
+    ~Compiled() { keptCount -= kept ? 1 : 0; }
+    Q_DISABLE_COPY_MOVE(Compiled)
+
+    const QString expression;
+    const QStringView literal = requiredLiteral(expression);
+    std::unique_ptr<const icu::RegexPattern> kept;
+
+    static constexpr int mostKept = 200; // each takes one to five KiB
+    static inline int keptCount = 0;
 };
 
 MatchBudget::MatchBudget(Clock::duration perPattern, Clock::duration overall)
@@ -72,30 +99,26 @@ MatchBudget::Clock::time_point MatchBudget::deadline()
 }
 
 Pattern::Pattern(QString expression)
-    : m_compiled(std::make_shared<Compiled>())
+    : m_compiled(std::make_shared<Compiled>(std::move(expression)))
 {
-    m_compiled->expression = std::move(expression);
 }
 
 std::optional<QString> Pattern::firstMatch(const QString &text, MatchBudget &budget) const
 {
-    Watch watch { budget.deadline() };
-    if (!watch.hasTimeLeft() || text.size() > std::numeric_limits<int32_t>::max())
+    const Watch watch { budget.deadline() };
+    if (!watch.hasTimeLeft() || text.size() > std::numeric_limits<int32_t>::max()
+        || !text.contains(m_compiled->literal)) {
         return std::nullopt;
-    if (!std::exchange(m_compiled->isTried, true))
-        m_compiled->pattern = compiled(m_compiled->expression);
-    if (!m_compiled->pattern)
+    }
+    if (m_compiled->kept)
+        return search(*m_compiled->kept, text, watch);
+    std::unique_ptr<const icu::RegexPattern> pattern = compiled(m_compiled->expression);
+    if (!pattern)
         return std::nullopt;
-
-    UErrorCode error = U_ZERO_ERROR;
-    const icu::UnicodeString input = aliasOf(text);
-    const std::unique_ptr<icu::RegexMatcher> matcher(m_compiled->pattern->matcher(input, error));
-    if (U_FAILURE(error))
-        return std::nullopt;
-    matcher->setMatchCallback(mayGoOn, &watch, error);
-    matcher->setFindProgressCallback(mayTryNext, &watch, error);
-    if (!matcher->find(error) || U_FAILURE(error))
-        return std::nullopt;
-    const int32_t start = matcher->start(error);
-    return text.mid(start, matcher->end(error) - start);
+    std::optional<QString> match = search(*pattern, text, watch);
+    if (Compiled::keptCount < Compiled::mostKept) {
+        m_compiled->kept = std::move(pattern);
+        ++Compiled::keptCount;
+    }
+    return match;
 }

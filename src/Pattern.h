@@ -8,7 +8,8 @@
 #include <memory>
 #include <optional>
 
-/// The time that the patterns of one key press may take together. Begins when the first of them runs.
+/// The time that the patterns of one key press may take together. Begins when the first of them
+/// runs.
 class MatchBudget
 {
 public:
@@ -26,8 +27,8 @@ private:
     std::optional<Clock::time_point> m_end;
 };
 
-/// A regular expression in ICU's syntax, compiled on first use. Copies share the compiled form.
-/// Main thread only.
+/// A regular expression in ICU's syntax, compiled when it is first needed. Copies share the
+/// compiled form. Main thread only.
 class Pattern
 {
 public:

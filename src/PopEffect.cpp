@@ -4,10 +4,27 @@
 
 #include <QPainter>
 
-void PopEffect::setScale(double scale, QPointF anchor)
+void PopEffect::setAnchor(QPointF anchor)
+{
+    m_anchor = anchor;
+}
+
+void PopEffect::setScale(double scale)
 {
     m_scale = scale;
-    m_anchor = anchor;
+    changed();
+}
+
+void PopEffect::setOpacity(double opacity)
+{
+    m_opacity = opacity;
+    changed();
+}
+
+/// Switched off at rest, where it would only cost a copy.
+void PopEffect::changed()
+{
+    setEnabled(m_scale != 1 || m_opacity != 1);
     update();
 }
 
@@ -17,6 +34,7 @@ void PopEffect::draw(QPainter *painter)
     const QPixmap source = sourcePixmap(Qt::LogicalCoordinates, &offset, NoPad);
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    painter->setOpacity(m_opacity);
     painter->translate(m_anchor);
     painter->scale(m_scale, m_scale);
     painter->translate(-m_anchor);

@@ -4,7 +4,8 @@
 
 #include <QGraphicsEffect>
 
-/// Draws a widget scaled about the middle of its bar's bottom edge, while the bar pops in.
+/// Draws a widget scaled about a point and translucent, while the bar pops in and fades. Does so in
+/// the widget's own pixels: not every platform can change the opacity of a window.
 class PopEffect final : public QGraphicsEffect
 {
     Q_OBJECT
@@ -12,13 +13,19 @@ class PopEffect final : public QGraphicsEffect
 public:
     using QGraphicsEffect::QGraphicsEffect;
 
-    /// `anchor`: the fixed point, in the widget's logical pixels.
-    void setScale(double scale, QPointF anchor);
+    /// The point that stays in place, in the widget's logical pixels.
+    void setAnchor(QPointF anchor);
+    void setScale(double scale);
+    void setOpacity(double opacity);
+    [[nodiscard]] double opacity() const { return m_opacity; }
 
 protected:
     void draw(QPainter *painter) override;
 
 private:
-    double m_scale = 1;
+    void changed();
+
     QPointF m_anchor;
+    double m_scale = 1;
+    double m_opacity = 1;
 };
