@@ -9,9 +9,11 @@
 #include <QFileInfo>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace {
 
-constexpr qint64 mostPixels = 50'000'000; // of a custom image; about a second's work to decode
+constexpr qint64 mostPixels = 4096 * 4096; // of a file; a PNG of that size takes half a second
 
 /// Reads an image in at most the given size, or null.
 QImage readScaled(const QString &path, int longestSide)

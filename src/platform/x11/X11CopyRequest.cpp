@@ -91,7 +91,7 @@ void X11CopyRequest::press(Chord chord)
     QList<quint8> keys { m_keys->control };
     if (chord == Chord::controlShiftC)
         keys.append(m_keys->shift);
-    keys.append(m_keys->letterC);
+    keys.append(m_keys->copy);
     for (auto key = keys.cbegin(); key != keys.cend(); ++key)
         fakeKey(XCB_KEY_PRESS, *key);
     for (auto key = keys.crbegin(); key != keys.crend(); ++key)

@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr xkb_keycode_t ansiC = 54;
 constexpr xkb_keycode_t ansiControl = 37;
 constexpr xkb_keycode_t ansiShift = 50;
+constexpr xkb_keycode_t ansiInsert = 118;
 
 using ContextPtr = std::unique_ptr<xkb_context, decltype(&xkb_context_unref)>;
 using KeymapPtr = std::unique_ptr<xkb_keymap, decltype(&xkb_keymap_unref)>;
@@ -35,7 +35,7 @@ std::optional<xkb_keycode_t> keyFor(xkb_keymap *keymap, xkb_keysym_t symbol,
     return {};
 }
 
-xkb_keycode_t keyForLetterC(xkb_keymap *keymap, xkb_layout_index_t activeGroup)
+xkb_keycode_t copyKey(xkb_keymap *keymap, xkb_layout_index_t activeGroup)
 {
     if (const auto key = keyFor(keymap, XKB_KEY_c, activeGroup))
         return *key;
@@ -43,7 +43,7 @@ xkb_keycode_t keyForLetterC(xkb_keymap *keymap, xkb_layout_index_t activeGroup)
         if (const auto key = keyFor(keymap, XKB_KEY_c, group))
             return *key;
     }
-    return ansiC;
+    return keyFor(keymap, XKB_KEY_Insert, 0).value_or(ansiInsert);
 }
 
 }
@@ -67,7 +67,7 @@ std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection)
     const auto modifier = [&](xkb_keysym_t symbol, xkb_keycode_t otherwise) {
         return static_cast<quint8>(keyFor(keymap.get(), symbol, 0).value_or(otherwise));
     };
-    return X11CopyKeys { static_cast<quint8>(keyForLetterC(keymap.get(), group)),
+    return X11CopyKeys { static_cast<quint8>(copyKey(keymap.get(), group)),
                          modifier(XKB_KEY_Control_L, ansiControl),
                          modifier(XKB_KEY_Shift_L, ansiShift) };
 }

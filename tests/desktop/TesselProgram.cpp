@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "TesselProgram.h"
+
+#include "PanelLayout.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+using namespace Qt::StringLiterals;
+using namespace desktop;
+
+TesselProgram::TesselProgram(DesktopSession &session)
+    : m_session(session)
+{
+}
+
+QJsonObject TesselProgram::urlAction(const QString &id, const QString &urlTemplate)
+{
+    return { { u"id"_s, id },
+             { u"title"_s, id },
+             { u"iconName"_s, u"phosphor_star"_s },
+             { u"type"_s, u"url"_s },
+             { u"template"_s, urlTemplate } };
+}
+
+QString TesselProgram::path()
+{
+    return QStringLiteral(TESSEL_PROGRAM);
+}
+
+QString TesselProgram::configFile() const
+{
+    return m_session.configPath() + u"/GlintClone/config.json"_s;
+}
+
+bool TesselProgram::start()
+{
+    if (actions.isEmpty())
+        actions = { urlAction(u"open"_s, u"tessel-test://open?{text}"_s) };
+    // The standard actions come back by themselves; disabled they stay out of the way.
+    for (const char *id : { "search", "copy", "translate", "count", "largetype" }) {
+        QJsonObject standard = urlAction(QString::fromLatin1(id), u"none://"_s);
+        const bool isGiven = std::any_of(actions.begin(), actions.end(), [id](const auto &action) {
+            return action.toObject().value(u"id"_s) == QLatin1String(id);
+        });
+        standard.insert(u"isEnabled"_s, false);
+        if (!isGiven)
+            actions.append(standard);
+    }
+    QJsonObject config = settings;
+    config.insert(u"customActions"_s, actions);
+    if (!config.contains(u"excludedBundleIds"_s))
+        config.insert(u"excludedBundleIds"_s, QJsonArray());
+    QDir().mkpath(QFileInfo(configFile()).path());
+    QFile file(configFile());
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    file.write(QJsonDocument(config).toJson());
+    file.close();
+
+    m_process = &m_session.launch(path());
+    return m_process->waitForOutput(QRegularExpression(u"Tessel started\\."_s)).hasMatch();
+}
+
+std::optional<WindowInfo> TesselProgram::summon()
+{
+    m_session.user().tap(XKB_KEY_F2);
+    m_sinceSummon.start();
+    return waitForBar();
+}
+
+std::optional<WindowInfo> TesselProgram::bar() const
+{
+    return m_session.user().findWindow([](const WindowInfo &window) {
+        return window.overrideRedirect && window.className == u"Tessel" && window.title == u"Tessel";
+    });
+}
+
+std::optional<WindowInfo> TesselProgram::waitForBar() const
+{
+    return QTest::qWaitFor([this] { return bar().has_value(); }, 5000) ? bar() : std::nullopt;
+}
+
+bool TesselProgram::waitUntilBarGone() const
+{
+    return QTest::qWaitFor([this] { return !bar(); }, 5000);
+}
+
+void TesselProgram::awaitTrigger() const
+{
+    const qint64 rest = m_sinceSummon.isValid() ? 1050 - m_sinceSummon.elapsed() : 0;
+    if (rest > 0)
+        QTest::qWait(int(rest));
+}
+
+QPoint TesselProgram::button(const WindowInfo &bar, int index)
+{
+    const auto layout = PanelLayout::arrange(QList<int>(index + 1, PanelLayout::buttonSize));
+    return bar.geometry.topLeft() + layout.buttons.last().center();
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DesktopSession.h"
+#include "XUser.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonObject>
+
+/// The program as a user of the private desktop has it: its configuration, its process, its bar.
+class TesselProgram
+{
+public:
+    explicit TesselProgram(desktop::DesktopSession &session);
+
+    /// Settings that the configuration file is to hold besides the actions.
+    QJsonObject settings;
+    /// The actions; empty: one that opens "tessel-test://open?{text}".
+    QJsonArray actions;
+
+    [[nodiscard]] static QJsonObject urlAction(const QString &id, const QString &urlTemplate);
+
+    /// Writes the configuration and starts the program; true when it says that it is up.
+    [[nodiscard]] bool start();
+    [[nodiscard]] desktop::ChildProcess &process() { return *m_process; }
+    [[nodiscard]] static QString path();
+    [[nodiscard]] QString configFile() const;
+
+    /// Presses the trigger key and waits for the bar; nothing when it does not come.
+    [[nodiscard]] std::optional<desktop::WindowInfo> summon();
+    [[nodiscard]] std::optional<desktop::WindowInfo> bar() const; ///< when it is on the screen
+    [[nodiscard]] std::optional<desktop::WindowInfo> waitForBar() const;
+    [[nodiscard]] bool waitUntilBarGone() const;
+
+    /// The trigger is ignored for a second after a capture: returns when that is over.
+    void awaitTrigger() const;
+
+    /// Middle of a button of the standard width, in pixels of the root window at scale 1.
+    [[nodiscard]] static QPoint button(const desktop::WindowInfo &bar, int index);
+
+private:
+    desktop::DesktopSession &m_session;
+    desktop::ChildProcess *m_process = nullptr;
+    QElapsedTimer m_sinceSummon;
+};

@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Editors.h"
+
+#include "DesktopSession.h"
+#include "TextFile.h"
+#include "XClipboard.h"
+
+#include <QDeadlineTimer>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+namespace desktop {
+
+namespace {
+
+constexpr int terminalRows = 24;
+constexpr int terminalBorder = 2;
+constexpr std::chrono::milliseconds retryAfter { 500 };
+
+QString windowClass(EditorKind kind)
+{
+    switch (kind) {
+    case EditorKind::Mousepad:
+        return QStringLiteral("Mousepad");
+    case EditorKind::FeatherPad:
+        return QStringLiteral("FeatherPad");
+    case EditorKind::XTerm:
+        return QStringLiteral("XTerm");
+    }
+    Q_UNREACHABLE();
+}
+
+QStringList commandLine(EditorKind kind, const QString &file)
+{
+    switch (kind) {
+    case EditorKind::Mousepad:
+        return { QStringLiteral("mousepad"), QStringLiteral("--disable-server"), file };
+    case EditorKind::FeatherPad:
+        return { QStringLiteral("featherpad"), QStringLiteral("--standalone"), file };
+    case EditorKind::XTerm:
+        return { QStringLiteral("xterm"),
+                 QStringLiteral("-geometry"),
+                 QStringLiteral("80x%1").arg(terminalRows),
+                 QStringLiteral("-b"),
+                 QString::number(terminalBorder),
+                 QStringLiteral("-xrm"),
+                 QStringLiteral("*cutNewline: false"),
+                 QStringLiteral("-e"),
+                 QStringLiteral("/bin/sh"),
+                 file };
+    }
+    Q_UNREACHABLE();
+}
+
+QString terminalProgram(const QString &textFile, const QString &interruptsFile)
+{
+    return QStringLiteral("cat '%1'\n"
+                          "trap 'echo interrupted >>\"%2\"' INT\n"
+                          "while :; do sleep 0.1; done\n")
+        .arg(textFile, interruptsFile);
+}
+
+}
+
+Editor::Editor(DesktopSession &session, EditorKind kind)
+    : m_session(session)
+    , m_kind(kind)
+{
+}
+
+Editor::~Editor()
+{
+    close();
+}
+
+QString Editor::writeText(const QString &text)
+{
+    static int serial = 0;
+    const auto base = QStringLiteral("%1/text-%2").arg(m_session.homePath()).arg(++serial);
+    QString textFile = base + QStringLiteral(".txt");
+    if (!writeFile(textFile, text))
+        return {};
+    if (m_kind != EditorKind::XTerm)
+        return textFile;
+    m_interruptsFile = base + QStringLiteral(".interrupts");
+    const QString script = base + QStringLiteral(".sh");
+    return writeFile(script, terminalProgram(textFile, m_interruptsFile)) ? script : QString();
+}
+
+bool Editor::open(const QString &text)
+{
+    close();
+    m_text = text;
+    auto arguments = commandLine(m_kind, writeText(text));
+    const auto program = arguments.takeFirst();
+    m_process = &m_session.launch(program, arguments);
+    const auto isMine = [this](const WindowInfo &info) {
+        return info.className == windowClass(m_kind) && info.processId == m_process->processId()
+            && !info.overrideRedirect;
+    };
+    const auto window = m_session.user().waitForWindow(isMine);
+    m_window = window.value_or(WindowInfo {});
+    if (!window || !m_session.user().waitUntilUsable(window->id))
+        return false;
+    m_window = m_session.user().window(window->id).value_or(m_window);
+    return true;
+}
+
+bool Editor::selectAll()
+{
+    // A window can be usable before its text is there: then select again. Two tries are further
+    // apart than the clicks of a double click.
+    const QDeadlineTimer deadline(defaultTimeout);
+    do {
+        if (m_kind == EditorKind::XTerm)
+            selectLinesByMouse();
+        else
+            selectByKeyboard();
+        if (m_session.clipboard().waitForText(m_text, XClipboard::Selection::Primary, retryAfter))
+            return true;
+    } while (!deadline.hasExpired());
+    return false;
+}
+
+void Editor::selectByKeyboard()
+{
+    m_session.user().tap(XKB_KEY_Home, { XKB_KEY_Control_L });
+    m_session.user().tap(XKB_KEY_End, { XKB_KEY_Control_L, XKB_KEY_Shift_L });
+}
+
+// The third of three clicks selects a line and, moved while held, all lines up to the pointer.
+void Editor::selectLinesByMouse()
+{
+    auto &user = m_session.user();
+    const int lineHeight = (m_window.geometry.height() - 2 * terminalBorder) / terminalRows;
+    const auto lines = static_cast<int>(m_text.count(u'\n')) + 1;
+    const QPoint first = m_window.geometry.topLeft()
+        + QPoint(terminalBorder + lineHeight / 2, terminalBorder + lineHeight / 2);
+    user.click(first, 2);
+    user.pressButton();
+    user.movePointer(first + QPoint(1, (lines - 1) * lineHeight));
+    user.releaseButton();
+}
+
+int Editor::interrupts() const
+{
+    if (m_interruptsFile.isEmpty())
+        return 0;
+    QFile file(m_interruptsFile);
+    return file.open(QIODevice::ReadOnly) ? static_cast<int>(file.readAll().count('\n')) : 0;
+}
+
+bool Editor::isOpen() const
+{
+    return m_process && m_process->isRunning();
+}
+
+void Editor::close()
+{
+    if (m_process)
+        m_process->end();
+    m_process = nullptr;
+}
+
+ChildProcess *launchHostileOwner(DesktopSession &session, const QStringList &mode)
+{
+    auto &owner = session.launch(QStringLiteral(TESSEL_HOSTILE_OWNER), mode);
+    const auto ready = owner.waitForOutput(QRegularExpression(QStringLiteral("^ready (\\d+)\n")));
+    const bool usable
+        = ready.hasMatch() && session.user().waitUntilUsable(ready.captured(1).toUInt());
+    return usable ? &owner : nullptr;
+}
+
+}

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ActionManager.h"
+#include "ConfigManager.h"
+#include "FloatingPanel.h"
+#include "HoverButton.h"
+#include "IconResolver.h"
+#include "LocalizationManager.h"
+#include "NotificationCenter.h"
+#include "ResourceBundle.h"
+#include "platform/fake/FakePlatform.h"
+
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// A bar with all that it needs, on a faked desktop and a configuration of its own.
+struct PanelFixture
+{
+    PanelFixture()
+    {
+        // The offscreen platform has no stacking and no shapes.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    }
+
+    QTemporaryDir folder;
+    FakePlatform platform;
+    NotificationCenter notifications;
+    LocalizationManager localization;
+    ConfigManager config { { folder.path(), notifications, localization } };
+    ResourceBundle bundle { QStringLiteral(TESSEL_BUNDLE) };
+    IconResolver icons { config, bundle };
+    ActionManager actions { { config, notifications, platform.workspace(),
+                              platform.pasteboard() } };
+    FloatingPanel panel { { actions, config, notifications, icons, platform.popupHost(),
+                            platform.appearance() } };
+
+    /// Replaces the list: URL actions by their titles, each with an optional regular expression.
+    void setActions(const QList<std::pair<QString, QString>> &titlesAndPatterns)
+    {
+        config.customActions.clear();
+        for (const auto &[title, regex] : titlesAndPatterns) {
+            ActionConfig action;
+            action.id = action.title = title;
+            action.iconName = QStringLiteral("phosphor_star");
+            action.templateText = QStringLiteral("test://%1/{text}").arg(title);
+            if (!regex.isEmpty())
+                action.regex = regex;
+            config.customActions += action;
+        }
+        config.save();
+    }
+
+    void show(const QString &text)
+    {
+        panel.show(platform.popupHost().location, text, config.enableKeyboardShortcuts);
+    }
+
+    [[nodiscard]] QList<HoverButton *> buttons()
+    {
+        auto all = panel.window().findChildren<HoverButton *>();
+        all.removeIf([](const HoverButton *button) { return button->isHidden(); });
+        return all;
+    }
+
+    [[nodiscard]] QStringList shownTitles()
+    {
+        QStringList titles;
+        for (const HoverButton *button : buttons())
+            titles += button->accessibleName();
+        return titles;
+    }
+};
