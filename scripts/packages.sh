@@ -12,9 +12,10 @@ build_packages=(
 run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
-    dbus dbus-x11 featherpad fonts-noto-cjk libbenchmark-dev mousepad openbox picom x11-utils
+    dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils
     x11-xkb-utils x11-xserver-utils xdg-utils xterm xvfb
 )
+benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)
 
 # Installs those of the named packages that are missing; asks for sudo only then.

@@ -97,8 +97,8 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application)
         if (pasteboard.changeCount() <= before)
             continue;
         const qint64 rest = lastPoll * pollInterval - elapsed();
-        const auto text = co_await pasteboard.string(
-            std::chrono::milliseconds(qMax(pollInterval, rest)));
+        const auto text
+            = co_await pasteboard.string(std::chrono::milliseconds(qMax(pollInterval, rest)));
         if (text && !text->isEmpty())
             co_return withNormalizedLineEnds(*text);
     }

@@ -34,10 +34,9 @@ ActionManager::ActionManager(Dependencies dependencies)
 
 ActionManager &ActionManager::shared()
 {
-    static auto *instance = new ActionManager({ ConfigManager::shared(),
-                                                NotificationCenter::defaultCenter(),
-                                                Platform::current().workspace(),
-                                                Platform::current().pasteboard() });
+    static auto *instance
+        = new ActionManager({ ConfigManager::shared(), NotificationCenter::defaultCenter(),
+                              Platform::current().workspace(), Platform::current().pasteboard() });
     return *instance;
 }
 

@@ -21,7 +21,8 @@ struct ActionConfig
     QString iconName; ///< icon-set image, system symbol, or "custom:" and a file name
     ActionType type = ActionType::url;
     QString templateText; ///< stored as "template"; its meaning depends on the type
-    std::optional<QString> regex = std::nullopt; ///< ICU syntax; the action is offered only on a match
+    std::optional<QString> regex
+        = std::nullopt; ///< ICU syntax; the action is offered only on a match
     bool isEnabled = true;
 
     friend bool operator==(const ActionConfig &, const ActionConfig &) = default;
@@ -58,7 +59,8 @@ struct DecodedConfig
     QString error; ///< what is wrong, in English, when there is no config
 };
 
-/// Reads a configuration file (JSON, RFC 8259, UTF-8). Action kinds of older versions are converted.
+/// Reads a configuration file (JSON, RFC 8259, UTF-8). Action kinds of older versions are
+/// converted.
 [[nodiscard]] DecodedConfig decodeConfig(const QByteArray &json);
 
 /// Compact JSON with the keys in declaration order; empty settings are left out.

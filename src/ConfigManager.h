@@ -20,7 +20,8 @@ class ConfigManager final : public QObject
 public:
     struct Dependencies
     {
-        QString applicationSupport; ///< the folder that holds "GlintClone"; empty: nothing is stored
+        QString
+            applicationSupport; ///< the folder that holds "GlintClone"; empty: nothing is stored
         NotificationCenter &notifications;
         LocalizationManager &localization;
     };

@@ -50,8 +50,8 @@ FloatingPanel &FloatingPanel::shared()
         Platform &platform = Platform::current();
         static IconResolver icons(ConfigManager::shared(), ResourceBundle::module());
         return new FloatingPanel({ ActionManager::shared(), ConfigManager::shared(),
-                                   NotificationCenter::defaultCenter(), icons,
-                                   platform.popupHost(), platform.appearance() });
+                                   NotificationCenter::defaultCenter(), icons, platform.popupHost(),
+                                   platform.appearance() });
     }();
     return *instance;
 }

@@ -5,8 +5,8 @@
 #include "PanelLayout.h"
 #include "TooltipWindow.h"
 
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QTimer>
 
 using namespace std::chrono_literals;
@@ -80,8 +80,7 @@ int HoverButton::preferredWidth() const
 {
     if (text().isEmpty())
         return PanelLayout::buttonSize;
-    return qMax(PanelLayout::buttonSize,
-                fontMetrics().horizontalAdvance(text()) + 2 * textPadding);
+    return qMax(PanelLayout::buttonSize, fontMetrics().horizontalAdvance(text()) + 2 * textPadding);
 }
 
 void HoverButton::flash(std::function<void()> done)

@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr qint64 mostPixels = 4096 * 4096; // of a file; a PNG of that size takes half a second
+/// Larger files are not read: a PNG of this size takes half a second.
+constexpr qint64 mostPixels = qint64 { 4096 } * 4096;
 
 /// Reads an image in at most the given size, or null.
 QImage readScaled(const QString &path, int longestSide)
@@ -41,7 +42,7 @@ QString iconForSymbol(QString symbol)
         { QStringLiteral("minus"), QStringLiteral("phosphor_minus") },
     };
     while (true) {
-        const QString icon = further.value(symbol, DefaultActions::renamedIcon(symbol));
+        QString icon = further.value(symbol, DefaultActions::renamedIcon(symbol));
         const qsizetype dot = symbol.lastIndexOf(u'.');
         if (icon != symbol || dot < 0)
             return icon;
@@ -60,11 +61,11 @@ IconResolver::IconResolver(const ConfigManager &config, const ResourceBundle &bu
 QImage IconResolver::image(const QString &iconName) const
 {
     if (const std::optional<QString> path = m_config.getCustomIconURL(iconName)) {
-        const QImage custom = customImage(*path);
+        QImage custom = customImage(*path);
         if (!custom.isNull())
             return custom;
     }
-    const QImage icon = m_bundle.iconImage(iconName);
+    QImage icon = m_bundle.iconImage(iconName);
     return icon.isNull() ? m_bundle.iconImage(iconForSymbol(iconName)) : icon;
 }
 

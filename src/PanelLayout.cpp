@@ -15,7 +15,6 @@ constexpr int leftInset = 12; // from the bar's edges to its buttons
 constexpr int rightInset = 8;
 constexpr int topInset = 8;
 constexpr int bottomInset = 8;
-constexpr int horizontalPadding = 24; // what the window reserves for the bar beyond its buttons
 
 constexpr int distanceAbove = 10; // from the pointer up to the bar
 constexpr int distanceBelow = 30; // from the pointer down to the window
@@ -40,9 +39,8 @@ PanelLayout::Layout PanelLayout::arrange(const QList<int> &buttonWidths)
     }
 
     const QSize bar = content.grownBy({ leftInset, topInset, rightInset, bottomInset });
-    const QSize window(content.width() + horizontalPadding + 2 * windowMargin,
-                       bar.height() + 2 * windowMargin);
-    const QPoint barCorner((window.width() - bar.width()) / 2, windowMargin);
+    const QSize window = bar.grownBy(barMargins);
+    const QPoint barCorner(barMargins.left(), barMargins.top());
     for (QRect &button : buttons)
         button.translate(barCorner + QPoint(leftInset, topInset));
     return { window, QRect(barCorner, bar), buttons };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QList>
+#include <QMargins>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -15,6 +16,10 @@ namespace PanelLayout {
 inline constexpr int buttonSize = 38;
 inline constexpr int buttonsPerRow = 5;
 inline constexpr int windowMargin = 20; ///< on each side of the window, for shadow and animation
+
+/// From the window's edges to the visible bar's.
+inline constexpr QMargins barMargins(windowMargin + 2, windowMargin, windowMargin + 2,
+                                     windowMargin);
 
 struct Layout
 {

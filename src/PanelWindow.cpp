@@ -11,7 +11,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <qdrawutil.h>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace std::chrono_literals;
@@ -34,76 +36,93 @@ QEasingCurve cubicBezier(QPointF first, QPointF second)
     return curve;
 }
 
-/// Layers of little ink, each a pixel wider, a little lower than the bar. Most of the ink is in the
-/// middle layers, which makes both ends of the falloff soft.
-void drawShadow(QPainter &painter, const QRectF &bar)
+/// Signed distance from a point to the edge of a rounded rectangle, negative inside.
+double distanceToEdge(QPointF point, const QRectF &rect)
 {
-    constexpr int depth = 17;
-    constexpr int drop = 2;
-    painter.setPen(Qt::NoPen);
-    for (int i = depth; i >= 0; --i) {
-        const double fromMiddle = 2.0 * i / depth - 0.7;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(0.022 * std::exp(-3 * fromMiddle * fromMiddle))));
-        const double radius = cornerRadius + i;
-        painter.drawRoundedRect(bar.adjusted(-i, -i + drop, i, i + drop), radius, radius);
+    const QPointF center = rect.center();
+    const double x = std::abs(point.x() - center.x()) - rect.width() / 2 + cornerRadius;
+    const double y = std::abs(point.y() - center.y()) - rect.height() / 2 + cornerRadius;
+    return std::hypot(std::max(x, 0.0), std::max(y, 0.0)) + std::min(std::max(x, y), 0.0)
+        - cornerRadius;
+}
+
+/// The soft shadow around a bar, with a hole where the translucent bar itself is. Made pixel by
+/// pixel: paths of this kind would start Qt's painting threads.
+QImage shadow(QSize extent, const QRectF &bar, double scale)
+{
+    constexpr double depth = 17;
+    constexpr double drop = 2;
+    constexpr double darkness = 0.2;
+    QImage image(extent * scale, QImage::Format_ARGB32_Premultiplied);
+    for (int row = 0; row < image.height(); ++row) {
+        auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(row));
+        for (int column = 0; column < image.width(); ++column) {
+            const QPointF point((column + 0.5) / scale, (row + 0.5) / scale);
+            const double away = distanceToEdge(point - QPointF(0, drop), bar);
+            const double nearness = std::clamp(1 - away / depth, 0.0, 1.0);
+            const double outside = std::clamp(distanceToEdge(point, bar) * scale + 0.5, 0.0, 1.0);
+            pixels[column] = qRgba(0, 0, 0, int(255 * darkness * nearness * nearness * outside));
+        }
     }
+    image.setDevicePixelRatio(scale);
+    return image;
 }
 
 }
 
-/// The window's only child, so that an effect can move all that is drawn.
+/// The window's only child, so that an effect can move all that is drawn. Its picture is stretched
+/// from a small tile: painting the shadow over the whole window would take longer than all the
+/// rest.
 class PanelWindow::Ground final : public QWidget
 {
 public:
     using QWidget::QWidget;
 
-    void set(const QRect &bar, const PanelTheme &theme, bool isTranslucent)
+    void set(const PanelTheme &theme, bool isTranslucent)
     {
-        m_bar = bar;
         m_theme = theme;
         m_isTranslucent = isTranslucent;
-        m_picture = {};
+        m_tile = {};
         update();
     }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
+        const double scale = devicePixelRatioF();
+        if (m_tile.isNull() || !qFuzzyCompare(m_tile.devicePixelRatio(), scale))
+            m_tile = tile(scale);
+        const QMargins fixed(corner, corner, corner, corner);
         QPainter painter(this);
-        if (m_picture.isNull() || !qFuzzyCompare(m_picture.devicePixelRatio(), devicePixelRatioF()))
-            m_picture = picture();
-        painter.drawPixmap(0, 0, m_picture);
+        qDrawBorderPixmap(&painter, rect(), fixed, m_tile, m_tile.rect(), fixed * scale);
     }
 
 private:
-    [[nodiscard]] QPixmap picture() const
+    /// What stays as it is on each side: margin, rounded corner, and a bit of the straight edge.
+    static constexpr int corner = PanelLayout::windowMargin + cornerRadius + 4;
+
+    [[nodiscard]] QPixmap tile(double scale) const
     {
-        QPixmap pixmap(size() * devicePixelRatioF());
-        pixmap.setDevicePixelRatio(devicePixelRatioF());
-        pixmap.fill(m_isTranslucent ? QColor(Qt::transparent) : m_theme.material);
+        const QSize extent(2 * corner + 2, 2 * corner + 2);
+        const QRectF bar = QRect(QPoint(), extent).marginsRemoved(PanelLayout::barMargins);
+        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, scale));
+        if (!m_isTranslucent)
+            pixmap.fill(m_theme.material);
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
-        QPainterPath shape;
-        shape.addRoundedRect(m_bar, cornerRadius, cornerRadius);
-        if (m_isTranslucent) {
-            QPainterPath outside;
-            outside.addRect(rect());
-            painter.setClipPath(outside.subtracted(shape));
-            drawShadow(painter, m_bar);
-            painter.setClipping(false);
-            painter.fillPath(shape, m_theme.material);
-        }
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(m_theme.material);
+        painter.drawRoundedRect(bar, cornerRadius, cornerRadius);
         painter.setPen(QPen(m_theme.border, 1));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(m_bar).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5,
+        painter.drawRoundedRect(bar.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5,
                                 cornerRadius - 0.5);
         return pixmap;
     }
 
-    QRect m_bar;
     PanelTheme m_theme;
     bool m_isTranslucent = true;
-    QPixmap m_picture;
+    QPixmap m_tile;
 };
 
 PanelWindow::PanelWindow(PopupHost &host)
@@ -118,6 +137,7 @@ PanelWindow::PanelWindow(PopupHost &host)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowTitle(QStringLiteral("Tessel"));
     m_ground->setGraphicsEffect(m_pop);
+    m_pop->setEnabled(false);
 
     connect(&m_fade, &QVariantAnimation::valueChanged, m_pop,
             [this](const QVariant &value) { m_pop->setOpacity(value.toDouble()); });
@@ -160,7 +180,7 @@ void PanelWindow::arrange()
 
 void PanelWindow::setTheme(const PanelTheme &theme)
 {
-    m_ground->set(m_layout.bar, theme, m_isCompositing);
+    m_ground->set(theme, m_isCompositing);
     for (HoverButton *button : std::as_const(m_buttons))
         button->setTheme(theme);
 }

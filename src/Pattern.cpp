@@ -25,14 +25,14 @@ struct Watch
 /// Called after each ten thousand steps or so.
 UBool mayGoOn(const void *context, int32_t)
 {
-    return static_cast<const Watch *>(context)->hasTimeLeft();
+    return static_cast<const Watch *>(context)->hasTimeLeft() ? 1 : 0;
 }
 
 /// Called at each place where a match might start.
 UBool mayTryNext(const void *context, int64_t)
 {
     auto *watch = static_cast<Watch *>(const_cast<void *>(context));
-    return ++watch->startsTried % 256 != 0 || watch->hasTimeLeft();
+    return ++watch->startsTried % 256 != 0 || watch->hasTimeLeft() ? 1 : 0;
 }
 
 /// Refers to the text, does not copy it.

@@ -51,7 +51,8 @@ QImage ResourceBundle::iconImage(const QString &name) const
 {
     for (const char *extension : { "png", "svg", "jpg", "jpeg", "gif", "bmp" }) {
         const QString file = path(name, QLatin1StringView(extension));
-        const QImage image = file.isEmpty() ? QImage() : QImage(file);
+        // Naming the format keeps Qt from loading every image plugin to find it out.
+        QImage image = file.isEmpty() ? QImage() : QImage(file, extension);
         if (!image.isNull())
             return image;
     }

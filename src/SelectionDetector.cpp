@@ -94,7 +94,8 @@ QCoro::Task<> SelectionDetector::runTriggerCycle()
         m_dependencies.panel.hide();
         co_return;
     }
-    if (selected->bundleId && m_dependencies.config.excludedBundleIds.contains(*selected->bundleId)) {
+    if (selected->bundleId
+        && m_dependencies.config.excludedBundleIds.contains(*selected->bundleId)) {
         Log::print(u"DEBUG: App excluded: "_s + *selected->bundleId);
         co_return;
     }

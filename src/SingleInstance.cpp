@@ -66,8 +66,7 @@ std::optional<qint32> SingleInstance::liveOwnerElseTakeLock(const QString &path)
     }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)
-        || file.write(QByteArray::number(QCoreApplication::applicationPid())) < 0
-        || !file.commit())
+        || file.write(QByteArray::number(QCoreApplication::applicationPid())) < 0 || !file.commit())
         report(file.errorString());
     return {};
 }

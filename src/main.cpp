@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Hides the desktop's name while Qt looks for a platform theme: Qt 6.4 would load the GTK one under
-/// GNOME, XFCE and others, which triples the start-up time. Children must see the name again.
+/// Hides the desktop's name while Qt looks for a platform theme: Qt 6.4 would load the GTK one
+/// under GNOME, XFCE and others, which triples the start-up time. Children must see the name again.
 class HiddenDesktop final
 {
 public:

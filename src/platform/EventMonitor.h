@@ -37,6 +37,7 @@ public:
 
     /// Calls the handler for each event of the given kinds that goes to another application, never
     /// for those that one of our own windows receives. Null when the desktop refuses.
-    [[nodiscard]] virtual std::unique_ptr<Subscription>
-    addGlobalMonitor(InputEvent::Kinds kinds, Handler handler) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
+                                                                         Handler handler)
+        = 0;
 };

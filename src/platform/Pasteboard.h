@@ -19,8 +19,8 @@ public:
 
     /// The plain text on the pasteboard; nothing when there is none or when its owner makes no
     /// progress for as long as `patience`. The future always finishes; the main thread never waits.
-    [[nodiscard]] virtual QFuture<std::optional<QString>>
-    string(std::chrono::milliseconds patience) = 0;
+    [[nodiscard]] virtual QFuture<std::optional<QString>> string(std::chrono::milliseconds patience)
+        = 0;
 
     /// Replaces the content by plain text.
     virtual void setString(const QString &text) = 0;

@@ -38,7 +38,7 @@ QString TesselProgram::configFile() const
     return m_session.configPath() + u"/GlintClone/config.json"_s;
 }
 
-bool TesselProgram::start()
+bool TesselProgram::writeConfiguration()
 {
     if (actions.isEmpty())
         actions = { urlAction(u"open"_s, u"tessel-test://open?{text}"_s) };
@@ -58,11 +58,13 @@ bool TesselProgram::start()
         config.insert(u"excludedBundleIds"_s, QJsonArray());
     QDir().mkpath(QFileInfo(configFile()).path());
     QFile file(configFile());
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(QJsonDocument(config).toJson());
-    file.close();
+    return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(config).toJson()) > 0;
+}
 
+bool TesselProgram::start()
+{
+    if (!writeConfiguration())
+        return false;
     m_process = &m_session.launch(path());
     return m_process->waitForOutput(QRegularExpression(u"Tessel started\\."_s)).hasMatch();
 }
@@ -77,7 +79,8 @@ std::optional<WindowInfo> TesselProgram::summon()
 std::optional<WindowInfo> TesselProgram::bar() const
 {
     return m_session.user().findWindow([](const WindowInfo &window) {
-        return window.overrideRedirect && window.className == u"Tessel" && window.title == u"Tessel";
+        return window.overrideRedirect && window.className == u"Tessel"
+            && window.title == u"Tessel";
     });
 }
 

@@ -22,6 +22,8 @@ public:
 
     [[nodiscard]] static QJsonObject urlAction(const QString &id, const QString &urlTemplate);
 
+    [[nodiscard]] bool writeConfiguration();
+
     /// Writes the configuration and starts the program; true when it says that it is up.
     [[nodiscard]] bool start();
     [[nodiscard]] desktop::ChildProcess &process() { return *m_process; }

@@ -148,7 +148,9 @@ private Q_SLOTS:
         stage.tessel.awaitTrigger();
         stage.user().tap(XKB_KEY_1);
         QVERIFY(stage.tessel.waitUntilBarGone());
-        QCOMPARE(stage.session.urlRecorder().waitForUrls(1, std::chrono::milliseconds(enabled ? 15000 : 400)).size(),
+        QCOMPARE(stage.session.urlRecorder()
+                     .waitForUrls(1, std::chrono::milliseconds(enabled ? 15000 : 400))
+                     .size(),
                  enabled ? 1 : 0);
         QVERIFY(stage.editor.selectAll() == enabled); // else the 1 replaced the text
     }
@@ -192,7 +194,8 @@ private Q_SLOTS:
             QVERIFY(window.x() + window.width() <= active.x() + active.width() + 20);
             const bool isBelow = window.y() > pointer.y();
             QCOMPARE(isBelow, pointer.y() < 100);
-            QCOMPARE(isBelow ? window.y() - pointer.y() : pointer.y() - window.y() - window.height(),
+            QCOMPARE(isBelow ? window.y() - pointer.y()
+                             : pointer.y() - window.y() - window.height(),
                      isBelow ? 30 : -10);
             stage.user().tap(XKB_KEY_Escape);
             QVERIFY(stage.tessel.waitUntilBarGone());
@@ -220,7 +223,8 @@ private Q_SLOTS:
         QVERIFY(bar);
         QCOMPARE(bar->geometry.size(), QSize(int(102 * scale), int(94 * scale)));
         QVERIFY(qAbs(bar->geometry.center().x() - pointer.x()) <= 2);
-        const QPoint button = bar->geometry.topLeft() + QPoint(int((34 + 19) * scale), int((28 + 19) * scale));
+        const QPoint button
+            = bar->geometry.topLeft() + QPoint(int((34 + 19) * scale), int((28 + 19) * scale));
         // The star is drawn with the pixels that the scale gives, not blown up: pairs of equal
         // rows are rare in it.
         const int extent = int(18 * scale);

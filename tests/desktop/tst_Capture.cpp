@@ -29,10 +29,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("layout");
         QTest::addColumn<EditorKind>("editor");
         for (const char *layout : { "us", "de", "fr", "us(dvorak)", "kr", "ru", "ru,us" }) {
-            QTest::addRow("mousepad, %s", layout) << QString::fromLatin1(layout)
-                                                  << EditorKind::Mousepad;
-            QTest::addRow("featherpad, %s", layout) << QString::fromLatin1(layout)
-                                                    << EditorKind::FeatherPad;
+            QTest::addRow("mousepad, %s", layout)
+                << QString::fromLatin1(layout) << EditorKind::Mousepad;
+            QTest::addRow("featherpad, %s", layout)
+                << QString::fromLatin1(layout) << EditorKind::FeatherPad;
         }
     }
 
@@ -177,7 +177,8 @@ private Q_SLOTS:
         QVERIFY2(took < within, qPrintable(QString::number(took)));
         if (!expected.isNull()) {
             const auto match = tessel.process().waitForOutput(captured);
-            QVERIFY2(match.captured(1).startsWith(expected), qPrintable(match.captured(1).left(80)));
+            QVERIFY2(match.captured(1).startsWith(expected),
+                     qPrintable(match.captured(1).left(80)));
         }
         QVERIFY(tessel.process().isRunning());
     }

@@ -46,8 +46,9 @@ private Q_SLOTS:
         ChildProcess &second = session.launch(TesselProgram::path());
         QVERIFY(second.waitForExit());
         QCOMPARE(second.exitCode(), 0);
-        QCOMPARE(second.output(), u"App is already running (PID: %1). Terminating new instance.\n"_s
-                                      .arg(tessel.process().processId()));
+        QCOMPARE(second.output(),
+                 u"App is already running (PID: %1). Terminating new instance.\n"_s.arg(
+                     tessel.process().processId()));
         QVERIFY(tessel.process().isRunning());
 
         // After its end the lock file is left behind, and stale.
@@ -140,7 +141,8 @@ private Q_SLOTS:
         QVERIFY(launchHostileOwner(session, { u"text"_s, u"bare"_s }));
         QVERIFY(tessel.summon());
         session.user().tap(XKB_KEY_1);
-        QCOMPARE(session.urlRecorder().waitForUrls(1), QStringList { u"tessel-test://open?bare"_s });
+        QCOMPARE(session.urlRecorder().waitForUrls(1),
+                 QStringList { u"tessel-test://open?bare"_s });
     }
 
     void missingIconsLeaveTheButtons()
@@ -149,8 +151,8 @@ private Q_SLOTS:
         QVERIFY2(session.start(), qPrintable(session.errorString()));
         TesselProgram tessel(session);
         for (const char *icon : { "custom:gone.png", "custom:", "no-such-symbol", "" }) {
-            auto action = TesselProgram::urlAction(QString::fromLatin1(icon),
-                                                   u"tessel-test://%1?{text}"_s.arg(tessel.actions.size()));
+            auto action = TesselProgram::urlAction(
+                QString::fromLatin1(icon), u"tessel-test://%1?{text}"_s.arg(tessel.actions.size()));
             action.insert(u"iconName"_s, QString::fromLatin1(icon));
             tessel.actions.append(action);
         }

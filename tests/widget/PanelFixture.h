@@ -22,7 +22,8 @@ struct PanelFixture
     PanelFixture()
     {
         // The offscreen platform has no stacking and no shapes.
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+        QTest::failOnWarning(
+            QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
     }
 
     QTemporaryDir folder;

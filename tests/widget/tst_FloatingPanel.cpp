@@ -185,7 +185,8 @@ private Q_SLOTS:
         PanelFixture bar;
         bar.setActions({ { u"star"_s, {} } });
         bar.show(u"text"_s);
-        const QRect button(PanelLayout::windowMargin + 2 + 12, PanelLayout::windowMargin + 8, 38, 38);
+        const QRect button(PanelLayout::windowMargin + 2 + 12, PanelLayout::windowMargin + 8, 38,
+                           38);
         const auto looksDark = [&] {
             const Light light = lightOf(picture(bar.panel.window()), button);
             // The icon stands out from the ground, whichever of them is the dark one.

@@ -135,7 +135,8 @@ private Q_SLOTS:
         QVERIFY(!fixture.panel.isVisible());
 
         fixture.skipSuppression(); // exclusion is exact, and needs an identifier
-        for (const auto &identifier : { std::optional(u"org.test.editor"_s), std::optional<QString>() }) {
+        for (const auto &identifier :
+             { std::optional(u"org.test.editor"_s), std::optional<QString>() }) {
             fixture.platform.workspace().front->bundleIdentifier = identifier;
             fixture.send(Kind::keyDown, KeyCodes::keyF2);
             QTRY_VERIFY(fixture.panel.isVisible());

@@ -6,8 +6,7 @@
 
 namespace {
 
-template<typename T>
-QFuture<T> readyFuture(const T &value)
+template <typename T> QFuture<T> readyFuture(const T &value)
 {
     QPromise<T> promise;
     promise.start();
@@ -60,8 +59,7 @@ void FakePlatform::Copier::copySelection(const FrontApplication &application)
         onCopy();
 }
 
-QFuture<std::optional<QString>>
-FakePlatform::Clipboard::string(std::chrono::milliseconds patience)
+QFuture<std::optional<QString>> FakePlatform::Clipboard::string(std::chrono::milliseconds patience)
 {
     if (!ownerIsSilent)
         return readyFuture(text);

@@ -71,8 +71,8 @@ public:
         void open(const QString &url) override { opened += url; }
         [[nodiscard]] QStringList missingAccess() const override { return missing; }
 
-        std::optional<FrontApplication> front = FrontApplication { QStringLiteral("org.test.Editor"),
-                                                                   QStringLiteral("Editor") };
+        std::optional<FrontApplication> front
+            = FrontApplication { QStringLiteral("org.test.Editor"), QStringLiteral("Editor") };
         QStringList opened;
         QStringList missing;
     };

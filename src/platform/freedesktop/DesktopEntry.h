@@ -19,6 +19,5 @@ struct DesktopEntry
 };
 
 /// Nothing when the content is not an application's entry. The locale is as in $LANG ("ko_KR").
-[[nodiscard]] std::optional<DesktopEntry> parseDesktopEntry(const QString &id,
-                                                            const QByteArray &content,
-                                                            const QString &locale);
+[[nodiscard]] std::optional<DesktopEntry>
+parseDesktopEntry(const QString &id, const QByteArray &content, const QString &locale);

@@ -26,8 +26,8 @@ void PortalAppearance::start()
         return;
     bus.connect(service, objectPath, settings, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    auto message = QDBusMessage::createMethodCall(service, objectPath, settings,
-                                                  QStringLiteral("Read"));
+    auto message
+        = QDBusMessage::createMethodCall(service, objectPath, settings, QStringLiteral("Read"));
     message.setArguments({ appearanceGroup, colorScheme });
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -48,9 +48,8 @@ void PortalAppearance::settingChanged(const QString &group, const QString &key,
 void PortalAppearance::setColorScheme(const QVariant &value)
 {
     // The method "Read" wraps the value in a second variant.
-    const QVariant inner = value.canConvert<QDBusVariant>()
-        ? value.value<QDBusVariant>().variant()
-        : value;
+    const QVariant inner
+        = value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
     const bool isDark = inner.toUInt() == preferDark;
     if (std::exchange(m_isDark, isDark) != isDark)
         Q_EMIT changed();

@@ -87,17 +87,15 @@ void X11Connection::queryExtensions()
     if (m_xinput.present) {
         const XcbPtr<xcb_input_xi_query_version_reply_t> xinput(xcb_input_xi_query_version_reply(
             m_connection, xcb_input_xi_query_version(m_connection, 2, 2), nullptr));
-        m_xinput.present
-            = xinput && isAtLeast(xinput->major_version, xinput->minor_version, 2, 1);
+        m_xinput.present = xinput && isAtLeast(xinput->major_version, xinput->minor_version, 2, 1);
     }
 }
 
 void X11Connection::start()
 {
-    m_notifier = new QSocketNotifier(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read,
-                                     this);
-    connect(m_notifier, &QSocketNotifier::activated, this,
-            [this] { dispatch(Source::socket); });
+    m_notifier
+        = new QSocketNotifier(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(Source::socket); });
     // Waiting for a reply may queue events without leaving the socket readable.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             [this] { dispatch(Source::queue); });

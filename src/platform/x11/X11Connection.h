@@ -18,8 +18,7 @@ struct FreeDeleter
 {
     void operator()(void *memory) const;
 };
-template<typename T>
-using XcbPtr = std::unique_ptr<T, FreeDeleter>;
+template <typename T> using XcbPtr = std::unique_ptr<T, FreeDeleter>;
 
 /// An event of any extension; valid during the call that hands it out.
 class X11Event final
@@ -33,8 +32,7 @@ public:
     [[nodiscard]] int type() const { return m_raw[0] & 0x7f; } ///< whoever sent it
 
     /// The event as one of xcb's structures.
-    template<typename T>
-    [[nodiscard]] const T &as() const
+    template <typename T> [[nodiscard]] const T &as() const
     {
         return *reinterpret_cast<const T *>(m_raw);
     }

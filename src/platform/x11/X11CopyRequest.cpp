@@ -35,8 +35,7 @@ X11CopyRequest::X11CopyRequest(X11Connection &connection, X11SelectionReader &re
                               XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY
                                   | XCB_XKB_EVENT_TYPE_STATE_NOTIFY | wholeMap,
                               0, wholeMap, allParts, allParts, &details);
-    m_subscription
-        = connection.subscribe([this](const X11Event &event) { handle(event); });
+    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
 }
 
 void X11CopyRequest::handle(const X11Event &event)

@@ -59,8 +59,7 @@ X11EventMonitor::X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKey
     if (!connection.xinput().present || !connection.xkb().present)
         return;
     selectEvents();
-    m_subscription
-        = connection.subscribe([this](const X11Event &event) { handle(event); });
+    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
 }
 
 std::unique_ptr<EventMonitor::Subscription>
@@ -118,8 +117,8 @@ void X11EventMonitor::handleRaw(const X11Event &event)
         if (m_ownsKeyboard())
             return;
         const int evdevCode = int(raw.detail) - evdevOffset;
-        deliver({ InputEvent::Kind::keyDown,
-                  KeyCodes::virtualFromEvdev(evdevCode).value_or(-1), m_modifiers });
+        deliver({ InputEvent::Kind::keyDown, KeyCodes::virtualFromEvdev(evdevCode).value_or(-1),
+                  m_modifiers });
         return;
     }
     const bool scrolled = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS

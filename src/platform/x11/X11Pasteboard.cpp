@@ -19,8 +19,7 @@ X11Pasteboard::X11Pasteboard(X11Connection &connection, X11SelectionReader &read
         return;
     xcb_xfixes_select_selection_input(connection.xcb(), connection.root(), m_clipboard,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
-    m_subscription
-        = connection.subscribe([this](const X11Event &event) { handle(event); });
+    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
 }
 
 void X11Pasteboard::handle(const X11Event &event)

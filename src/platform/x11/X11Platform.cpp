@@ -27,9 +27,9 @@ struct X11Platform::Services
     X11CopyRequest copyRequest { *connection, reader, pasteboard };
     X11Workspace workspace { *connection };
     X11PopupHost popupHost { *connection, workspace };
-    X11EventMonitor eventMonitor { *connection, [this] {
-        return popupHost.holdsKeyboard() || QGuiApplication::focusWindow();
-    } };
+    X11EventMonitor eventMonitor {
+        *connection, [this] { return popupHost.holdsKeyboard() || QGuiApplication::focusWindow(); }
+    };
     PortalAppearance appearance;
 };
 

@@ -77,8 +77,7 @@ QList<X11Strut> struts(const X11Connection &connection)
     }
     QList<X11Strut> result;
     for (const auto cookie : cookies) {
-        const XcbPtr<xcb_get_property_reply_t> reply(
-            xcb_get_property_reply(xcb, cookie, nullptr));
+        const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(xcb, cookie, nullptr));
         X11Strut strut;
         static_assert(sizeof strut == 48, "laid out as the property: twelve 32-bit items");
         if (reply && xcb_get_property_value_length(reply.get()) == int(sizeof strut)) {
@@ -108,12 +107,11 @@ QFuture<PopupLocation> X11PopupHost::locate()
     PopupLocation location;
     location.pointer = QCursor::pos();
     const quint32 active = m_workspace.activeWindow();
-    const QScreen *screen = active ? screenOf(rootGeometry(m_connection, active))
-                                   : QGuiApplication::primaryScreen();
+    const QScreen *screen
+        = active ? screenOf(rootGeometry(m_connection, active)) : QGuiApplication::primaryScreen();
     if (screen) {
         location.screen = screen->geometry();
-        location.visibleFrame
-            = logicalGeometry(visibleFrame(nativeGeometry(screen)), screen);
+        location.visibleFrame = logicalGeometry(visibleFrame(nativeGeometry(screen)), screen);
     }
     QPromise<PopupLocation> promise;
     promise.start();
@@ -139,8 +137,7 @@ bool X11PopupHost::isCompositing() const
     const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(m_connection.screenNumber());
     const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
         m_connection.xcb(),
-        xcb_get_selection_owner(m_connection.xcb(), m_connection.atom(name.constData())),
-        nullptr));
+        xcb_get_selection_owner(m_connection.xcb(), m_connection.atom(name.constData())), nullptr));
     return owner && owner->owner != XCB_NONE;
 }
 
@@ -171,9 +168,9 @@ void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cor
     }
     // The blur has square corners: keep it inside the rounded ones.
     const int inset = qRound(cornerRadius * scale * 0.3);
-    const quint32 blurred[] = { quint32(native.x() + inset), quint32(native.y() + inset),
-                                quint32(native.width() - 2 * inset),
-                                quint32(native.height() - 2 * inset) };
+    const quint32 blurred[]
+        = { quint32(native.x() + inset), quint32(native.y() + inset),
+            quint32(native.width() - 2 * inset), quint32(native.height() - 2 * inset) };
     xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id,
                         m_connection.atom("_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
                         4, blurred);

@@ -40,8 +40,7 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
     xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &eventMask);
-    m_subscription
-        = connection.subscribe([this](const X11Event &event) { handle(event); });
+    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
     for (QTimer *timer : { &m_patience, &m_limit }) {
         timer->setSingleShot(true);
         connect(timer, &QTimer::timeout, this, [this] { finish({}); });
@@ -64,8 +63,7 @@ void X11SelectionTransfer::requestNextTarget()
         return;
     }
     xcb_convert_selection(m_connection.xcb(), m_window, m_selection,
-                          m_connection.atom(targets[m_target].name), m_property,
-                          XCB_CURRENT_TIME);
+                          m_connection.atom(targets[m_target].name), m_property, XCB_CURRENT_TIME);
     xcb_flush(m_connection.xcb());
     m_patience.start();
 }
@@ -97,11 +95,11 @@ void X11SelectionTransfer::takeAnswer(quint32 property)
         requestNextTarget();
         return;
     }
-    const XcbPtr<xcb_get_property_reply_t> type(xcb_get_property_reply(
-        m_connection.xcb(),
-        xcb_get_property(m_connection.xcb(), 0, m_window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                         0),
-        nullptr));
+    const XcbPtr<xcb_get_property_reply_t> type(
+        xcb_get_property_reply(m_connection.xcb(),
+                               xcb_get_property(m_connection.xcb(), 0, m_window, property,
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
+                               nullptr));
     m_incremental = type && type->type == m_connection.atom("INCR");
     if (m_incremental) {
         // Deleting the property asks for the first piece (ICCCM, section 2.7.2).

@@ -8,22 +8,55 @@
 namespace {
 
 constexpr QStringView terminalClasses[] = {
-    u"alacritty", u"cool-retro-term", u"deepin-terminal", u"eterm", u"foot", u"ghostty",
-    u"gnome-terminal", u"gnome-terminal-server", u"guake", u"hyper", u"kitty", u"konsole",
-    u"koi8rxterm", u"lilyterm", u"lxterm", u"lxterminal", u"mate-terminal", u"mlterm", u"mrxvt",
-    u"ptyxis", u"qterminal", u"rxvt", u"rxvt-unicode", u"roxterm", u"sakura", u"st", u"st-256color",
-    u"stterm", u"terminator", u"terminology", u"termite", u"tilda", u"tilix", u"urxvt", u"uxterm",
-    u"wezterm", u"xfce4-terminal", u"xterm", u"yakuake", u"zutty",
+    u"alacritty",
+    u"cool-retro-term",
+    u"deepin-terminal",
+    u"eterm",
+    u"foot",
+    u"ghostty",
+    u"gnome-terminal",
+    u"gnome-terminal-server",
+    u"guake",
+    u"hyper",
+    u"kitty",
+    u"konsole",
+    u"koi8rxterm",
+    u"lilyterm",
+    u"lxterm",
+    u"lxterminal",
+    u"mate-terminal",
+    u"mlterm",
+    u"mrxvt",
+    u"ptyxis",
+    u"qterminal",
+    u"rxvt",
+    u"rxvt-unicode",
+    u"roxterm",
+    u"sakura",
+    u"st",
+    u"st-256color",
+    u"stterm",
+    u"terminator",
+    u"terminology",
+    u"termite",
+    u"tilda",
+    u"tilix",
+    u"urxvt",
+    u"uxterm",
+    u"wezterm",
+    u"xfce4-terminal",
+    u"xterm",
+    u"yakuake",
+    u"zutty",
 };
 
 /// Without a copy shortcut of their own they make ^C of it.
 constexpr QStringView withoutCopyShortcut[] = {
-    u"aterm", u"eterm", u"koi8rxterm", u"lxterm", u"mlterm", u"mrxvt", u"rxvt", u"rxvt-unicode",
-    u"urxvt", u"uxterm", u"xterm",
+    u"aterm", u"eterm",        u"koi8rxterm", u"lxterm", u"mlterm", u"mrxvt",
+    u"rxvt",  u"rxvt-unicode", u"urxvt",      u"uxterm", u"xterm",
 };
 
-template<typename Table>
-bool contains(const Table &table, QStringView name)
+template <typename Table> bool contains(const Table &table, QStringView name)
 {
     return std::any_of(std::begin(table), std::end(table), [name](QStringView entry) {
         return entry.compare(name, Qt::CaseInsensitive) == 0;

@@ -29,9 +29,9 @@ QRect x11WorkArea(const QRect &screen, QSize desktop, const QList<X11Strut> &str
             && overlaps(screen.x(), screen.width(), strut.bottomStart, strut.bottomEnd))
             reserved.setBottom(area.y() + area.height() - (desktop.height() - strut.bottom));
 
-        const QRect rest = area.marginsRemoved({ qMax(0, reserved.left()), qMax(0, reserved.top()),
-                                                 qMax(0, reserved.right()),
-                                                 qMax(0, reserved.bottom()) });
+        const QRect rest
+            = area.marginsRemoved({ qMax(0, reserved.left()), qMax(0, reserved.top()),
+                                    qMax(0, reserved.right()), qMax(0, reserved.bottom()) });
         if (rest.isValid())
             area = rest;
     }

@@ -44,8 +44,7 @@ std::optional<FrontApplication> X11Workspace::frontmostApplication()
     if (!window)
         return {};
     // WM_CLASS: instance and class, each ended by a zero byte (ICCCM, section 4.1.2.5).
-    const QList<QByteArray> names
-        = m_connection.property(window, XCB_ATOM_WM_CLASS).split('\0');
+    const QList<QByteArray> names = m_connection.property(window, XCB_ATOM_WM_CLASS).split('\0');
     const QString instance = QString::fromLatin1(names.value(0));
     const QString windowClass = QString::fromLatin1(names.value(1));
     const QString gtkIdentifier = QString::fromUtf8(
@@ -77,7 +76,8 @@ QStringList X11Workspace::missingAccess() const
     if (!m_connection.xtest().present)
         missing += QStringLiteral("the X server's XTEST extension, to copy the selection");
     if (!m_connection.xinput().present)
-        missing += QStringLiteral("the X server's XInput extension 2.1 or later, to see the trigger key");
+        missing += QStringLiteral(
+            "the X server's XInput extension 2.1 or later, to see the trigger key");
     if (!m_connection.xkb().present)
         missing += QStringLiteral("the X server's XKB extension, to know the keyboard layout");
     if (!m_connection.xfixes().present)

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "AccessibilityManager.h"
+#include "platform/fake/FakePlatform.h"
+
+#include <QCoroTask>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the application in front puts on the pasteboard, and when after the copy request.
+struct Answer
+{
+    int after; // milliseconds
+    std::optional<QString> text; // nothing: something that is not text
+};
+
+}
+Q_DECLARE_METATYPE(QList<Answer>)
+
+class tst_AccessibilityManager : public QObject
+{
+    Q_OBJECT
+
+    FakePlatform m_platform;
+    QElapsedTimer m_clock;
+
+    AccessibilityManager manager()
+    {
+        return AccessibilityManager({ m_platform.workspace(), m_platform.copyRequest(),
+                                      m_platform.pasteboard(), m_platform.popupHost(),
+                                      [this] { return m_clock.elapsed(); } });
+    }
+
+private Q_SLOTS:
+    void init() { m_clock.start(); }
+
+    void capture_data()
+    {
+        QTest::addColumn<QList<Answer>>("answers");
+        QTest::addColumn<QString>("expected"); // null: nothing is captured
+        QTest::addColumn<int>("poll"); // the one that ends the capture
+
+        QTest::newRow("at once") << QList<Answer> { { 0, u"word"_s } } << u"word"_s << 1;
+        QTest::newRow("after a while") << QList<Answer> { { 230, u"late"_s } } << u"late"_s << 3;
+        QTest::newRow("line ends")
+            << QList<Answer> { { 0, u"a\r\nb\rc\nd\r\r\n"_s } } << u"a\nb\nc\nd\n\n"_s << 1;
+        QTest::newRow("empty first")
+            << QList<Answer> { { 0, u""_s }, { 150, u"then text"_s } } << u"then text"_s << 2;
+        QTest::newRow("image first")
+            << QList<Answer> { { 0, {} }, { 250, u"then text"_s } } << u"then text"_s << 3;
+        QTest::newRow("image only") << QList<Answer> { { 0, {} } } << QString() << 5;
+        QTest::newRow("nothing is copied") << QList<Answer> {} << QString() << 5;
+        QTest::newRow("too late") << QList<Answer> { { 560, u"x"_s } } << QString() << 5;
+    }
+
+    void capture()
+    {
+        QFETCH(QList<Answer>, answers);
+        QFETCH(QString, expected);
+        QFETCH(int, poll);
+        auto &clipboard = m_platform.pasteboard();
+        clipboard.put(u"word"_s); // what was there before does not count, even the same text
+        QObject context;
+        m_platform.copyRequest().onCopy = [&] {
+            for (const Answer &answer : answers)
+                QTimer::singleShot(answer.after, Qt::PreciseTimer, &context,
+                                   [&clipboard, answer] { clipboard.put(answer.text); });
+        };
+        auto accessibility = manager();
+        const qint64 start = m_clock.elapsed();
+        const auto captured = QCoro::waitFor(accessibility.getSelectedTextInfo());
+        const qint64 took = m_clock.elapsed() - start;
+
+        QCOMPARE(captured.has_value(), !expected.isNull());
+        if (captured) {
+            QCOMPARE(captured->text, expected);
+            QCOMPARE(captured->pointer, m_platform.popupHost().location.pointer);
+            QCOMPARE(captured->bundleId, u"org.test.Editor"_s);
+        }
+        QVERIFY2(took >= poll * 100 - 5 && took < poll * 100 + 90,
+                 qPrintable(QString::number(took)));
+        QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - 5);
+    }
+
+    void silentOwnerCostsABoundedWait()
+    {
+        m_platform.pasteboard().ownerIsSilent = true;
+        m_platform.copyRequest().onCopy = [this] { m_platform.pasteboard().put(u"never told"_s); };
+        auto accessibility = manager();
+        int turns = 0; // the main thread goes on meanwhile
+        QTimer beat;
+        connect(&beat, &QTimer::timeout, this, [&turns] { ++turns; });
+        beat.start(10);
+        QVERIFY(!QCoro::waitFor(accessibility.getSelectedTextInfo()));
+        m_platform.pasteboard().ownerIsSilent = false;
+        QVERIFY(m_clock.elapsed() < 700);
+        QVERIFY(turns > 20);
+    }
+
+    void withoutApplicationNothingIsSent()
+    {
+        const auto front = std::exchange(m_platform.workspace().front, {});
+        const auto requests = m_platform.copyRequest().requests.size();
+        auto accessibility = manager();
+        QVERIFY(!QCoro::waitFor(accessibility.getSelectedTextInfo()));
+        QCOMPARE(m_platform.copyRequest().requests.size(), requests);
+        QVERIFY(!accessibility.millisecondsSinceSimulation());
+        m_platform.workspace().front = front;
+    }
+
+    void overlappingCapturesCompareWithTheirOwnStart()
+    {
+        auto accessibility = manager();
+        m_platform.copyRequest().onCopy = {};
+        auto first = accessibility.getSelectedTextInfo();
+        m_platform.pasteboard().put(u"copied by the first"_s);
+        auto second = accessibility.getSelectedTextInfo();
+        QCOMPARE(QCoro::waitFor(first)->text, u"copied by the first"_s);
+        QVERIFY(!QCoro::waitFor(second));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_AccessibilityManager)
+#include "tst_AccessibilityManager.moc"

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Log.h"
+
+#include <QFile>
+#include <QScopeGuard>
+#include <QTemporaryFile>
+#include <QTest>
+
+#include <cstdio>
+
+#include <unistd.h>
+
+class tst_Log : public QObject
+{
+    Q_OBJECT
+
+    /// Prints while standard output goes to the file descriptor.
+    static void printTo(int descriptor, QStringView line)
+    {
+        std::fflush(stdout);
+        const int standardOutput = dup(STDOUT_FILENO);
+        const auto restore = qScopeGuard([standardOutput] {
+            dup2(standardOutput, STDOUT_FILENO);
+            close(standardOutput);
+            std::clearerr(stdout);
+        });
+        dup2(descriptor, STDOUT_FILENO);
+        Log::print(line);
+    }
+
+private Q_SLOTS:
+    void writesAtOnce()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        printTo(file.handle(), u"DEBUG: 일정 😀");
+        printTo(file.handle(), u"two\nlines");
+        QFile written(file.fileName());
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(written.readAll()),
+                 QStringLiteral("DEBUG: 일정 😀\ntwo\nlines\n"));
+    }
+
+    void survivesThatNobodyReads()
+    {
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        close(ends[0]);
+        printTo(ends[1], u"lost");
+        close(ends[1]);
+    }
+
+    void sinkTakesLines()
+    {
+        QStringList lines;
+        Log::setSink([&lines](QStringView line) { lines.append(line.toString()); });
+        Log::print(u"a");
+        Log::setSink({});
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        printTo(file.handle(), u"b");
+        QCOMPARE(lines, QStringList(QStringLiteral("a")));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_Log)
+#include "tst_Log.moc"

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "SingleInstance.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+class tst_SingleInstance : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    QString m_path = m_folder.filePath(QStringLiteral("lock"));
+
+    void write(const QByteArray &content) const
+    {
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    [[nodiscard]] QByteArray content() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+private Q_SLOTS:
+    void init() { QFile::remove(m_path); }
+
+    void parse_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<int>("expected"); // 0: not a number
+        QTest::newRow("plain") << QByteArray("4321") << 4321;
+        QTest::newRow("plus") << QByteArray("+17") << 17;
+        QTest::newRow("minus") << QByteArray("-17") << -17;
+        QTest::newRow("largest") << QByteArray("2147483647") << 2147483647;
+        QTest::newRow("overflow") << QByteArray("2147483648") << 0;
+        QTest::newRow("line end") << QByteArray("4321\n") << 0;
+        QTest::newRow("space") << QByteArray(" 4321") << 0;
+        QTest::newRow("two signs") << QByteArray("+-1") << 0;
+        QTest::newRow("sign only") << QByteArray("-") << 0;
+        QTest::newRow("hexadecimal") << QByteArray("0x10") << 0;
+        QTest::newRow("empty") << QByteArray() << 0;
+    }
+
+    void parse()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(int, expected);
+        QCOMPARE(SingleInstance::parseProcessId(text).value_or(0), expected);
+    }
+
+    void takesFreeAndStaleLocks()
+    {
+        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
+        for (const char *stale : { "", "rubbish", "999999999", "1\n" }) {
+            if (*stale)
+                write(stale);
+            QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
+            QCOMPARE(content(), own);
+        }
+    }
+
+    void respectsALiveOwner()
+    {
+        QProcess owner;
+        owner.start(QStringLiteral("sleep"), { QStringLiteral("60") });
+        QVERIFY(owner.waitForStarted());
+        const QByteArray held = QByteArray::number(owner.processId());
+        write(held);
+        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), int(owner.processId()));
+        QCOMPARE(content(), held);
+        owner.kill();
+        QVERIFY(owner.waitForFinished());
+        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
+    }
+
+    void leavesAnUnreadableFileAlone()
+    {
+        const QByteArray notUtf8("\xff\xfe\x01", 3);
+        write(notUtf8);
+        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
+        QCOMPARE(content(), notUtf8);
+        const QString nowhere = m_folder.filePath(QStringLiteral("missing/lock"));
+        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(nowhere), std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SingleInstance)
+#include "tst_SingleInstance.moc"
