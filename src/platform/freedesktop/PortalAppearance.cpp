@@ -24,7 +24,8 @@ void PortalAppearance::start()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, objectPath, settings, QStringLiteral("SettingChanged"), this,
+    // With the sender named, Qt 6.4 delivers none of these signals (tried).
+    bus.connect(QString(), objectPath, settings, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message
         = QDBusMessage::createMethodCall(service, objectPath, settings, QStringLiteral("Read"));

@@ -4,7 +4,7 @@
 
 #include "platform/Appearance.h"
 
-class QDBusVariant;
+#include <QDBusVariant> // moc has to know the slot's types
 
 /// The desktop portal's colour scheme (org.freedesktop.portal.Settings, key
 /// "org.freedesktop.appearance" "color-scheme"). Light as long as nobody says otherwise.
