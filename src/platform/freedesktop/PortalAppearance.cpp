@@ -21,11 +21,13 @@ const auto colorScheme = QStringLiteral("color-scheme");
 
 void PortalAppearance::start()
 {
+    // Before the bus's own thread does it: when both do at once, Qt 6.4 may give the type two
+    // identities, and then no signal matches the slot.
+    qRegisterMetaType<QDBusVariant>();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    // With the sender named, Qt 6.4 delivers none of these signals (tried).
-    bus.connect(QString(), objectPath, settings, QStringLiteral("SettingChanged"), this,
+    bus.connect(service, objectPath, settings, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message
         = QDBusMessage::createMethodCall(service, objectPath, settings, QStringLiteral("Read"));
