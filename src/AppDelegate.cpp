@@ -7,6 +7,7 @@
 #include "ConfigManager.h"
 #include "FloatingPanel.h"
 #include "Log.h"
+#include "MenuBarManager.h"
 #include "ResourceBundle.h"
 #include "SelectionDetector.h"
 #include "platform/CopyRequest.h"
@@ -41,6 +42,9 @@ void AppDelegate::applicationDidFinishLaunching()
         ConfigManager::shared(), AccessibilityManager::shared(), FloatingPanel::shared(),
         platform.eventMonitor(), platform.popupHost(), platform.workspace() });
     m_detector->startMonitoring();
+    m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
+    connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
+            &MenuBarManager::openSettings);
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class MenuBarManager;
 class SelectionDetector;
 
 /// Creates what lives as long as the program, once it is up.
@@ -23,4 +24,5 @@ private:
     void showMissingAccess(const QStringList &missing);
 
     std::unique_ptr<SelectionDetector> m_detector;
+    std::unique_ptr<MenuBarManager> m_menuBarManager;
 };

@@ -3,6 +3,7 @@
 #include "HoverButton.h"
 
 #include "PanelLayout.h"
+#include "TemplateImage.h"
 #include "TooltipWindow.h"
 
 #include <QPaintEvent>
@@ -26,18 +27,6 @@ QFont sized(QFont font, int pixels, QFont::Weight weight)
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
-}
-
-/// The image's alpha in one colour, fitted into a square of the given device pixels.
-QPixmap tinted(const QImage &image, const QColor &color, int pixels)
-{
-    QImage fitted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                        .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    QPainter painter(&fitted);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(fitted.rect(), color);
-    painter.end();
-    return QPixmap::fromImage(fitted);
 }
 
 }
@@ -127,11 +116,8 @@ void HoverButton::drawIcon(QPainter &painter)
     if (m_template.isNull())
         return;
     const double scale = devicePixelRatioF();
-    const int pixels = qRound(iconExtent * scale);
-    if (m_tinted.isNull() || !qFuzzyCompare(m_tinted.devicePixelRatio(), scale)) {
-        m_tinted = tinted(m_template, m_theme.icon, pixels);
-        m_tinted.setDevicePixelRatio(scale);
-    }
+    if (m_tinted.isNull() || !qFuzzyCompare(m_tinted.devicePixelRatio(), scale))
+        m_tinted = TemplateImage::tintedPixmap(m_template, m_theme.icon, iconExtent, scale);
     const QSizeF size = m_tinted.deviceIndependentSize();
     painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2),
                        m_tinted);

@@ -16,6 +16,8 @@ public:
     /// Ends the program with a message when there is neither.
     static const ResourceBundle &module();
 
+    [[nodiscard]] const QString &folder() const { return m_folder; }
+
     /// Path of a resource, empty when the bundle has no such file.
     [[nodiscard]] QString path(const QString &name, const QString &extension) const;
 

@@ -71,6 +71,7 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     hidden.reset();
     QApplication::setApplicationName(QStringLiteral("Tessel"));
+    QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("tessel"));
     QApplication::setQuitOnLastWindowClosed(false);
     ResourceBundle::module(); // ends the program here when it is missing

@@ -11,6 +11,7 @@ class CopyRequest;
 class EventMonitor;
 class Pasteboard;
 class PopupHost;
+class StatusArea;
 class Workspace;
 
 /// The services of the desktop that the program runs on. A backend is made before the application
@@ -33,6 +34,7 @@ public:
     [[nodiscard]] virtual Workspace &workspace() = 0;
     [[nodiscard]] virtual PopupHost &popupHost() = 0;
     [[nodiscard]] virtual Appearance &appearance() = 0;
+    [[nodiscard]] virtual StatusArea &statusArea() = 0;
 };
 
 struct PlatformResult

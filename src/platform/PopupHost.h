@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFuture>
+#include <QObject>
 #include <QPoint>
 #include <QRect>
 
@@ -20,10 +21,12 @@ struct PopupLocation
 
 /// Puts windows of our own above everything without taking the application in front out of focus.
 /// A window is given by its QWindow, which must exist (be created) and outlive its time on screen.
-class PopupHost
+class PopupHost : public QObject
 {
+    Q_OBJECT
+
 public:
-    virtual ~PopupHost() = default;
+    using QObject::QObject;
 
     /// May take a moment on desktops where the pointer is not known at any time.
     [[nodiscard]] virtual QFuture<PopupLocation> locate() = 0;

@@ -101,3 +101,9 @@ void FakePlatform::Look::setDark(bool isDark)
     if (std::exchange(m_isDark, isDark) != isDark)
         Q_EMIT changed();
 }
+
+void FakePlatform::Area::appear()
+{
+    m_isAvailable = true;
+    Q_EMIT becameAvailable();
+}

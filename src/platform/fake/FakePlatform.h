@@ -8,6 +8,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
+#include "platform/StatusArea.h"
 #include "platform/Workspace.h"
 
 #include <QPromise>
@@ -105,6 +106,16 @@ public:
         bool m_isDark = false;
     };
 
+    class Area final : public StatusArea
+    {
+    public:
+        [[nodiscard]] bool isAvailable() const override { return m_isAvailable; }
+        void appear();
+
+    private:
+        bool m_isAvailable = false;
+    };
+
     void start() override { }
     [[nodiscard]] Monitor &eventMonitor() override { return m_monitor; }
     [[nodiscard]] Copier &copyRequest() override { return m_copier; }
@@ -112,6 +123,7 @@ public:
     [[nodiscard]] Desk &workspace() override { return m_desk; }
     [[nodiscard]] Popups &popupHost() override { return m_popups; }
     [[nodiscard]] Look &appearance() override { return m_look; }
+    [[nodiscard]] Area &statusArea() override { return m_area; }
 
 private:
     Monitor m_monitor;
@@ -120,4 +132,5 @@ private:
     Desk m_desk;
     Popups m_popups;
     Look m_look;
+    Area m_area;
 };

@@ -8,8 +8,7 @@
 #include "platform/x11/X11SelectionReader.h"
 #include "platform/x11/X11Terminals.h"
 
-#include <QCoroFuture>
-
+#include <algorithm>
 #include <xcb/xcb.h>
 #define explicit explicit_ // a member's name in this C header
 #include <xcb/xkb.h>
@@ -91,10 +90,11 @@ void X11CopyRequest::press(Chord chord)
     if (chord == Chord::controlShiftC)
         keys.append(m_keys->shift);
     keys.append(m_keys->copy);
-    for (auto key = keys.cbegin(); key != keys.cend(); ++key)
-        fakeKey(XCB_KEY_PRESS, *key);
-    for (auto key = keys.crbegin(); key != keys.crend(); ++key)
-        fakeKey(XCB_KEY_RELEASE, *key);
+    for (const quint8 key : std::as_const(keys))
+        fakeKey(XCB_KEY_PRESS, key);
+    std::reverse(keys.begin(), keys.end());
+    for (const quint8 key : std::as_const(keys))
+        fakeKey(XCB_KEY_RELEASE, key);
     xcb_flush(m_connection.xcb());
 }
 

@@ -9,6 +9,7 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PopupHost.h"
 #include "platform/x11/X11SelectionReader.h"
+#include "platform/x11/X11StatusArea.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <QGuiApplication>
@@ -31,6 +32,7 @@ struct X11Platform::Services
         *connection, [this] { return popupHost.holdsKeyboard() || QGuiApplication::focusWindow(); }
     };
     PortalAppearance appearance;
+    X11StatusArea statusArea { *connection };
 };
 
 std::unique_ptr<Platform> X11Platform::connect(QString *error)
@@ -53,6 +55,7 @@ void X11Platform::start()
 {
     m_services->connection->start();
     m_services->appearance.start();
+    m_services->statusArea.start();
 }
 
 EventMonitor &X11Platform::eventMonitor()
@@ -83,4 +86,9 @@ PopupHost &X11Platform::popupHost()
 Appearance &X11Platform::appearance()
 {
     return m_services->appearance;
+}
+
+StatusArea &X11Platform::statusArea()
+{
+    return m_services->statusArea;
 }

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Workspace &workspace() override;
     [[nodiscard]] PopupHost &popupHost() override;
     [[nodiscard]] Appearance &appearance() override;
+    [[nodiscard]] StatusArea &statusArea() override;
 
 private:
     struct Services;

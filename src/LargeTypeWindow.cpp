@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "LargeTypeWindow.h"
+
+#include "platform/PopupHost.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int fontSize = 72;
+constexpr double share = 0.8; ///< of the screen that the text may take, each way
+constexpr QRect withoutScreen(0, 0, 800, 600);
+/// More than fits on any screen; what is longer would only cost time to lay out.
+constexpr qsizetype mostCharacters = 20'000;
+/// For a key that is held down for ever.
+constexpr auto longestPress = 3s;
+
+QPointer<LargeTypeWindow> shown;
+
+}
+
+void LargeTypeWindow::show(PopupHost &host, const QString &text)
+{
+    if (shown)
+        shown->closeWindow();
+    host.locate().then(&host, [&host, text](const PopupLocation &location) {
+        auto *window = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen));
+        shown = window;
+        window->winId();
+        host.adopt(window->windowHandle());
+        window->setVisible(true);
+        host.takeKeyboard(window->windowHandle());
+    });
+}
+
+LargeTypeWindow *LargeTypeWindow::current()
+{
+    return shown;
+}
+
+LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame)
+    : QWidget(nullptr,
+              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
+                  | Qt::NoDropShadowWindowHint)
+    , m_host(host)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle(QStringLiteral("Tessel Large Type"));
+    setAccessibleName(text.left(mostCharacters));
+    setGeometry(frame);
+    layOut(text.left(mostCharacters));
+}
+
+/// Paragraph by paragraph and line by line, until the box is full.
+void LargeTypeWindow::layOut(const QString &text)
+{
+    const double boxWidth = width() * share;
+    const double boxHeight = height() * share;
+    QFont large = font();
+    large.setPixelSize(fontSize);
+    large.setBold(true);
+    QTextOption option(Qt::AlignHCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    for (const QString &paragraph : text.split(u'\n')) {
+        auto layout = std::make_unique<QTextLayout>(paragraph, large);
+        layout->setTextOption(option);
+        layout->beginLayout();
+        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+            line.setLineWidth(boxWidth);
+            if (m_textHeight + line.height() > boxHeight) {
+                line.setNumColumns(0); // cut off here
+                layout->endLayout();
+                m_paragraphs.push_back(std::move(layout));
+                return;
+            }
+            line.setPosition({ 0, m_textHeight });
+            m_textHeight += line.height();
+        }
+        layout->endLayout();
+        m_paragraphs.push_back(std::move(layout));
+    }
+}
+
+void LargeTypeWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0, 0, 0, 217));
+    painter.setPen(Qt::white);
+    const QRectF box(width() * (1 - share) / 2, (height() - m_textHeight) / 2, width() * share,
+                     m_textHeight);
+    painter.setClipRect(box.adjusted(-fontSize, 0, fontSize, 0));
+    for (const auto &paragraph : m_paragraphs)
+        paragraph->draw(&painter, box.topLeft());
+}
+
+/// The press must not reach the window below, nor may its repetitions and its release: the keyboard
+/// is kept until the key is up, by a window that has left the screen.
+void LargeTypeWindow::keyPressEvent(QKeyEvent *)
+{
+    move(-2 * width(), -2 * height());
+    QTimer::singleShot(longestPress, this, &LargeTypeWindow::closeWindow);
+}
+
+void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    const bool wasPressedHere = x() < -width();
+    if (wasPressedHere && !event->isAutoRepeat())
+        closeWindow();
+}
+
+void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)
+{
+    closeWindow();
+}
+
+void LargeTypeWindow::closeWindow()
+{
+    m_host.releaseKeyboard(windowHandle());
+    if (shown == this)
+        shown.clear();
+    close();
+}
