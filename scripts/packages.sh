@@ -9,11 +9,11 @@ build_packages=(
     libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
     nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
 )
-run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils)
+run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
-    dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils
-    x11-xkb-utils x11-xserver-utils xdg-utils xterm xvfb
+    clipit dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils
+    trayer x11-xkb-utils x11-xserver-utils xdg-utils xfce4-panel xterm xvfb zsh
 )
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)

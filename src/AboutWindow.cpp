@@ -29,7 +29,7 @@ QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight)
 AboutWindow::AboutWindow(const QImage &icon)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QStringLiteral("Tessel"));
+    setWindowTitle(QStringLiteral("About Tessel"));
     addWindowCommands(this);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 

@@ -6,6 +6,7 @@
 #include "Log.h"
 #include "NotificationCenter.h"
 #include "Placeholder.h"
+#include "ShellAction.h"
 #include "TextRules.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
@@ -61,6 +62,8 @@ void ActionManager::run(const ActionConfig &action, const QString &text)
         performURLAction(action.templateText, text);
         break;
     case ActionType::shellScript:
+        performShellScript(action.templateText, text);
+        break;
     case ActionType::appleScript:
     case ActionType::shortcut:
         Log::print(u"WARNING: actions of type "_s + rawValue(action.type)
@@ -84,6 +87,18 @@ void ActionManager::performURLAction(const QString &urlTemplate, const QString &
     Log::print(u"Action: Opened URL "_s + *url);
 }
 
+void ActionManager::performShellScript(const QString &commandTemplate, const QString &text)
+{
+    m_commands.run(shellCommandRequest(commandTemplate, text, defaultShell()),
+                   [this](const CommandResult &result) {
+                       const ShellReport report = shellReport(result);
+                       if (!report.logLine.isEmpty())
+                           Log::print(report.logLine);
+                       if (report.error)
+                           Q_EMIT commandFailed(report.error->title, report.error->message);
+                   });
+}
+
 void ActionManager::performBuiltin(const QString &type, const QString &text)
 {
     if (type == u"COPY") {
@@ -93,6 +108,10 @@ void ActionManager::performBuiltin(const QString &type, const QString &text)
         const QString count = QString::number(characterCount(text));
         m_dependencies.pasteboard.setString(count);
         Log::print(u"Action: Copied count "_s + count + u" to clipboard"_s);
+    } else if (type == u"LARGE_TYPE") {
+        // When the bar has been hidden.
+        QMetaObject::invokeMethod(
+            this, [this, text] { Q_EMIT largeTypeRequested(text); }, Qt::QueuedConnection);
     } else {
         Log::print(u"Action: Unknown builtin type "_s + type);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CommandRunner.h"
 #include "GlintAction.h"
 
 #include <QList>
@@ -38,11 +39,15 @@ public:
 
     /// Opens the URL; texts and templates that do not make one are passed over in silence.
     void performURLAction(const QString &urlTemplate, const QString &text);
+    /// Runs a shell command; its outcome is logged, its failure announced.
+    void performShellScript(const QString &commandTemplate, const QString &text);
     void performBuiltin(const QString &type, const QString &text);
 
 Q_SIGNALS:
     /// An action was chosen and runs a moment later: whatever is in the way has to go.
     void willRunAction();
+    void commandFailed(const QString &title, const QString &message);
+    void largeTypeRequested(const QString &text);
 
 private:
     void dispatch(const ActionConfig &action, const QString &text);
@@ -50,4 +55,5 @@ private:
 
     Dependencies m_dependencies;
     QList<GlintAction> m_actions;
+    CommandRunner m_commands;
 };

@@ -3,15 +3,18 @@
 #include "AppDelegate.h"
 
 #include "AccessibilityManager.h"
+#include "ActionManager.h"
 #include "ApplicationIcon.h"
 #include "ConfigManager.h"
 #include "FloatingPanel.h"
+#include "LargeTypeWindow.h"
 #include "Log.h"
 #include "MenuBarManager.h"
 #include "ResourceBundle.h"
 #include "SelectionDetector.h"
 #include "platform/CopyRequest.h"
 #include "platform/Platform.h"
+#include "platform/PopupHost.h"
 #include "platform/Workspace.h"
 
 #include <QMessageBox>
@@ -45,6 +48,14 @@ void AppDelegate::applicationDidFinishLaunching()
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
+    connect(&ActionManager::shared(), &ActionManager::commandFailed, this,
+            [](const QString &title, const QString &message) {
+                MenuBarManager::shared().showError(title, message);
+            });
+    connect(&ActionManager::shared(), &ActionManager::largeTypeRequested, this,
+            [&platform](const QString &text) {
+                LargeTypeWindow::show(platform.popupHost(), text);
+            });
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {

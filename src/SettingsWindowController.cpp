@@ -54,6 +54,8 @@ void SettingsWindowController::showWindow()
 
 void SettingsWindowController::setFloating(bool isFloating)
 {
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == isFloating)
+        return;
     const bool wasVisible = isVisible();
     setWindowFlag(Qt::WindowStaysOnTopHint, isFloating);
     setVisible(wasVisible); // changing the flags hides a window

@@ -4,14 +4,18 @@
 #include "ConfigManager.h"
 #include "Log.h"
 #include "ResourceBundle.h"
+#include "ShellAction.h"
 #include "SingleInstance.h"
 #include "platform/Platform.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <csignal>
+#include <fcntl.h>
 #include <optional>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +53,21 @@ private:
     QByteArray m_name;
 };
 
+/// Ends the event loop, so that the clipboard can be handed to a clipboard manager.
+void quitOnTerminationSignals()
+{
+    static int ends[2];
+    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    auto *notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+    for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
+        std::signal(signal, [](int) {
+            [[maybe_unused]] const auto written = ::write(ends[1], "", 1);
+        });
+    }
+}
+
 }
 
 int main(int argc, char *argv[])
@@ -70,6 +89,8 @@ int main(int argc, char *argv[])
     std::optional<HiddenDesktop> hidden(std::in_place);
     QApplication app(argc, argv);
     hidden.reset();
+    quitOnTerminationSignals();
+    prependHelperFolderToPath();
     QApplication::setApplicationName(QStringLiteral("Tessel"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("tessel"));

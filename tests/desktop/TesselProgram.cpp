@@ -19,13 +19,19 @@ TesselProgram::TesselProgram(DesktopSession &session)
 {
 }
 
-QJsonObject TesselProgram::urlAction(const QString &id, const QString &urlTemplate)
+QJsonObject TesselProgram::action(const QString &id, const QString &type,
+                                  const QString &templateText)
 {
     return { { u"id"_s, id },
              { u"title"_s, id },
              { u"iconName"_s, u"phosphor_star"_s },
-             { u"type"_s, u"url"_s },
-             { u"template"_s, urlTemplate } };
+             { u"type"_s, type },
+             { u"template"_s, templateText } };
+}
+
+QJsonObject TesselProgram::urlAction(const QString &id, const QString &urlTemplate)
+{
+    return action(id, u"url"_s, urlTemplate);
 }
 
 QString TesselProgram::path()
@@ -92,6 +98,13 @@ std::optional<WindowInfo> TesselProgram::waitForBar() const
 bool TesselProgram::waitUntilBarGone() const
 {
     return QTest::qWaitFor([this] { return !bar(); }, 5000);
+}
+
+std::optional<WindowInfo> TesselProgram::waitForWindow(const QString &title) const
+{
+    return m_session.user().waitForWindow([&title](const WindowInfo &window) {
+        return window.className == u"Tessel" && window.title == title;
+    });
 }
 
 void TesselProgram::awaitTrigger() const

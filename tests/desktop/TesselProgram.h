@@ -20,6 +20,8 @@ public:
     /// The actions; empty: one that opens "tessel-test://open?{text}".
     QJsonArray actions;
 
+    [[nodiscard]] static QJsonObject action(const QString &id, const QString &type,
+                                            const QString &templateText);
     [[nodiscard]] static QJsonObject urlAction(const QString &id, const QString &urlTemplate);
 
     [[nodiscard]] bool writeConfiguration();
@@ -35,6 +37,9 @@ public:
     [[nodiscard]] std::optional<desktop::WindowInfo> bar() const; ///< when it is on the screen
     [[nodiscard]] std::optional<desktop::WindowInfo> waitForBar() const;
     [[nodiscard]] bool waitUntilBarGone() const;
+
+    /// One of the program's other windows, when it has come.
+    [[nodiscard]] std::optional<desktop::WindowInfo> waitForWindow(const QString &title) const;
 
     /// The trigger is ignored for a second after a capture: returns when that is over.
     void awaitTrigger() const;

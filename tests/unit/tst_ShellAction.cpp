@@ -1,0 +1,255 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ShellAction.h"
+
+#include "Placeholder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTestEventLoop>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int bound = 20000; // ms
+
+/// Whatever a shell, printf or a locale could take for something of its own. The first is empty.
+const QStringList &nastyTexts()
+{
+    static const QStringList texts
+        = u"␞'␞''␞'\\''␞\"␞it's␞\\␞\\\\␞\\'␞\\n␞\n␞\n\n␞a\\\n␞\r\n␞\r␞\t␞ ␞  a  ␞"
+          "$␞$HOME␞${HOME}␞$(id)␞$((1+1))␞`id`␞$'\\n'␞$$␞!!␞!id␞*␞?␞[a-z]␞~␞=ls␞{a,b}␞{text}␞"
+          "^␞# a␞;id␞&␞|␞<(id)␞>a␞a=b␞()␞-␞--␞-n␞-e a␞-v␞%␞%s␞%1$s␞\\0␞\\c␞"
+          "\x01␞\x03␞\x08␞\x1b[0m␞\x7f␞\u0081␞\u0085␞\u00a0␞é␞e\u0301␞\u0301␞일정␞"
+          "\u202e␞\u2028␞\ufeff␞\uffff␞👩‍👩‍👧␞\U0001f1ea␞\U000e0041␞\U0010ffff"_s
+              .split(u'␞');
+    return texts;
+}
+
+/// From every plane of Unicode (no U+0000, no surrogates).
+QString randomCharacter(QRandomGenerator &random)
+{
+    const char32_t character = (random.bounded(17u) << 16) + random.bounded(0x10000u);
+    const bool isText = character != 0 && (character < 0xD800 || character > 0xDFFF);
+    return isText ? QString::fromUcs4(&character, 1) : QString();
+}
+
+QString randomText(QRandomGenerator &random, int pieces)
+{
+    QString text;
+    for (int i = 0; i < pieces; ++i) {
+        switch (random.bounded(3)) {
+        case 0:
+            text += nastyTexts().at(random.bounded(static_cast<int>(nastyTexts().size())));
+            break;
+        case 1:
+            text += QChar(random.bounded(1, 0x80));
+            break;
+        default:
+            text += randomCharacter(random);
+        }
+    }
+    return text;
+}
+
+QStringList randomTexts(QRandomGenerator &random, int count)
+{
+    QStringList texts;
+    for (int i = 0; i < count; ++i)
+        texts.append(randomText(random, random.bounded(1, 40)));
+    return texts;
+}
+
+}
+
+class tst_ShellAction : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    /// What the command wrote to the file that "$OUT" names.
+    static QByteArray written(const CommandRequest &request)
+    {
+        QTestEventLoop loop;
+        QByteArray failure = "takes too long";
+        CommandRunner runner;
+        runner.run(request, [&](const CommandResult &result) {
+            failure = result.launchError.value_or(QString()).toUtf8() + result.errorOutput;
+            loop.exitLoop();
+        });
+        loop.enterLoopMSecs(bound);
+        if (!failure.isEmpty())
+            return "failed: " + failure;
+        QFile file(qEnvironmentVariable("OUT"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+
+    static void setLocale(const QByteArray &name)
+    {
+        if (name.isNull())
+            qunsetenv("LC_ALL"); // it would hide LANG
+        else
+            qputenv("LC_ALL", name);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { qputenv("OUT", QFile::encodeName(m_folder.filePath(u"out"_s))); }
+
+    void textsArrive_data()
+    {
+        QTest::addColumn<QString>("shell");
+        QTest::addColumn<QByteArray>("locale"); // null: what LANG says, which need not exist
+        QTest::newRow("zsh") << u"/bin/zsh"_s << QByteArray();
+        QTest::newRow("zsh, UTF-8") << u"/bin/zsh"_s << QByteArray("C.UTF-8");
+        QTest::newRow("zsh, bytes") << u"/bin/zsh"_s << QByteArray("C");
+        QTest::newRow("sh") << u"/bin/sh"_s << QByteArray();
+    }
+
+    void textsArrive()
+    {
+        QFETCH(QString, shell);
+        QFETCH(QByteArray, locale);
+        setLocale(locale);
+        QRandomGenerator random(1);
+        QStringList texts = nastyTexts() + randomTexts(random, 200);
+        QString large;
+        while (Placeholder::escapedForShell(large).toUtf8().size() < 125000)
+            large += randomText(random, 40);
+        QVERIFY(large.toUtf8().size() > 100000);
+        texts.append(large);
+        for (const QString &text : std::as_const(texts)) {
+            const CommandRequest request = shellCommandRequest(
+                u"printf '%s\\0' '{text}' > $OUT; printf %s \"$TESSEL_TEXT\" >> $OUT"_s, text,
+                shell);
+            QCOMPARE(written(request), text.toUtf8() + '\0' + text.toUtf8());
+        }
+    }
+
+    void thousandsOfTextsArrive_data() { textsArrive_data(); }
+
+    void thousandsOfTextsArrive()
+    {
+        QFETCH(QString, shell);
+        QFETCH(QByteArray, locale);
+        setLocale(locale);
+        QRandomGenerator random(2);
+        for (int batch = 0; batch < 20; ++batch) {
+            const QStringList texts = randomTexts(random, 250);
+            CommandRequest all { shell, { u"-c"_s, u"exec > $OUT"_s }, {}, {} };
+            for (const QString &text : texts) {
+                all.arguments.last() += u'\n'
+                    + shellCommandRequest(u"printf '%s\\0' '{text}'"_s, text, shell)
+                          .arguments.constLast();
+            }
+            const QList<QByteArray> got = written(all).split('\0');
+            for (qsizetype i = 0; i < texts.size(); ++i)
+                QCOMPARE(got.value(i), texts[i].toUtf8());
+        }
+    }
+
+    void environment()
+    {
+        qputenv("LANG", "own");
+        qputenv("TESSEL_TEXT", "own");
+        QCOMPARE(
+            written(shellCommandRequest(u"env | grep -E '^(LANG|TESSEL_TEXT)=' | sort > $OUT"_s,
+                                        u" a "_s, defaultShell())),
+            QByteArray("LANG=en_US.UTF-8\nTESSEL_TEXT= a \n"));
+    }
+
+    void choosesZsh()
+    {
+        QCOMPARE(defaultShell(), QFileInfo::exists(u"/bin/zsh"_s) ? u"/bin/zsh"_s : u"/bin/sh"_s);
+    }
+
+    void reports_data()
+    {
+        QTest::addColumn<int>("exitStatus");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<QByteArray>("errorOutput");
+        QTest::addColumn<QString>("logLine");
+        QTest::addColumn<QString>("message"); // null: nothing is shown
+        const auto row
+            = [](const char *name, int exitStatus, const char *output, const char *errorOutput,
+                 const char *logLine, const char *message = nullptr) {
+                  QTest::newRow(name) << exitStatus << QByteArray(output) << QByteArray(errorOutput)
+                                      << QString::fromUtf8(logLine) << QString::fromUtf8(message);
+              };
+        row("silent", 0, "", "", "");
+        row("output", 0, " \n일정\nb\t\r\n\u0085\u2028", "", "Shell Output: 일정\nb");
+        row("blank output", 0, "\n", "", "Shell Output: ");
+        row("invalid output", 0, "a\xff", "", "");
+        row("only standard error", 0, "", "warning\n", "");
+        row("failure", 3, "out\n", " err\nor\n",
+            "ERROR: Shell command failed with status 3:  err\nor\n",
+            "The command exited with status 3.\n\nError:\nerr\nor");
+        row("silent failure", 1, "out", "", "ERROR: Shell command failed with status 1: ",
+            "The command exited with status 1.\n\nError:\n");
+        row("signal, invalid UTF-8", 143, "", "ok \xc3(",
+            "ERROR: Shell command failed with status 143: Unknown error",
+            "The command exited with status 143.\n\nError:\nUnknown error");
+    }
+
+    void reports()
+    {
+        QFETCH(int, exitStatus);
+        QFETCH(QByteArray, output);
+        QFETCH(QByteArray, errorOutput);
+        QFETCH(QString, message);
+        const ShellReport report = shellReport({ {}, exitStatus, output, errorOutput });
+        QTEST(report.logLine, "logLine");
+        QCOMPARE(report.error.has_value(), !message.isNull());
+        if (report.error) {
+            QCOMPARE(report.error->title, u"Command Failed"_s);
+            QCOMPARE(report.error->message, message);
+        }
+    }
+
+    void reportsFailedLaunch()
+    {
+        const ShellReport report = shellReport({ u"/bin/zsh: gone"_s, 0, {}, {} });
+        QCOMPARE(report.logLine, u"ERROR: Shell command failed: /bin/zsh: gone"_s);
+        QVERIFY(report.error);
+        QCOMPARE(report.error->title, u"Execution Failed"_s);
+        QCOMPARE(report.error->message,
+                 u"Could not launch the command.\n\nError:\n/bin/zsh: gone"_s);
+    }
+
+    void findsHelpers()
+    {
+        const QString programs = m_folder.filePath(u"bin"_s);
+        const QString built = helperFolder(programs);
+        QCOMPARE(QFileInfo(built).fileName(), u"libexec"_s);
+        QVERIFY(QDir(m_folder.path()).mkpath(u"libexec/tessel"_s));
+        QCOMPARE(helperFolder(programs), m_folder.filePath(u"libexec/tessel"_s));
+    }
+
+    void helpersStandFirst_data()
+    {
+        QTest::addColumn<QByteArray>("path");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("set") << QByteArray("/a:/b") << QByteArray(":/a:/b");
+        QTest::newRow("empty") << QByteArray() << QByteArray(":/usr/local/bin:/usr/bin:/bin");
+    }
+
+    void helpersStandFirst()
+    {
+        QFETCH(QByteArray, path);
+        QFETCH(QByteArray, expected);
+        const QByteArray original = qgetenv("PATH");
+        qputenv("PATH", path);
+        prependHelperFolderToPath();
+        const QByteArray changed = qgetenv("PATH");
+        qputenv("PATH", original);
+        QCOMPARE(changed, QFile::encodeName(helperFolder()) + expected);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ShellAction)
+#include "tst_ShellAction.moc"
