@@ -5,15 +5,16 @@
 
 build_packages=(
     cmake g++ ninja-build pkg-config
-    libicu-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev
+    libicu-dev libssl-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev
     libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
     nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
 )
 run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
-    clipit dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils
-    trayer x11-xkb-utils x11-xserver-utils xdg-utils xfce4-panel xterm xvfb zsh
+    dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils
+    trayer unicode-data x11-xkb-utils x11-xserver-utils xdg-utils xfce4-clipman-plugin
+    xfce4-panel xfconf xterm xvfb zsh
 )
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)

@@ -12,6 +12,7 @@
 #include "MenuBarManager.h"
 #include "ResourceBundle.h"
 #include "SelectionDetector.h"
+#include "UpdaterController.h"
 #include "platform/CopyRequest.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
@@ -48,14 +49,21 @@ void AppDelegate::applicationDidFinishLaunching()
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
+    m_updaterController
+        = std::make_unique<UpdaterController>(UpdaterController::standard(platform.workspace()));
+    connect(m_menuBarManager.get(), &MenuBarManager::updateCheckRequested,
+            m_updaterController.get(), &UpdaterController::checkForUpdates);
     connect(&ActionManager::shared(), &ActionManager::commandFailed, this,
-            [](const QString &title, const QString &message) {
-                MenuBarManager::shared().showError(title, message);
+            [this](const QString &title, const QString &message) {
+                // The first error adds an item to the tray, whose menu works like the other's.
+                MenuBarManager &reporter = MenuBarManager::shared();
+                connect(&reporter, &MenuBarManager::updateCheckRequested, m_updaterController.get(),
+                        &UpdaterController::checkForUpdates, Qt::UniqueConnection);
+                reporter.showError(title, message);
             });
-    connect(&ActionManager::shared(), &ActionManager::largeTypeRequested, this,
-            [&platform](const QString &text) {
-                LargeTypeWindow::show(platform.popupHost(), text);
-            });
+    connect(
+        &ActionManager::shared(), &ActionManager::largeTypeRequested, this,
+        [&platform](const QString &text) { LargeTypeWindow::show(platform.popupHost(), text); });
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {

@@ -8,6 +8,7 @@
 
 class MenuBarManager;
 class SelectionDetector;
+class UpdaterController;
 
 /// Creates what lives as long as the program, once it is up.
 class AppDelegate final : public QObject
@@ -25,4 +26,5 @@ private:
 
     std::unique_ptr<SelectionDetector> m_detector;
     std::unique_ptr<MenuBarManager> m_menuBarManager;
+    std::unique_ptr<UpdaterController> m_updaterController;
 };

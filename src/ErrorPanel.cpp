@@ -27,15 +27,26 @@ constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
 constexpr QColor systemRed(255, 59, 48);
 
-/// Control characters would take up no place or move the text about.
-QString displayable(QString text)
+/// What the message box shows. Control characters would take up no place or move the text about; a
+/// line of a megabyte would take Qt a minute to lay out, so that long ones are broken up.
+QString displayable(const QString &text)
 {
-    for (QChar &c : text) {
+    constexpr int longestLine = 1000;
+    QString shown;
+    shown.reserve(text.size() + text.size() / longestLine);
+    int column = 0;
+    for (QChar c : text) {
         const bool isControl = c.unicode() < 0x20 || c.unicode() == 0x7f;
         if (isControl && c != u'\n' && c != u'\t')
             c = QChar(c.unicode() == 0x7f ? 0x2421 : 0x2400 + c.unicode()); // Control Pictures
+        column = c == u'\n' ? 0 : column + 1;
+        if (column > longestLine && !c.isLowSurrogate()) {
+            shown += u'\n';
+            column = 1;
+        }
+        shown += c;
     }
-    return text;
+    return shown;
 }
 
 QString lookOfParts(bool isDark)
@@ -44,6 +55,10 @@ QString lookOfParts(bool isDark)
                "QLabel { color: %1; }"
                "QPlainTextEdit { color: %1; background: %2; border: none; border-radius: 6px;"
                " padding: 4px; }"
+               "QScrollBar { background: transparent; width: 8px; }"
+               "QScrollBar::handle { background: #808084; border-radius: 3px; margin: 1px;"
+               " min-height: 24px; }"
+               "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
                "QPushButton { color: %1; background: %3; border: 1px solid %4; border-radius: 6px;"
                " padding: 5px 10px; }"
                "QPushButton:hover { background: %4; }"

@@ -62,9 +62,8 @@ void quitOnTerminationSignals()
     auto *notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, qApp);
     QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
     for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
-        std::signal(signal, [](int) {
-            [[maybe_unused]] const auto written = ::write(ends[1], "", 1);
-        });
+        std::signal(signal,
+                    [](int) { [[maybe_unused]] const auto written = ::write(ends[1], "", 1); });
     }
 }
 

@@ -58,11 +58,12 @@ private Q_SLOTS:
     {
         Stage stage;
         const QString text = u"it's \"$HOME\" `id` \\ 100%\n한글 🙂 -n"_s;
-        QVERIFY(stage.prepare(TesselProgram::action(
-                                  u"shell"_s, u"shellScript"_s,
-                                  u"printf %s '{text}' >\"$HOME/quoted\" && printf %s \"$TESSEL_TEXT\" "
-                                  "| tee \"$HOME/variable\" >\"$HOME/done\""_s),
-                              text));
+        QVERIFY(
+            stage.prepare(TesselProgram::action(
+                              u"shell"_s, u"shellScript"_s,
+                              u"printf %s '{text}' >\"$HOME/quoted\" && printf %s \"$TESSEL_TEXT\" "
+                              "| tee \"$HOME/variable\" >\"$HOME/done\""_s),
+                          text));
         QVERIFY(stage.runAction());
         QTRY_COMPARE(stage.file(u"done"_s), text.toUtf8());
         QCOMPARE(stage.file(u"quoted"_s), text.toUtf8());
@@ -82,9 +83,9 @@ private Q_SLOTS:
         QFETCH(quint32, key);
         QFETCH(bool, isCopied);
         Stage stage;
-        QVERIFY(stage.prepare(TesselProgram::action(u"shell"_s, u"shellScript"_s,
-                                                    u"echo 'it broke' >&2; exit 3"_s),
-                              u"word"_s));
+        QVERIFY(stage.prepare(
+            TesselProgram::action(u"shell"_s, u"shellScript"_s, u"echo 'it broke' >&2; exit 3"_s),
+            u"word"_s));
         QVERIFY(stage.runAction());
         auto panel = stage.tessel.waitForWindow(u"Command Failed"_s);
         QVERIFY(panel);
@@ -117,8 +118,8 @@ private Q_SLOTS:
     {
         QFETCH(quint32, key);
         Stage stage;
-        QVERIFY(stage.prepare(
-            TesselProgram::action(u"largetype"_s, u"builtin"_s, u"LARGE_TYPE"_s), u"tesserae"_s));
+        QVERIFY(stage.prepare(TesselProgram::action(u"largetype"_s, u"builtin"_s, u"LARGE_TYPE"_s),
+                              u"tesserae"_s));
         XUser &user = stage.session.user();
         const quint32 active = user.activeWindow();
         QVERIFY(stage.runAction());

@@ -33,9 +33,9 @@ public:
     void change(uint value)
     {
         scheme = value;
-        QDBusMessage signal = QDBusMessage::createSignal(
-            u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s,
-            u"SettingChanged"_s);
+        QDBusMessage signal
+            = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
+                                         u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
         signal.setArguments({ u"org.freedesktop.appearance"_s, u"color-scheme"_s,
                               QVariant::fromValue(QDBusVariant(value)) });
         QDBusConnection(u"portal"_s).send(signal);

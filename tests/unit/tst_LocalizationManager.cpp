@@ -48,8 +48,8 @@ private Q_SLOTS:
         QTest::newRow("English") << Language::english << u"Quit"_s << u"Quit"_s;
         QTest::newRow("the placeholder is a text like any other")
             << Language::korean << u"Must contain {text}"_s << u"{text}를 포함해야 합니다"_s;
-        QTest::newRow("unknown key") << Language::korean << u"Script required"_s
-                                     << u"Script required"_s;
+        QTest::newRow("unknown key")
+            << Language::korean << u"Script required"_s << u"Script required"_s;
         QTest::newRow("other case") << Language::korean << u"quit"_s << u"quit"_s;
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "TextRules.h"
 
+#include <QFile>
 #include <QTest>
 
 class tst_TextRules : public QObject
@@ -63,6 +64,29 @@ private Q_SLOTS:
         QCOMPARE(characterCount(text), expected);
         QCOMPARE(characterCount(QStringLiteral("x ") + text),
                  expected + 2 - text.startsWith(u'\u0301'));
+    }
+
+    /// The Unicode Character Database's own test of cluster boundaries ("÷ 0061 × 0308 ÷ 0020 ÷").
+    void charactersOfTheUnicodeTest()
+    {
+        QFile file(QStringLiteral("/usr/share/unicode/auxiliary/GraphemeBreakTest.txt"));
+        QVERIFY2(file.open(QIODevice::ReadOnly), "install unicode-data");
+        int cases = 0;
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            const QString rule = QString::fromUtf8(line).section(u'#', 0, 0).trimmed();
+            if (rule.isEmpty())
+                continue;
+            QString text;
+            for (const QString &part : rule.split(u' ', Qt::SkipEmptyParts)) {
+                bool isCodePoint = false;
+                const char32_t codePoint = part.toUInt(&isCodePoint, 16);
+                if (isCodePoint)
+                    text += QString::fromUcs4(&codePoint, 1);
+            }
+            QVERIFY2(characterCount(text) == rule.count(u'÷') - 1, qPrintable(rule));
+            ++cases;
+        }
+        QVERIFY(cases > 500);
     }
 };
 

@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ErrorPanel.h"
+#include "FileLogger.h"
+#include "LargeTypeWindow.h"
+#include "Log.h"
+#include "MenuBarManager.h"
+#include "PanelFixture.h"
+#include "SettingsWindowController.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QPlainTextEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct MenuFixture : PanelFixture
+{
+    LocalizationManager texts { QStringLiteral(TESSEL_BUNDLE "/Localizations") };
+    MenuBarManager manager { { config, texts, notifications, bundle, platform } };
+    QStringList lines;
+
+    MenuFixture()
+    {
+        Log::setSink([this](QStringView line) { lines += line.toString(); });
+    }
+    ~MenuFixture() { Log::setSink({}); }
+    Q_DISABLE_COPY_MOVE(MenuFixture)
+
+    [[nodiscard]] QStringList entries()
+    {
+        QStringList titles;
+        for (const QAction *action : manager.menu().actions())
+            titles += action->isSeparator() ? u"-"_s : action->text();
+        return titles;
+    }
+
+    [[nodiscard]] SettingsWindowController *settings()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *window = qobject_cast<SettingsWindowController *>(widget))
+                return window;
+        }
+        return nullptr;
+    }
+};
+
+}
+
+class tst_MenuBarManager : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void menuFollowsTheLanguage()
+    {
+        MenuFixture fixture;
+        QCOMPARE(fixture.entries(),
+                 QStringList({ u"About Tessel"_s, u"Check for Updates..."_s, u"-"_s,
+                               u"Preferences..."_s, u"-"_s, u"Quit"_s }));
+        fixture.texts.currentLanguage = LocalizationManager::Language::korean;
+        Q_EMIT fixture.notifications.languageDidChange();
+        QCOMPARE(fixture.entries(),
+                 QStringList({ u"Tessel 정보"_s, u"Check for Updates..."_s, u"-"_s,
+                               u"환경설정..."_s, u"-"_s, u"종료"_s }));
+    }
+
+    void settingsWindowLivesOnce()
+    {
+        MenuFixture fixture;
+        fixture.manager.openSettings();
+        SettingsWindowController *window = fixture.settings();
+        QVERIFY(window && window->isVisible());
+        QVERIFY(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        fixture.manager.openSettings();
+        QCOMPARE(fixture.settings(), window);
+        fixture.lines.clear();
+        window->close();
+        QCOMPARE(fixture.lines,
+                 QStringList({ u"DEBUG: windowWillClose - starting cleanup"_s,
+                               u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s,
+                               u"DEBUG: Settings window closing - performing cleanup"_s,
+                               u"DEBUG: SettingsWindowController reference set to nil"_s }));
+        QTRY_VERIFY(!fixture.settings());
+        fixture.config.alwaysOnTop = false;
+        fixture.manager.openSettings();
+        QVERIFY(!fixture.settings()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        fixture.settings()->close();
+        QTRY_VERIFY(!fixture.settings());
+    }
+
+    void errorPanelShowsAnything_data()
+    {
+        QTest::addColumn<QString>("message");
+        QTest::newRow("large") << QString(1'000'000, u'm');
+        QTest::newRow("large, many lines") << QString(u"line of a log\n"_s).repeated(70'000);
+        QTest::newRow("control characters") << QString(u"a\x01\x1b[31m\x7f\r\tb"_s) + QChar(0);
+        QTest::newRow("markup") << u"<b>bold</b><img src='http://127.0.0.1/'>"_s;
+        QTest::newRow("empty") << QString();
+    }
+
+    void errorPanelShowsAnything()
+    {
+        QFETCH(QString, message);
+        MenuFixture fixture;
+        QElapsedTimer timer;
+        timer.start();
+        fixture.manager.showError(u"Command Failed"_s, u"first"_s);
+        const QPointer<ErrorPanel> first = fixture.manager.errorWindow();
+        fixture.manager.showError(u"Command Failed"_s, message);
+        ErrorPanel *panel = fixture.manager.errorWindow();
+        QVERIFY(panel && panel != first);
+        QTRY_VERIFY(!first); // one at a time
+        panel->grab();
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+        auto *box = panel->findChild<QPlainTextEdit *>();
+        QCOMPARE(box->toPlainText().remove(u'\n').size(), QString(message).remove(u'\n').size());
+        QVERIFY(!box->toPlainText().contains(QChar(0x1b)));
+        QVERIFY(box->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+        QTest::keyClick(panel, Qt::Key_Return);
+        QCOMPARE(fixture.platform.pasteboard().text, message);
+        QTRY_VERIFY(!fixture.manager.errorWindow());
+    }
+
+    void largeTypeOpensAnyTextAtOnce_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("word") << u"tesserae"_s;
+        QTest::newRow("one megabyte") << QString(1'000'000, u'w');
+        QTest::newRow("a million lines") << QString(1'000'000, u'\n');
+        QTest::newRow("combining marks") << QString(1'000'000, QChar(0x301));
+    }
+
+    void largeTypeOpensAnyTextAtOnce()
+    {
+        QFETCH(QString, text);
+        MenuFixture fixture;
+        QElapsedTimer timer;
+        timer.start();
+        LargeTypeWindow::show(fixture.platform.popupHost(), u"before"_s);
+        QTRY_VERIFY(LargeTypeWindow::current());
+        const QPointer<LargeTypeWindow> before = LargeTypeWindow::current();
+        LargeTypeWindow::show(fixture.platform.popupHost(), text);
+        QTRY_VERIFY(!before); // one at a time
+        LargeTypeWindow *window = LargeTypeWindow::current();
+        QVERIFY(window);
+        QCOMPARE(window->geometry(), *fixture.platform.popupHost().location.screen);
+        window->grab();
+        QVERIFY2(timer.elapsed() < 1500, qPrintable(QString::number(timer.elapsed())));
+        QTest::keyClick(window, Qt::Key_Shift);
+        QTRY_VERIFY(!LargeTypeWindow::current());
+        QVERIFY(!fixture.platform.popupHost().keyboard);
+    }
+
+    void debugLogAppends()
+    {
+        MenuFixture fixture;
+        const QString path = fixture.folder.filePath(u"debug.log"_s);
+        FileLogger::log(u"first"_s, path);
+        FileLogger::log(u"two\nlines"_s, path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QRegularExpression lines(
+            u"^(\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ): first\\n(?1): two\\nlines\\n$"_s);
+        QVERIFY(lines.match(QString::fromUtf8(file.readAll())).hasMatch());
+        QCOMPARE(fixture.lines, QStringList({ u"first"_s, u"two\nlines"_s }));
+        FileLogger::log(u"nowhere"_s, u"/nonexistent/debug.log"_s);
+        QCOMPARE(fixture.lines.last(), u"nowhere"_s);
+    }
+};
+
+QTEST_MAIN(tst_MenuBarManager)
+#include "tst_MenuBarManager.moc"
