@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
-#include <QTimer>
 #include <QWindow>
 
 using namespace std::chrono_literals;
@@ -19,8 +18,9 @@ constexpr double share = 0.8; ///< of the screen that the text may take, each wa
 constexpr QRect withoutScreen(0, 0, 800, 600);
 /// More than fits on any screen; what is longer would only cost time to lay out.
 constexpr qsizetype mostCharacters = 20'000;
-/// For a key that is held down for ever.
+/// For a key whose release never comes.
 constexpr auto longestPress = 3s;
+constexpr auto afterRelease = 50ms;
 
 QPointer<LargeTypeWindow> shown;
 
@@ -55,6 +55,8 @@ LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRe
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Tessel Large Type"));
     setAccessibleName(text.left(mostCharacters));
+    m_leaving.setSingleShot(true);
+    connect(&m_leaving, &QTimer::timeout, this, &LargeTypeWindow::closeWindow);
     setGeometry(frame);
     layOut(text.left(mostCharacters));
 }
@@ -106,14 +108,14 @@ void LargeTypeWindow::paintEvent(QPaintEvent *)
 void LargeTypeWindow::keyPressEvent(QKeyEvent *)
 {
     move(-2 * width(), -2 * height());
-    QTimer::singleShot(longestPress, this, &LargeTypeWindow::closeWindow);
+    m_leaving.start(longestPress);
 }
 
-void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
+/// A key that repeats is released and pressed again at once.
+void LargeTypeWindow::keyReleaseEvent(QKeyEvent *)
 {
-    const bool wasPressedHere = x() < -width();
-    if (wasPressedHere && !event->isAutoRepeat())
-        closeWindow();
+    if (m_leaving.isActive())
+        m_leaving.start(afterRelease);
 }
 
 void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)

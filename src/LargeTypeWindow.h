@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTextLayout>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -37,4 +38,5 @@ private:
     PopupHost &m_host;
     std::vector<std::unique_ptr<QTextLayout>> m_paragraphs; ///< only as many as can be seen
     double m_textHeight = 0;
+    QTimer m_leaving; ///< runs once a key was pressed
 };
