@@ -7,6 +7,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 class tst_AppConfig : public QObject
 {
     Q_OBJECT
@@ -36,40 +38,36 @@ class tst_AppConfig : public QObject
     }
 
 private Q_SLOTS:
-    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".?"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(u".?"_s)); }
 
     void encodesInFixedOrder()
     {
-        AppConfig config;
-        config.excludedBundleIds = { QStringLiteral("org.a"), QStringLiteral("org.b") };
-        ActionConfig action;
-        action.id = QStringLiteral("x");
-        action.title = QStringLiteral("T");
-        action.iconName = QStringLiteral("star");
-        action.type = ActionType::appleScript;
-        action.templateText = QStringLiteral("say \"{text}\"");
-        config.customActions = { action };
         const QByteArray begin
             = "{'excludedBundleIds':['org.a','org.b'],'customActions':[{'id':'x','title':'T',"
-              "'iconName':'star','type':'appleScript','template':'say \\'{text}\\'',"
-              "'isEnabled':true}]";
-        QCOMPARE(encodeConfig(config), quoted(begin + '}'));
+              "'iconName':'star','type':'appleScript','template':'say {text}',";
+        const QByteArray settings
+            = "'isEnabled':true}],'triggerKeyCode':120,'triggerModifiers':131072,"
+              "'showTooltips':false,'enableKeyboardShortcuts':true,'alwaysOnTop':false,"
+              "'language':'fr','showKeyboardShortcuts':true,'appIcon':'default','themeMode':'dark'"
+              "}";
+        for (const QByteArray &json :
+             { quoted(begin + "'isEnabled':true}]}"), quoted(begin + settings),
+               quoted(begin + "'regex':'a+'," + settings) }) {
+            const DecodedConfig decoded = decodeConfig(json);
+            QVERIFY2(decoded.config, qPrintable(decoded.error));
+            QCOMPARE(encodeConfig(*decoded.config), json);
+        }
+    }
 
-        config.triggerKeyCode = 120;
-        config.triggerModifiers = 0x20000;
-        config.showTooltips = false;
-        config.enableKeyboardShortcuts = true;
-        config.alwaysOnTop = false;
-        config.language = QStringLiteral("fr");
-        config.showKeyboardShortcuts = true;
-        config.appIcon = AppIconType::standard;
-        config.themeMode = ThemeMode::dark;
-        QCOMPARE(encodeConfig(config),
-                 quoted(begin
-                        + ",'triggerKeyCode':120,'triggerModifiers':131072,'showTooltips':false,"
-                          "'enableKeyboardShortcuts':true,'alwaysOnTop':false,'language':'fr',"
-                          "'showKeyboardShortcuts':true,'appIcon':'default','themeMode':'dark'}"));
-        QVERIFY(decodeConfig(encodeConfig(config)).config == config);
+    void tellsSwitchesApart()
+    {
+        const auto config
+            = [](const QByteArray &member) { return *decodeConfig(withSetting(member)).config; };
+        const std::optional<bool> off = false;
+        QCOMPARE(config("'showTooltips':false").showTooltips, off);
+        QCOMPARE(config("'enableKeyboardShortcuts':false").enableKeyboardShortcuts, off);
+        QCOMPARE(config("'alwaysOnTop':false").alwaysOnTop, off);
+        QCOMPARE(config("'showKeyboardShortcuts':false").showKeyboardShortcuts, off);
     }
 
     void decodesLeniently()
@@ -82,15 +80,10 @@ private Q_SLOTS:
             "'template': 'https:\\/\\/a\\/{text}', 'type': 'url', 'iconName': 'i', 'title': 't',"
             "'id': 'a' } ], 'excludedBundleIds' : [ ] } "));
         QVERIFY2(decoded.config, qPrintable(decoded.error));
-        AppConfig expected;
-        expected.themeMode = ThemeMode::light;
-        ActionConfig action;
-        action.id = QStringLiteral("a");
-        action.title = QStringLiteral("t");
-        action.iconName = QStringLiteral("i");
-        action.templateText = QStringLiteral("https://a/{text}");
-        expected.customActions = { action };
-        QVERIFY(*decoded.config == expected);
+        QCOMPARE(encodeConfig(*decoded.config),
+                 quoted("{'excludedBundleIds':[],'customActions':[{'id':'a','title':'t',"
+                        "'iconName':'i','type':'url','template':'https://a/{text}',"
+                        "'isEnabled':true}],'themeMode':'light'}"));
     }
 
     void rejects_data()
@@ -105,50 +98,31 @@ private Q_SLOTS:
         row("more after the end", withSetting("'a':1} {"), "[json.exception.parse_error");
         row("half a surrogate pair", withSetting("'language':'\\ud83d'"), "[json.exception");
         row("not UTF-8", withSetting("'language':'\xff'"), "[json.exception.parse_error");
-        row("array", "[]", "must be an object");
         row("empty object", "{}", "excludedBundleIds: missing");
-        row("no actions", quoted("{'excludedBundleIds':[]}"), "customActions: missing");
         row("actions null", quoted("{'excludedBundleIds':[],'customActions':null}"),
             "customActions: must be an array");
-        row("bundle id number", quoted("{'excludedBundleIds':['a',1],'customActions':[]}"),
-            "excludedBundleIds[1]: must be a string");
-        row("action string", withAction("'a'"), "customActions[0]: must be an object");
         row("action array", withAction("[{'id':'a'}]"), "customActions[0]: must be an object");
 
         row("number as boolean", withSetting("'showTooltips':1"), "showTooltips: must be true");
         row("boolean as number", withSetting("'triggerKeyCode':true"),
             "triggerKeyCode: must be a whole number");
-        row("text as number", withSetting("'triggerKeyCode':'120'"),
-            "triggerKeyCode: must be a whole number");
-        row("fraction", withSetting("'triggerKeyCode':120.5"), "triggerKeyCode: must be a whole");
         row("above 64 bits", withSetting("'triggerModifiers':9223372036854775808"),
             "triggerModifiers: must be a whole");
-        row("below 64 bits", withSetting("'triggerModifiers':-9223372036854775809"),
-            "triggerModifiers: must be a whole");
         row("far out", withSetting("'triggerModifiers':1e300"), "triggerModifiers: must be");
-        row("icon of another list", withSetting("'appIcon':'dark'"),
-            "appIcon: unknown value \"dark\"");
         row("theme in capitals", withSetting("'themeMode':'Dark'"),
             "themeMode: unknown value \"Dark\"");
-        row("theme a number", withSetting("'themeMode':1"), "themeMode: must be a string");
 
         const QByteArray good
             = "{'id':'a','title':'t','iconName':'i','type':'url','template':'x'},";
         row("no title", withAction(good + "{'id':'b','iconName':'i'}"),
             "customActions[1].title: missing");
-        row("id null",
-            withAction("{'id':null,'title':'t','iconName':'i','type':'url','template':'x'}"),
-            "customActions[0].id: must be a string");
-        row("unknown type",
-            withAction(good + good
-                       + "{'id':'a','title':'t','iconName':'i','type':'URL','template':'x'}"),
-            "customActions[2].type: unknown value \"URL\"");
+        row("unknown type", withAction(good + QByteArray(good).replace("url", "URL").chopped(1)),
+            "customActions[1].type: unknown value \"URL\"");
         row("old kind without template",
             withAction("{'id':'a','title':'t','iconName':'i','type':'copy'}"),
             "customActions[0].template: missing");
         row("regex a number",
-            withAction("{'id':'a','title':'t','iconName':'i','type':'url','template':'x',"
-                       "'regex':1}"),
+            withAction(QByteArray(good).replace("'template'", "'regex':1,'template'").chopped(1)),
             "customActions[0].regex: must be a string");
     }
 
@@ -161,90 +135,66 @@ private Q_SLOTS:
         QVERIFY2(decoded.error.startsWith(error), qPrintable(decoded.error));
     }
 
-    void wholeNumbers_data()
-    {
-        QTest::addColumn<QByteArray>("number");
-        QTest::addColumn<qint64>("expected");
-        QTest::newRow("with fraction of zero") << QByteArray("120.0") << qint64 { 120 };
-        QTest::newRow("with exponent") << QByteArray("1.2e2") << qint64 { 120 };
-        QTest::newRow("minus zero") << QByteArray("-0.0") << qint64 { 0 };
-        QTest::newRow("no double has it")
-            << QByteArray("9007199254740993") << qint64 { 9007199254740993 };
-        QTest::newRow("largest") << QByteArray("9223372036854775807")
-                                 << std::numeric_limits<qint64>::max();
-        QTest::newRow("smallest") << QByteArray("-9223372036854775808")
-                                  << std::numeric_limits<qint64>::min();
-    }
-
     void wholeNumbers()
     {
-        QFETCH(QByteArray, number);
-        QFETCH(qint64, expected);
-        const DecodedConfig decoded = decodeConfig(withSetting("'triggerModifiers':" + number));
-        QVERIFY2(decoded.config, qPrintable(decoded.error));
-        QCOMPARE(*decoded.config->triggerModifiers, expected);
-        const DecodedConfig again = decodeConfig(encodeConfig(*decoded.config));
-        QCOMPARE(*again.config->triggerModifiers, expected);
+        using Limits = std::numeric_limits<qint64>;
+        for (const auto &[number, expected] : { std::pair { "1.2e2", qint64 { 120 } },
+                                                { "9007199254740993", 9007199254740993 },
+                                                { "9223372036854775807", Limits::max() },
+                                                { "-9223372036854775808", Limits::min() } }) {
+            const DecodedConfig decoded
+                = decodeConfig(withSetting(QByteArray("'triggerModifiers':") + number));
+            QVERIFY2(decoded.config, qPrintable(decoded.error));
+            QCOMPARE(*decoded.config->triggerModifiers, expected);
+            QCOMPARE(*decodeConfig(encodeConfig(*decoded.config)).config->triggerModifiers,
+                     expected);
+        }
     }
 
     void oldKinds_data()
     {
-        QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("templateText");
-        QTest::addColumn<ActionType>("expectedType");
-        QTest::addColumn<QString>("expectedTemplate");
-        QTest::addColumn<bool>("staysEnabled");
-        const auto row = [](const char *name, const char *kind, const char *text, ActionType type,
-                            const char *expected, bool staysEnabled) {
-            QTest::newRow(name) << QString::fromLatin1(kind) << QString::fromLatin1(text) << type
-                                << QString::fromLatin1(expected) << staysEnabled;
-        };
-        row("command", "command", "ls", ActionType::shellScript, "ls", true);
-        row("command, large type", "command", "LARGE_TYPE", ActionType::builtin, "LARGE_TYPE",
-            true);
-        row("command, nearly large type", "command", "LARGE_TYPE ", ActionType::shellScript,
-            "LARGE_TYPE ", true);
-        row("app", "app", "Notes", ActionType::shellScript, "# App action deprecated: Notes",
-            false);
-        row("copy", "copy", "whatever", ActionType::builtin, "COPY", true);
-        row("count", "count", "", ActionType::builtin, "COUNT", true);
-        row("url", "url", "copy", ActionType::url, "copy", true);
-        row("shortcut", "shortcut", "app", ActionType::shortcut, "app", true);
+        QTest::addColumn<ActionType>("type");
+        QTest::addColumn<QString>("expected");
+        const auto row
+            = [](const char *kind, const QString &text, ActionType type, const QString &expected) {
+                  QTest::addRow("%s:%s", kind, qPrintable(text)) << text << type << expected;
+              };
+        row("command", u"ls"_s, ActionType::shellScript, u"ls"_s);
+        row("command", u"LARGE_TYPE"_s, ActionType::builtin, u"LARGE_TYPE"_s);
+        row("command", u"LARGE_TYPE "_s, ActionType::shellScript, u"LARGE_TYPE "_s);
+        row("app", u"Notes"_s, ActionType::shellScript, u"# App action deprecated: Notes"_s);
+        row("copy", u"whatever"_s, ActionType::builtin, u"COPY"_s);
+        row("count", {}, ActionType::builtin, u"COUNT"_s);
+        row("url", u"copy"_s, ActionType::url, u"copy"_s);
     }
 
     void oldKinds()
     {
-        QFETCH(QString, kind);
         QFETCH(QString, templateText);
-        QFETCH(ActionType, expectedType);
-        QFETCH(QString, expectedTemplate);
-        QFETCH(bool, staysEnabled);
+        const QByteArray kind = QByteArray(QTest::currentDataTag()).split(':').constFirst();
         for (const bool wasEnabled : { true, false }) {
-            QByteArray json = "{'type':'KIND','template':'TEXT','id':'a','title':'t',"
-                              "'iconName':'i','isEnabled':STATE}";
-            json.replace("KIND", kind.toLatin1()).replace("TEXT", templateText.toLatin1());
-            json.replace("STATE", wasEnabled ? "true" : "false");
-            const ActionConfig converted = action(json);
-            QCOMPARE(converted.type, expectedType);
-            QCOMPARE(converted.templateText, expectedTemplate);
-            QCOMPARE(converted.isEnabled, wasEnabled && staysEnabled);
+            const ActionConfig converted
+                = action("{'type':'" + kind + "','template':'" + templateText.toLatin1()
+                         + "','id':'a','title':'t','iconName':'i','isEnabled':"
+                         + (wasEnabled ? "true}" : "false}"));
+            QTEST(converted.type, "type");
+            QTEST(converted.templateText, "expected");
+            QCOMPARE(converted.isEnabled, wasEnabled && kind != "app");
         }
     }
 
     void keepsText_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << QString();
         QTest::newRow("emoji of several code points")
-            << QStringLiteral("👩‍👩‍👧‍👦🏳️‍🌈");
-        QTest::newRow("decomposed Korean")
-            << QStringLiteral("\u110B\u1175\u11AF\u110C\u1165\u11BC");
-        QTest::newRow("U+FEFF in front") << QStringLiteral("\uFEFF\uFEFFa");
-        QTest::newRow("U+FEFF alone") << QStringLiteral("\uFEFF");
-        QTest::newRow("U+0000") << QStringLiteral("a\0b") + QChar(u'\0');
-        QTest::newRow("controls") << QStringLiteral("\x01\b\t\n\r\x1f\x7f\u0085\u2028");
-        QTest::newRow("syntax") << QStringLiteral("\\\"/{}[]:,\\u0041'\\\\");
-        QTest::newRow("noncharacters") << QStringLiteral("\uFFFE\uFFFF\uFDD0");
+            << u"👩‍👩‍👧‍👦🏳️‍🌈"_s;
+        QTest::newRow("decomposed Korean") << u"\u110B\u1175\u11AF\u110C\u1165\u11BC"_s;
+        QTest::newRow("U+FEFF in front") << u"\uFEFF\uFEFFa"_s;
+        QTest::newRow("U+0000") << u"a\0b"_s + QChar(u'\0');
+        QTest::newRow("controls") << u"\x01\b\t\n\r\x1f\x7f\u0085\u2028"_s;
+        QTest::newRow("syntax") << u"\\\"/{}[]:,\\u0041'\\\\"_s;
+        QTest::newRow("noncharacters") << u"\uFFFE\uFFFF\uFDD0"_s;
     }
 
     void keepsText()
@@ -267,10 +217,10 @@ private Q_SLOTS:
         const ActionConfig read = action(
             "{'id':'\\ud83d\\ude00','title':'\\ufeffa\\u0000b','iconName':'\\/','type':'url',"
             "'template':'\\u1112\\u1161\\u11ab'}");
-        QCOMPARE(read.id, QStringLiteral("😀"));
-        QCOMPARE(read.title, QStringLiteral("\uFEFFa\0b"));
-        QCOMPARE(read.iconName, QStringLiteral("/"));
-        QCOMPARE(read.templateText, QStringLiteral("\u1112\u1161\u11ab"));
+        QCOMPARE(read.id, u"😀"_s);
+        QCOMPARE(read.title, u"\uFEFFa\0b"_s);
+        QCOMPARE(read.iconName, u"/"_s);
+        QCOMPARE(read.templateText, u"\u1112\u1161\u11ab"_s);
     }
 
     /// Half a surrogate pair cannot be written as UTF-8; the file must stay readable all the same.

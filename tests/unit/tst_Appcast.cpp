@@ -40,49 +40,26 @@ private Q_SLOTS:
         }
     }
 
-    void equalVersions_data()
+    void recognizesVersions()
     {
-        QTest::addColumn<QString>("other"); // equals 1.2-rc.1
-        for (const char *version : { "1.2.0-rc.1", "1.2rc1", "1.02-RC.01", "1.2-rc.1+build.7" })
-            QTest::newRow(version) << QString::fromLatin1(version);
-    }
-
-    void equalVersions()
-    {
-        QFETCH(QString, other);
-        QVERIFY(isVersion(other));
-        QVERIFY(std::is_eq(compareVersions(other, u"1.2-rc.1")));
-    }
-
-    void notVersions_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << QString();
-        QTest::newRow("prefix") << u"v1.2"_s;
-        QTest::newRow("words") << u"1.2 (3)"_s;
-        QTest::newRow("line end") << u"1.2\n"_s;
-        QTest::newRow("tag") << u"1<b>"_s;
-        QTest::newRow("other digits") << u"1.٣"_s;
-        QTest::newRow("too long") << QString(65, u'1');
-    }
-
-    void notVersions()
-    {
-        QFETCH(QString, text);
-        QVERIFY(!isVersion(text));
+        for (const QString &other :
+             { u"1.2.0-rc.1"_s, u"1.2rc1"_s, u"1.02-RC.01"_s, u"1.2-rc.1+build.7"_s }) {
+            QVERIFY2(isVersion(other), qUtf8Printable(other));
+            QVERIFY2(std::is_eq(compareVersions(other, u"1.2-rc.1")), qUtf8Printable(other));
+        }
+        for (const QString &other : { QString(), u"v1.2"_s, u"1.2 (3)"_s, u"1.2\n"_s, u"1<b>"_s,
+                                      u"1.٣"_s, QString(65, u'1') })
+            QVERIFY2(!isVersion(other), qUtf8Printable(other));
     }
 
     void findsTheNewestItem_data()
     {
         QTest::addColumn<QByteArray>("items");
-        QTest::addColumn<Release>("expected");
+        QTest::addColumn<QStringList>("expected"); // version, displayed version, link, notes
         const auto row = [](const char *name, const QByteArray &items, const QString &version,
-                            const QString &displayVersion = {}, const QString &link = {},
-                            const QString &notes = {}) {
-            QTest::newRow(name) << items
-                                << Release { version,
-                                             displayVersion.isEmpty() ? version : displayVersion,
-                                             link, notes };
+                            const QString &displayVersion, const QString &link,
+                            const QString &notes) {
+            QTest::newRow(name) << items << QStringList { version, displayVersion, link, notes };
         };
         row("elements",
             "<item><title>T</title><link> https://a/ </link><description>N</description>"
@@ -92,53 +69,41 @@ private Q_SLOTS:
         row("attributes",
             "<item><enclosure url='https://a/b.deb' sparkle:version='2.1' "
             "sparkle:shortVersionString='2.1 beta'/></item>",
-            u"2.1"_s, u"2.1 beta"_s);
-        row("an element goes before an attribute",
-            "<item><enclosure sparkle:version='3'/><sparkle:version>2</sparkle:version></item>",
-            u"2"_s);
+            u"2.1"_s, u"2.1 beta"_s, {}, {});
         row("short version only",
-            "<item><sparkle:shortVersionString>1.4</sparkle:shortVersionString></item>", u"1.4"_s);
-        row("unordered",
-            "<item><enclosure sparkle:version='1.9'/></item>"
-            "<item><enclosure sparkle:version='1.10'/></item>"
-            "<item><enclosure sparkle:version='1.2'/></item>",
-            u"1.10"_s);
-        row("other channel, other system, no version",
+            "<item><sparkle:shortVersionString>1.4</sparkle:shortVersionString></item>", u"1.4"_s,
+            u"1.4"_s, {}, {});
+        row("unordered, with another prefix",
+            "<item><enclosure sparkle:version='3'/><sparkle:version>1.9</sparkle:version></item>"
+            "<item><v:version xmlns:v='http://www.andymatuschak.org/xml-namespaces/sparkle'>1.10"
+            "</v:version></item><item><enclosure sparkle:version='1.2'/></item>",
+            u"1.10"_s, u"1.10"_s, {}, {});
+        row("not for this program",
             "<item><enclosure sparkle:version='9'/><sparkle:channel>beta</sparkle:channel></item>"
             "<item><enclosure sparkle:version='8' sparkle:os='windows'/></item>"
             "<item><enclosure sparkle:version='latest'/></item>"
-            "<item><enclosure sparkle:version='1' sparkle:os='linux'/></item>",
-            u"1"_s);
-        row("version of another namespace and of a delta",
-            "<item><version>9</version><x:version xmlns:x='urn:x'>8</x:version>"
-            "<sparkle:deltas><enclosure sparkle:version='7'/></sparkle:deltas>"
-            "<sparkle:version>1</sparkle:version></item>",
-            u"1"_s);
+            "<item><version>7</version><x:version xmlns:x='urn:x'>6</x:version>"
+            "<sparkle:deltas><enclosure sparkle:version='5'/></sparkle:deltas>"
+            "<enclosure sparkle:version='1' sparkle:os='linux'/></item>",
+            u"1"_s, u"1"_s, {}, {});
         row("link to the notes",
             "<item><title>Bigger</title><sparkle:version>1</sparkle:version>"
             "<sparkle:releaseNotesLink>https://n/</sparkle:releaseNotesLink></item>",
-            u"1"_s, {}, u"https://n/"_s, u"Bigger\nhttps://n/"_s);
+            u"1"_s, u"1"_s, u"https://n/"_s, u"Bigger\nhttps://n/"_s);
         row("notes in HTML",
             "<item><sparkle:version>1</sparkle:version><description><![CDATA[<h2>New</h2>"
             "<script>x()</script><ul><li>A &amp; B</li></ul>]]></description></item>",
-            u"1"_s, {}, {}, u"New\n\n• A & B"_s);
-        row("prefix other than usual",
-            "<item><v:version xmlns:v='http://www.andymatuschak.org/xml-namespaces/sparkle'>5"
-            "</v:version></item>",
-            u"5"_s);
+            u"1"_s, u"1"_s, {}, u"New\n\n• A & B"_s);
     }
 
     void findsTheNewestItem()
     {
         QFETCH(QByteArray, items);
-        QFETCH(Release, expected);
         const AppcastResult result = parseAppcast(feed(items));
         QCOMPARE(result.error, QString());
-        QVERIFY(result.newest);
-        QCOMPARE(result.newest->version, expected.version);
-        QCOMPARE(result.newest->displayVersion, expected.displayVersion);
-        QCOMPARE(result.newest->link, expected.link);
-        QCOMPARE(result.newest->notes, expected.notes);
+        const Release newest = result.newest.value_or(Release());
+        QTEST((QStringList { newest.version, newest.displayVersion, newest.link, newest.notes }),
+              "expected");
     }
 
     void refusesInvalidFeeds_data()
@@ -146,18 +111,16 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("xml");
         const QByteArray item = "<item><enclosure sparkle:version='9'/></item>";
         const QByteArray good = feed(item);
+        const QByteArray rss = good.mid(good.indexOf("<rss"));
         QTest::newRow("empty") << QByteArray();
-        QTest::newRow("HTML") << QByteArray("<!DOCTYPE html><html><body>404</body></html>");
-        QTest::newRow("other XML") << QByteArray("<feed>") + item + "</feed>";
+        QTest::newRow("other XML") << QByteArray("<feed>" + item + "</feed>");
         QTest::newRow("truncated") << good.chopped(3);
         QTest::newRow("more after it") << good + "<x/>";
         QTest::newRow("no items") << feed({});
         QTest::newRow("undeclared prefix") << feed("<item><s:version>1</s:version></item>");
-        QTest::newRow("entities") << QByteArray(
-            "<!DOCTYPE rss [<!ENTITY a 'x'><!ENTITY b '&a;&a;&a;'>]>"
-            + good.mid(good.indexOf("<rss")));
-        QTest::newRow("external entity") << QByteArray("<!DOCTYPE rss SYSTEM 'file:///etc/passwd'>"
-                                                       + good.mid(good.indexOf("<rss")));
+        QTest::newRow("entities") << "<!DOCTYPE rss [<!ENTITY a 'x'><!ENTITY b '&a;&a;&a;'>]>"
+                + rss;
+        QTest::newRow("external entity") << "<!DOCTYPE rss SYSTEM 'file:///etc/passwd'>" + rss;
         QTest::newRow("not UTF-8") << feed(item + "<title>\xff\xfe</title>");
     }
 
@@ -165,8 +128,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, xml);
         const AppcastResult result = parseAppcast(xml);
-        QVERIFY(!result.newest);
-        QVERIFY(!result.error.isEmpty());
+        QVERIFY(!result.newest && !result.error.isEmpty());
     }
 
     void makesNotesPlain_data()
@@ -183,6 +145,7 @@ private Q_SLOTS:
         row("image and link", u"<img src='https://spy/'><a href='javascript:x'>here</a>"_s,
             u"here"_s);
         row("comment, style", u"<!-- <p> --><style>p { }</style><b>x</b>"_s, u"x"_s);
+        row("unclosed script", u"<script>"_s, {});
         row("escaped tags stay text", u"<p>&lt;b&gt; &amp;lt;</p>"_s, u"<b> &lt;"_s);
         row("control and direction", u"a\u202eb\u0007c\u2066d\u009b"_s, u"abcd"_s);
     }
@@ -191,12 +154,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, notes);
         QTEST(plainText(notes), "expected");
-    }
-
-    void boundsNotes()
-    {
-        QVERIFY(plainText(QString(1'000'000, u'a')).size() <= 20000);
-        QVERIFY(plainText(u"<script>"_s.repeated(130'000)).size() <= 20000);
+        QVERIFY(plainText(notes.repeated(30'000)).size() <= 20000);
     }
 
     void verifiesSignatures_data()
@@ -218,21 +176,19 @@ private Q_SLOTS:
             = base64("6291d657deec24024827e69c3abe01a30ce548a284743a445e3680d7db5ac3ac1"
                      "8ff9b538d16f290ae67f760984dc6594a7c15e9716ed28dc027beceea1ec40a");
         const QByteArray data3 = "\xaf\x82";
+        QByteArray tampered = QByteArray::fromBase64(signature3);
+        const QByteArray shortened = tampered.chopped(1).toBase64();
+        tampered[10] = char(tampered[10] ^ 1);
         QTest::newRow("empty data") << key1 << signature1 << QByteArray() << true;
-        QTest::newRow("data") << key3 << signature3 << data3 << true;
         QTest::newRow("line end") << key3 << signature3 + "\n" << data3 << true;
         QTest::newRow("other key") << key1 << signature3 << data3 << false;
+        QTest::newRow("no key") << QByteArray() << signature3 << data3 << false;
         QTest::newRow("tampered data") << key3 << signature3 << QByteArray("\xaf\x83") << false;
         QTest::newRow("longer data") << key3 << signature3 << data3 + '\n' << false;
-        QByteArray tampered = QByteArray::fromBase64(signature3);
-        tampered[10] = char(tampered[10] ^ 1);
         QTest::newRow("tampered signature") << key3 << tampered.toBase64() << data3 << false;
-        QTest::newRow("short signature")
-            << key3 << QByteArray::fromBase64(signature3).chopped(1).toBase64() << data3 << false;
+        QTest::newRow("short signature") << key3 << shortened << data3 << false;
         QTest::newRow("no signature") << key3 << QByteArray() << data3 << false;
-        QTest::newRow("not Base64")
-            << key3 << QByteArray(signature3).replace('+', '*') + "?" << data3 << false;
-        QTest::newRow("no key") << QByteArray() << signature3 << data3 << false;
+        QTest::newRow("not Base64") << key3 << signature3 + "?" << data3 << false;
     }
 
     void verifiesSignatures()
@@ -243,62 +199,37 @@ private Q_SLOTS:
         QTEST(isSignedBy(key, signature, data), "expected");
     }
 
-    void judges_data()
-    {
-        QTest::addColumn<QString>("feedVersion");
-        QTest::addColumn<QString>("current");
-        QTest::addColumn<QString>("seen");
-        QTest::addColumn<CheckResult::Status>("expected");
-        using enum CheckResult::Status;
-        const auto row = [](const char *name, const QString &feedVersion, const QString &current,
-                            const QString &seen, CheckResult::Status expected) {
-            QTest::newRow(name) << feedVersion << current << seen << expected;
-        };
-        row("newer, first check", u"1.1"_s, u"1.0"_s, {}, newer);
-        row("newer, seen before", u"1.1"_s, u"1.0"_s, u"1.1.0"_s, newer);
-        row("same", u"1.0"_s, u"1.0"_s, u"1.0"_s, CheckResult::Status::current);
-        row("a build ahead of its feed", u"1.0"_s, u"1.1-dev"_s, {}, CheckResult::Status::current);
-        row("rolled back, still newer", u"1.1"_s, u"1.0"_s, u"1.2"_s, stale);
-        row("rolled back to the same", u"1.0"_s, u"1.0"_s, u"1.2"_s, stale);
-    }
-
     void judges()
     {
-        QFETCH(QString, feedVersion);
-        QFETCH(QString, current);
-        QFETCH(QString, seen);
-        QTEST(judge({ feedVersion, {}, {}, {} }, current, seen).status, "expected");
-    }
-
-    void knowsFetchableAddresses_data()
-    {
-        QTest::addColumn<QString>("feed");
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<bool>("expected");
-        const auto row
-            = [](const char *name, const char *feed, const char *address, bool expected) {
-                  QTest::newRow(name)
-                      << QString::fromLatin1(feed) << QString::fromLatin1(address) << expected;
-              };
-        row("HTTPS", "https://a/f", "https://b/g", true);
-        row("HTTP", "https://a/f", "http://a/f", false);
-        row("HTTP itself", "http://a/f", "http://a/f", false);
-        row("from afar to this machine", "https://a/f", "http://127.0.0.1/f", false);
-        row("this machine", "http://127.0.0.1:8/f", "http://localhost/f", true);
-        row("this machine, IPv6", "http://[::1]:8/f", "http://[::1]/f", true);
-        row("from this machine to HTTPS", "http://127.0.0.1/f", "https://b/f", true);
-        row("only looks like this machine", "http://127.0.0.1/f", "http://127.0.0.1.b/f", false);
-        row("user name like this machine", "http://127.0.0.1/f", "http://127.0.0.1@b/f", false);
-        row("file", "https://a/f", "file:///f", false);
-        row("file itself", "file:///f", "file:///f", false);
-        row("no host", "https://a/f", "https:///f", false);
+        using enum CheckResult::Status;
+        const auto status = [](const QString &offered, const QString &own, const QString &seen) {
+            return judge({ offered, {}, {}, {} }, own, seen).status;
+        };
+        QCOMPARE(status(u"1.1"_s, u"1.0"_s, {}), newer);
+        QCOMPARE(status(u"1.1"_s, u"1.0"_s, u"1.1.0"_s), newer);
+        QCOMPARE(status(u"1.0"_s, u"1.0"_s, u"1.0"_s), current);
+        QCOMPARE(status(u"1.0"_s, u"1.1-dev"_s, {}), current);
+        QCOMPARE(status(u"1.1"_s, u"1.0"_s, u"1.2"_s), stale); // rolled back
+        QCOMPARE(status(u"1.0"_s, u"1.0"_s, u"1.2"_s), stale);
     }
 
     void knowsFetchableAddresses()
     {
-        QFETCH(QString, feed);
-        QFETCH(QString, address);
-        QTEST(isFetchable(QUrl(address), QUrl(feed)), "expected");
+        const auto fetches = [](const char *feed, const char *address) {
+            return isFetchable(QUrl(QLatin1String(address)), QUrl(QLatin1String(feed)));
+        };
+        QVERIFY(fetches("https://a/f", "https://b/g"));
+        QVERIFY(fetches("http://127.0.0.1:8/f", "http://localhost/f"));
+        QVERIFY(fetches("http://[::1]:8/f", "http://[::1]/f"));
+        QVERIFY(fetches("http://127.0.0.1/f", "https://b/f"));
+        QVERIFY(!fetches("https://a/f", "http://a/f"));
+        QVERIFY(!fetches("http://a/f", "http://a/f"));
+        QVERIFY(!fetches("https://a/f", "http://127.0.0.1/f"));
+        QVERIFY(!fetches("http://127.0.0.1/f", "http://127.0.0.1.b/f"));
+        QVERIFY(!fetches("http://127.0.0.1/f", "http://127.0.0.1@b/f"));
+        QVERIFY(!fetches("https://a/f", "file:///f"));
+        QVERIFY(!fetches("file:///f", "file:///f"));
+        QVERIFY(!fetches("https://a/f", "https:///f"));
     }
 
     void findsTheSignature()

@@ -9,12 +9,15 @@
 #include "NotificationCenter.h"
 #include "ResourceBundle.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 class tst_IconResolver : public QObject
 {
@@ -24,70 +27,65 @@ class tst_IconResolver : public QObject
     NotificationCenter m_notifications;
     LocalizationManager m_localization;
     std::unique_ptr<ConfigManager> m_config;
-    ResourceBundle m_bundle { m_folder.filePath(QStringLiteral("bundle")) };
+    ResourceBundle m_bundle { m_folder.filePath(u"bundle"_s) };
 
     /// Images are told apart by their colour.
-    void addToBundle(const QString &file, QColor color)
+    static QImage filled(QSize size, QColor color)
     {
-        QImage image(20, 10, QImage::Format_ARGB32);
+        QImage image(size, QImage::Format_ARGB32);
         image.fill(color);
-        QVERIFY(image.save(m_folder.filePath(QStringLiteral("bundle/") + file)));
+        return image;
+    }
+
+    static QByteArray encoded(const QImage &image)
+    {
+        QByteArray content;
+        QBuffer buffer(&content);
+        image.save(&buffer, "PNG");
+        return content;
     }
 
     QString addIcon(const QString &file, const QByteArray &content)
     {
-        QFile out(m_folder.filePath(QStringLiteral("GlintClone/Icons/") + file));
+        QFile out(m_folder.filePath(u"GlintClone/Icons/"_s + file));
         if (!out.open(QIODevice::WriteOnly) || out.write(content) != content.size())
             qFatal("cannot write %s", qPrintable(file));
-        return QStringLiteral("custom:") + file;
+        return u"custom:"_s + file;
     }
 
-    QString addIcon(const QString &file, const QImage &image)
+    [[nodiscard]] QImage icon(const QString &name) const
     {
-        if (!image.save(m_folder.filePath(QStringLiteral("GlintClone/Icons/") + file)))
-            qFatal("cannot write %s", qPrintable(file));
-        return QStringLiteral("custom:") + file;
+        return IconResolver(*m_config, m_bundle).image(name);
     }
 
-    static QByteArray bigEndian(quint32 number)
+    /// The beginning of a PNG of that size (PNG specification, IHDR); numbers are hexadecimal.
+    static QByteArray pngHeader(const char *width, const char *height, const char *crc)
     {
-        QByteArray bytes;
-        for (const int shift : { 24, 16, 8, 0 })
-            bytes += static_cast<char>(number >> shift & 0xFF);
-        return bytes;
-    }
-
-    /// The beginning of a PNG that claims the size (PNG specification, IHDR).
-    static QByteArray pngHeader(quint32 width, quint32 height)
-    {
-        const QByteArray chunk
-            = "IHDR" + bigEndian(width) + bigEndian(height) + QByteArray("\x08\x06\x00\x00\x00", 5);
-        quint32 crc = 0xFFFFFFFF;
-        for (const char byte : chunk) {
-            crc ^= static_cast<unsigned char>(byte);
-            for (int bit = 0; bit < 8; ++bit)
-                crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
-        }
-        return "\x89PNG\r\n\x1a\n" + bigEndian(13) + chunk + bigEndian(~crc);
+        return "\x89PNG\r\n\x1a\n"
+            + QByteArray::fromHex(QByteArray("0000000d49484452") + width + height + "0806000000"
+                                  + crc);
     }
 
 private Q_SLOTS:
     void initTestCase()
     {
         Log::setSink([](QStringView) {});
-        QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("GlintClone/Icons")));
-        QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("bundle")));
+        QVERIFY(QDir(m_folder.path()).mkpath(u"GlintClone/Icons"_s));
+        QVERIFY(QDir(m_folder.path()).mkpath(u"bundle"_s));
         m_config.reset(new ConfigManager({ m_folder.path(), m_notifications, m_localization }));
-        addToBundle(QStringLiteral("phosphor_star.png"), Qt::red);
-        addToBundle(QStringLiteral("phosphor_warning.png"), Qt::green);
-        addToBundle(QStringLiteral("phosphor_copy.png"), Qt::blue);
-        addToBundle(QStringLiteral("phosphor_Zed.png"), Qt::blue);
-        addToBundle(QStringLiteral("icon_other.bmp"), Qt::yellow);
-        addToBundle(QStringLiteral("custom:here.png"), Qt::cyan);
-        addToBundle(QStringLiteral("phosphor_not.bmp"), Qt::cyan);
+        for (const auto &[file, color] : {
+                 std::pair { u"phosphor_star.png"_s, Qt::red },
+                 { u"phosphor_warning.png"_s, Qt::green },
+                 { u"phosphor_copy.png"_s, Qt::blue },
+                 { u"phosphor_Zed.png"_s, Qt::blue },
+                 { u"icon_other.bmp"_s, Qt::yellow },
+                 { u"custom:here.png"_s, Qt::cyan },
+                 { u"phosphor_not.bmp"_s, Qt::cyan },
+             })
+            QVERIFY(filled({ 20, 10 }, color).save(m_folder.filePath(u"bundle/"_s + file)));
     }
 
-    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".?"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(u".?"_s)); }
 
     void resolves_data()
     {
@@ -99,12 +97,9 @@ private Q_SLOTS:
         row("phosphor_star", Qt::red);
         row("icon_other", Qt::yellow);
         row("star", Qt::red);
-        row("star.circle", Qt::red);
         row("exclamationmark.triangle.fill", Qt::green);
         row("doc.on.doc.fill", Qt::blue);
         row("custom:here", Qt::cyan);
-        row("custom:", {});
-        row("custom:missing.png", {});
         row("phosphor_missing", {});
         row("Star", {});
         row("starfish", {});
@@ -115,7 +110,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         QFETCH(QColor, color);
-        const QImage image = IconResolver(*m_config, m_bundle).image(name);
+        const QImage image = icon(name);
         QCOMPARE(image.isNull(), !color.isValid());
         if (color.isValid())
             QCOMPARE(image.pixelColor(5, 5), color);
@@ -123,11 +118,9 @@ private Q_SLOTS:
 
     void listsIconSet()
     {
-        QCOMPARE(
-            m_bundle.iconSetNames(),
-            (QStringList { QStringLiteral("phosphor_Zed"), QStringLiteral("phosphor_copy"),
-                           QStringLiteral("phosphor_star"), QStringLiteral("phosphor_warning") }));
-        QCOMPARE(ResourceBundle(QStringLiteral("/nowhere")).iconSetNames(), QStringList());
+        QCOMPARE(m_bundle.iconSetNames(),
+                 u"phosphor_Zed phosphor_copy phosphor_star phosphor_warning"_s.split(u' '));
+        QCOMPARE(ResourceBundle(u"/nowhere"_s).iconSetNames(), QStringList());
     }
 
     void scalesCustomImages_data()
@@ -143,31 +136,21 @@ private Q_SLOTS:
     void scalesCustomImages()
     {
         QFETCH(QSize, size);
-        QFETCH(QSize, expected);
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(Qt::magenta);
+        const QByteArray content = encoded(filled(size, Qt::magenta));
         // The content decides, whatever the extension says.
-        const QString name = addIcon(QStringLiteral("scaled.png"), image);
-        const QString misnamed = QStringLiteral("scaled.jpg");
-        QFile::remove(m_folder.filePath(QStringLiteral("GlintClone/Icons/") + misnamed));
-        QVERIFY(QFile::copy(*m_config->getCustomIconURL(name),
-                            m_folder.filePath(QStringLiteral("GlintClone/Icons/") + misnamed)));
-        for (const QString &each : { name, QStringLiteral("custom:") + misnamed }) {
-            const QImage icon = IconResolver(*m_config, m_bundle).image(each);
-            QCOMPARE(icon.size(), expected);
-            QCOMPARE(icon.pixelColor(0, 0), QColor(Qt::magenta));
+        for (const QString &file : { u"scaled.png"_s, u"scaled.jpg"_s }) {
+            const QImage image = icon(addIcon(file, content));
+            QTEST(image.size(), "expected");
+            QCOMPARE(image.pixelColor(0, 0), QColor(Qt::magenta));
         }
     }
 
     void noticesChangedFile()
     {
-        QImage image(4, 4, QImage::Format_ARGB32);
-        image.fill(Qt::red);
-        const QString name = addIcon(QStringLiteral("changing.png"), image);
+        const QString name = addIcon(u"changing.png"_s, encoded(filled({ 4, 4 }, Qt::red)));
         const IconResolver resolver(*m_config, m_bundle);
         QCOMPARE(resolver.image(name).pixelColor(0, 0), QColor(Qt::red));
-        image.fill(Qt::blue);
-        addIcon(QStringLiteral("changing.png"), image);
+        addIcon(u"changing.png"_s, encoded(filled({ 4, 4 }, Qt::blue)));
         QFile file(*m_config->getCustomIconURL(name));
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(60),
@@ -182,11 +165,12 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("text") << QByteArray("no image");
-        QTest::newRow("PNG of 30,000 x 30,000") << pngHeader(30'000, 30'000);
-        QTest::newRow("PNG of 2^31 - 1 squared") << pngHeader(0x7FFFFFFF, 0x7FFFFFFF);
-        QTest::newRow("PNG, a line of 2^30") << pngHeader(1 << 30, 1);
-        QTest::newRow("PNG of no size") << pngHeader(0, 0);
-        QTest::newRow("PNG, only its signature") << pngHeader(1, 1).first(8);
+        QTest::newRow("cut") << encoded(filled({ 64, 64 }, Qt::red)).chopped(30);
+        QTest::newRow("PNG of 30,000 x 30,000") << pngHeader("00007530", "00007530", "6627f8ba");
+        QTest::newRow("PNG of 2^31 - 1 squared") << pngHeader("7fffffff", "7fffffff", "14c90b66");
+        QTest::newRow("PNG, a line of 2^30") << pngHeader("40000000", "00000001", "4d5a3e1c");
+        QTest::newRow("PNG of no size") << pngHeader("00000000", "00000000", "3b8b7c12");
+        QTest::newRow("PNG, only its signature") << QByteArray("\x89PNG\r\n\x1a\n");
         QTest::newRow("PNM of 100,000 x 100,000") << QByteArray("P6 100000 100000 255\nabc");
         QTest::newRow("XPM that lies")
             << QByteArray("/* XPM */\nstatic char *a[] = {\n\"99999 99999 2 1\",");
@@ -196,21 +180,11 @@ private Q_SLOTS:
     void survivesBadFiles()
     {
         QFETCH(QByteArray, content);
-        const QString name = addIcon(QStringLiteral("bad.png"), content);
+        const QString name = addIcon(u"bad.png"_s, content);
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(IconResolver(*m_config, m_bundle).image(name).isNull());
+        QVERIFY(icon(name).isNull());
         QVERIFY(timer.elapsed() < 1000);
-    }
-
-    void survivesCutFile()
-    {
-        QImage image(64, 64, QImage::Format_ARGB32);
-        image.fill(Qt::red);
-        const QString name = addIcon(QStringLiteral("cut.png"), image);
-        QFile file(*m_config->getCustomIconURL(name));
-        QVERIFY(file.resize(file.size() - 30));
-        QVERIFY(IconResolver(*m_config, m_bundle).image(name).isNull());
     }
 
     /// Every name that the program itself uses is in the icon set.
@@ -218,18 +192,17 @@ private Q_SLOTS:
     {
         const ResourceBundle bundle(QStringLiteral(TESSEL_BUNDLE));
         const IconResolver resolver(*m_config, bundle);
-        QStringList names { QStringLiteral("icon_translate"), QStringLiteral("icon_chatgpt") };
+        QStringList names { u"icon_translate"_s, u"icon_chatgpt"_s };
         for (const ActionConfig &action : DefaultActions::all() + DefaultActions::standard())
             names.append(action.iconName);
-        names += QStringLiteral("magnifyingglass doc.on.doc number text.magnifyingglass "
-                                "textformat.size calendar.badge.plus square.and.pencil "
-                                "character.book.closed bubble.left.and.bubble.right star heart "
-                                "bookmark flag bell tag bolt camera gear doc doc.text folder trash "
-                                "pencil scissors paperclip link envelope phone play pause stop "
-                                "calendar clock alarm map location globe house lock key shield "
-                                "person eye sun.max moon cloud car airplane star.circle "
-                                "exclamationmark.triangle.fill plus minus")
-                     .split(u' ');
+        names += u"magnifyingglass doc.on.doc number text.magnifyingglass "
+                 "textformat.size calendar.badge.plus square.and.pencil "
+                 "character.book.closed bubble.left.and.bubble.right star heart "
+                 "bookmark flag bell tag bolt camera gear doc doc.text folder trash "
+                 "pencil scissors paperclip link envelope phone play pause stop "
+                 "calendar clock alarm map location globe house lock key shield "
+                 "person eye sun.max moon cloud car airplane star.circle "
+                 "exclamationmark.triangle.fill plus minus"_s.split(u' ');
         for (const QString &name : names)
             QVERIFY2(!resolver.image(name).isNull(), qPrintable(name));
     }
