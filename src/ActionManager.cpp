@@ -66,8 +66,10 @@ void ActionManager::run(const ActionConfig &action, const QString &text)
         break;
     case ActionType::appleScript:
     case ActionType::shortcut:
-        Log::print(u"WARNING: actions of type "_s + rawValue(action.type)
-                   + u" cannot be run by this version"_s);
+        Q_EMIT commandFailed(
+            action.title,
+            u"Actions of type \"%1\" cannot be run by this version of Tessel."_s.arg(
+                rawValue(action.type)));
         break;
     case ActionType::builtin:
         performBuiltin(action.templateText, text);

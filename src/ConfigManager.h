@@ -46,7 +46,6 @@ public:
 
     void load();
     void save();
-    void saveConfig() { save(); }
     void loadDefaults();
 
     /// Whether the action can run as configured.

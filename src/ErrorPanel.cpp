@@ -3,6 +3,7 @@
 #include "ErrorPanel.h"
 
 #include "TemplateImage.h"
+#include "TextRules.h"
 #include "WindowCommands.h"
 #include "platform/PopupHost.h"
 
@@ -27,18 +28,15 @@ constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
 constexpr QColor systemRed(255, 59, 48);
 
-/// What the message box shows. Control characters would take up no place or move the text about; a
-/// line of a megabyte would take Qt a minute to lay out, so that long ones are broken up.
+/// What the message box shows. A line of a megabyte would take Qt a minute to lay out, so that long
+/// ones are broken up.
 QString displayable(const QString &text)
 {
     constexpr int longestLine = 1000;
     QString shown;
     shown.reserve(text.size() + text.size() / longestLine);
     int column = 0;
-    for (QChar c : text) {
-        const bool isControl = c.unicode() < 0x20 || c.unicode() == 0x7f;
-        if (isControl && c != u'\n' && c != u'\t')
-            c = QChar(c.unicode() == 0x7f ? 0x2421 : 0x2400 + c.unicode()); // Control Pictures
+    for (const QChar c : withControlPictures(text)) {
         column = c == u'\n' ? 0 : column + 1;
         if (column > longestLine && !c.isLowSurrogate()) {
             shown += u'\n';

@@ -35,7 +35,10 @@ FloatingPanel::FloatingPanel(Dependencies dependencies)
             updateTheme();
     };
     connect(&dependencies.notifications, &NotificationCenter::actionsDidReload, this,
-            rebuildIfVisible);
+            [this, rebuildIfVisible] {
+                m_icons.clear();
+                rebuildIfVisible();
+            });
     connect(&dependencies.notifications, &NotificationCenter::themeDidChange, this,
             rebuildIfVisible);
     connect(&dependencies.appearance, &Appearance::changed, this, rebuildIfVisible);
@@ -74,7 +77,7 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
                    .arg(size.height()));
     m_phase = Phase::shown;
     m_isChosen = false;
-    m_window.fadeIn(place, m_dependencies.popupHost.isCompositing());
+    m_window.fadeIn(place);
     if (makeKey)
         m_dependencies.popupHost.takeKeyboard(m_window.windowHandle());
 }
@@ -100,9 +103,10 @@ void FloatingPanel::forgetText()
 void FloatingPanel::updateTheme()
 {
     reloadButtons();
+    const bool isCompositing = m_dependencies.popupHost.isCompositing();
     m_window.setTheme(panelTheme(m_dependencies.config.themeMode,
-                                 m_dependencies.appearance.isDark(),
-                                 m_dependencies.popupHost.isCompositing()));
+                                 m_dependencies.appearance.isDark(), isCompositing),
+                      isCompositing);
 }
 
 void FloatingPanel::reloadButtons()
@@ -134,7 +138,7 @@ void FloatingPanel::fill(HoverButton &button, const GlintAction &action,
     button.setTemplateImage(isCounting ? QImage() : icon(action.iconName));
     const char shortcut = PanelLayout::shortcutCharacter(index);
     const bool isLabelled = m_dependencies.config.showKeyboardShortcuts && shortcut != '\0';
-    button.setShortcut(index, isLabelled ? std::optional(shortcut) : std::nullopt);
+    button.setShortcut(isLabelled ? std::optional(shortcut) : std::nullopt);
     disconnect(&button, &HoverButton::clicked, this, nullptr);
     connect(&button, &HoverButton::clicked, this, [this, &button] { choose(&button); });
 }
@@ -178,7 +182,9 @@ void FloatingPanel::choose(HoverButton *button)
     if (action == actions.cend())
         return;
     m_isChosen = true;
-    button->flash([handler = action->handler, text = *button->effectiveText] { handler(text); });
+    button->flash([this, handler = action->handler, text = *button->effectiveText] {
+        m_window.whenKeysAreUp([handler, text] { handler(text); });
+    });
 }
 
 void FloatingPanel::warmUp()

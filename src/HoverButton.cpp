@@ -58,9 +58,8 @@ void HoverButton::setTheme(const PanelTheme &theme)
     update();
 }
 
-void HoverButton::setShortcut(int index, std::optional<char> character)
+void HoverButton::setShortcut(std::optional<char> character)
 {
-    Q_UNUSED(index)
     m_shortcut = character ? QString(QLatin1Char(*character)) : QString();
     update();
 }

@@ -32,7 +32,7 @@ public:
     /// A template image: only its alpha counts. Null shows the button's text instead.
     void setTemplateImage(const QImage &image);
     void setTheme(const PanelTheme &theme);
-    void setShortcut(int index, std::optional<char> character);
+    void setShortcut(std::optional<char> character); ///< nothing clears it
 
     /// Width that the text needs, or the standard one.
     [[nodiscard]] int preferredWidth() const;

@@ -9,6 +9,9 @@
 #include <QPointer>
 #include <QWindow>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -28,9 +31,9 @@ QPointer<LargeTypeWindow> shown;
 
 void LargeTypeWindow::show(PopupHost &host, const QString &text)
 {
-    if (shown)
-        shown->closeWindow();
     host.locate().then(&host, [&host, text](const PopupLocation &location) {
+        if (shown)
+            shown->closeWindow();
         auto *window = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen));
         shown = window;
         window->winId();
@@ -105,17 +108,25 @@ void LargeTypeWindow::paintEvent(QPaintEvent *)
 
 /// The press must not reach the window below, nor may its repetitions and its release: the keyboard
 /// is kept until the key is up, by a window that has left the screen.
-void LargeTypeWindow::keyPressEvent(QKeyEvent *)
+void LargeTypeWindow::keyPressEvent(QKeyEvent *event)
 {
+    if (event->isAutoRepeat() && !m_leaving.isActive())
+        return; // of a key that was down before
     move(-2 * width(), -2 * height());
     m_leaving.start(longestPress);
 }
 
 /// A key that repeats is released and pressed again at once.
-void LargeTypeWindow::keyReleaseEvent(QKeyEvent *)
+void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
 {
+    constexpr int modifiers[]
+        = { Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_AltGr };
+    const bool isModifier = std::find(std::begin(modifiers), std::end(modifiers), event->key())
+        != std::end(modifiers);
     if (m_leaving.isActive())
         m_leaving.start(afterRelease);
+    else if (isModifier)
+        closeWindow();
 }
 
 void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Log.h"
 
+#include "TextRules.h"
+
 #include <QByteArray>
 
 #include <csignal>
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -23,7 +26,10 @@ void Log::print(QStringView line)
         return sink()(line);
     // Qt gives child processes the default disposition back.
     [[maybe_unused]] static const auto previous = std::signal(SIGPIPE, SIG_IGN);
-    const QByteArray bytes = line.toUtf8() + '\n';
+    // A captured text may hold commands for a terminal. Files and pipes get it exactly.
+    static const bool isTerminal = ::isatty(STDOUT_FILENO) != 0;
+    const QByteArray bytes
+        = (isTerminal ? withControlPictures(line.toString()).toUtf8() : line.toUtf8()) + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
     std::fflush(stdout);
 }

@@ -27,6 +27,8 @@ constexpr auto popTime = 250ms;
 constexpr double popFrom = 0.8;
 /// Where the fade is one display frame after its start: the first frame is to be seen.
 constexpr double firstOpacity = 0.15;
+constexpr auto longestPress = 3s; ///< for a key whose release never comes
+constexpr auto afterRelease = 50ms; ///< a key that repeats is released and pressed again at once
 constexpr int evdevOffset = 8; ///< X keycode = Linux input event code + 8
 
 QEasingCurve cubicBezier(QPointF first, QPointF second)
@@ -145,6 +147,11 @@ PanelWindow::PanelWindow(PopupHost &host)
         if (m_fade.endValue().toDouble() == 0)
             vanish();
     });
+    m_keyDown.setSingleShot(true);
+    connect(&m_keyDown, &QTimer::timeout, this, [this] {
+        if (const auto run = std::exchange(m_afterKeys, {}))
+            run();
+    });
     m_popping.setDuration(int(popTime.count()));
     m_popping.setEasingCurve(cubicBezier({ 0.175, 0.885 }, { 0.32, 1.275 }));
     m_popping.setStartValue(popFrom);
@@ -178,8 +185,9 @@ void PanelWindow::arrange()
     m_ground->resize(m_layout.window);
 }
 
-void PanelWindow::setTheme(const PanelTheme &theme)
+void PanelWindow::setTheme(const PanelTheme &theme, bool isCompositing)
 {
+    m_isCompositing = isCompositing;
     m_ground->set(theme, m_isCompositing);
     for (HoverButton *button : std::as_const(m_buttons))
         button->setTheme(theme);
@@ -199,27 +207,33 @@ void PanelWindow::warmUp()
     grab();
 }
 
-void PanelWindow::fadeIn(QPoint place, bool isCompositing)
+/// Where nothing is blended the window itself gets the bar's shape.
+void PanelWindow::updateShape()
+{
+    if (m_isCompositing) {
+        if (!mask().isEmpty())
+            clearMask();
+        return;
+    }
+    QPainterPath shape;
+    shape.addRoundedRect(m_layout.bar, cornerRadius, cornerRadius);
+    setMask(QRegion(shape.toFillPolygon().toPolygon()));
+}
+
+void PanelWindow::fadeIn(QPoint place)
 {
     create();
     m_fade.stop();
     m_popping.stop();
-    if (std::exchange(m_isCompositing, isCompositing) != isCompositing || !isCompositing) {
-        QPainterPath shape;
-        shape.addRoundedRect(m_layout.bar, cornerRadius, cornerRadius);
-        if (isCompositing)
-            clearMask();
-        else
-            setMask(QRegion(shape.toFillPolygon().toPolygon()));
-    }
+    updateShape();
     move(place);
     const QRectF bar = m_layout.bar;
     m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
-    m_pop->setScale(isCompositing ? popFrom : 1);
-    m_pop->setOpacity(isCompositing ? firstOpacity : 1);
+    m_pop->setScale(m_isCompositing ? popFrom : 1);
+    m_pop->setOpacity(m_isCompositing ? firstOpacity : 1);
     show();
     m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
-    if (!isCompositing)
+    if (!m_isCompositing)
         return;
     m_fade.setDuration(int(fadeInTime.count()));
     m_fade.setEasingCurve(cubicBezier({ 0, 0 }, { 0.58, 1 }));
@@ -251,8 +265,25 @@ void PanelWindow::vanish()
 
 void PanelWindow::keyPressEvent(QKeyEvent *event)
 {
+    m_keyDown.start(longestPress);
+    if (event->isAutoRepeat())
+        return;
     const auto keyCode
         = KeyCodes::virtualFromEvdev(static_cast<int>(event->nativeScanCode()) - evdevOffset);
     Q_EMIT keyPressed({ keyCode.value_or(-1), event->text(),
                         bool(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) });
+}
+
+void PanelWindow::keyReleaseEvent(QKeyEvent *)
+{
+    if (m_keyDown.isActive())
+        m_keyDown.start(afterRelease);
+}
+
+void PanelWindow::whenKeysAreUp(std::function<void()> run)
+{
+    if (m_keyDown.isActive())
+        m_afterKeys = std::move(run);
+    else
+        run();
 }

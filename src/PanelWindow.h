@@ -7,8 +7,11 @@
 #include "PanelTheme.h"
 
 #include <QPixmap>
+#include <QTimer>
 #include <QVariantAnimation>
 #include <QWidget>
+
+#include <functional>
 
 class HoverButton;
 class PopEffect;
@@ -29,12 +32,16 @@ public:
     /// Arranges the buttons in use by their preferred widths.
     void arrange();
 
-    void setTheme(const PanelTheme &theme);
+    void setTheme(const PanelTheme &theme, bool isCompositing);
 
     /// Shows the window at a place (top-left corner, global logical pixels), fading and popping in
     /// where the desktop can blend.
-    void fadeIn(QPoint place, bool isCompositing);
+    void fadeIn(QPoint place);
     void fadeOut(); ///< then the window is hidden
+
+    /// Runs it when the key that the bar was used with is up again, at once when none is down: what
+    /// a key repeats must not reach the application below, where it would replace the selection.
+    void whenKeysAreUp(std::function<void()> run);
 
     /// Makes the window and paints it once off screen, so that it appears at once later.
     void warmUp();
@@ -45,12 +52,14 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
     class Ground;
 
     void create();
     void vanish();
+    void updateShape();
 
     PopupHost &m_host;
     Ground *m_ground; ///< fills the window; the buttons are its children
@@ -60,4 +69,6 @@ private:
     QVariantAnimation m_fade;
     QVariantAnimation m_popping;
     bool m_isCompositing = true;
+    QTimer m_keyDown; ///< runs while a key is down
+    std::function<void()> m_afterKeys;
 };

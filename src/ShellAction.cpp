@@ -58,8 +58,11 @@ ShellReport shellReport(const CommandResult &result)
 
 QString helperFolder(const QString &programFolder)
 {
-    const QString installed = QDir::cleanPath(programFolder + u"/../libexec/tessel"_s);
-    return QFileInfo(installed).isDir() ? installed : QStringLiteral(TESSEL_BUILD_HELPERS);
+    // The build folder counts only for the program in it: an installed one must not look for its
+    // helpers where anybody might put some.
+    const QString built = QStringLiteral(TESSEL_BUILD_HELPERS);
+    const bool isBuilt = QFileInfo(built).path() == QDir::cleanPath(programFolder);
+    return isBuilt ? built : QDir::cleanPath(programFolder + u"/../libexec/tessel"_s);
 }
 
 void prependHelperFolderToPath()

@@ -72,3 +72,18 @@ qsizetype characterCount(const QString &text)
     }
     return count;
 }
+
+QString withControlPictures(const QString &text)
+{
+    QString shown = text;
+    for (QChar &c : shown) {
+        const char16_t unit = c.unicode();
+        if (unit < 0x20 && unit != u'\n' && unit != u'\t')
+            c = QChar(0x2400 + unit);
+        else if (unit == 0x7f)
+            c = QChar(0x2421);
+        else if (unit >= 0x80 && unit < 0xa0)
+            c = QChar(0xfffd);
+    }
+    return shown;
+}

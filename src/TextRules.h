@@ -7,5 +7,9 @@
 /// CR LF becomes LF, then each CR that is left does.
 [[nodiscard]] QString withNormalizedLineEnds(const QString &text);
 
+/// Control characters but for line feed and tab become visible (the block Control Pictures), so
+/// that they neither move a text about nor command a terminal.
+[[nodiscard]] QString withControlPictures(const QString &text);
+
 /// The number of user-perceived characters: extended grapheme clusters (UAX #29). CR LF is one.
 [[nodiscard]] qsizetype characterCount(const QString &text);

@@ -3,9 +3,9 @@
 #include "UpdaterController.h"
 
 #include "Log.h"
+#include "ShellAction.h"
 #include "UpdateWindow.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -83,12 +83,8 @@ UpdateWindow::Content contentFor(const QJsonObject &result, const QString &curre
 
 UpdaterController::Dependencies UpdaterController::standard(Workspace &workspace)
 {
-    const QDir programs(QCoreApplication::applicationDirPath());
-    const QString name = u"tessel-update-check"_s;
-    const QString built = programs.filePath(u"libexec/"_s + name);
-    const QString installed = programs.filePath(u"../libexec/tessel/"_s + name);
     return { .workspace = workspace,
-             .helperPath = QDir::cleanPath(QFileInfo::exists(built) ? built : installed),
+             .helperPath = helperFolder() + u"/tessel-update-check"_s,
              .feed = QStringLiteral(TESSEL_UPDATE_FEED),
              .publicKey = QStringLiteral(TESSEL_UPDATE_KEY),
              .stateFile = stateFolder() + u"/tessel/updates.json"_s,

@@ -12,6 +12,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <optional>
@@ -62,8 +63,13 @@ void quitOnTerminationSignals()
     auto *notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, qApp);
     QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
     for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
-        std::signal(signal,
-                    [](int) { [[maybe_unused]] const auto written = ::write(ends[1], "", 1); });
+        const auto previous = std::signal(signal, [](int) {
+            const int error = errno;
+            [[maybe_unused]] const auto written = ::write(ends[1], "", 1);
+            errno = error;
+        });
+        if (previous == SIG_IGN)
+            std::signal(signal, SIG_IGN); // started by nohup, or in the background of a script
     }
 }
 

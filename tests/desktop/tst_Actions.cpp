@@ -139,6 +139,20 @@ private Q_SLOTS:
         QVERIFY(stage.editor.selectAll()); // the text is as it was
     }
 
+    /// What the key repeats must not replace the selection in the application below.
+    void heldKeyDoesNotReachTheEditor()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare(TesselProgram::action(u"count"_s, u"builtin"_s, u"COUNT"_s),
+                              u"tesserae"_s));
+        QVERIFY(stage.tessel.summon());
+        stage.session.user().press(firstKey);
+        QTest::qWait(1500); // long enough for the key to repeat
+        stage.session.user().release(firstKey);
+        QVERIFY(stage.session.clipboard().waitForText(u"8"_s));
+        QVERIFY(stage.editor.selectAll()); // the text is as it was
+    }
+
     void copiedTextOutlivesTheProgram()
     {
         Stage stage;

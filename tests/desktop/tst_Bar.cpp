@@ -115,6 +115,39 @@ private Q_SLOTS:
         QVERIFY(stage.session.urlRecorder().urls().isEmpty());
     }
 
+    void menusElsewhereOpenAlthoughTheBarHasTheKeyboard()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        stage.user().movePointer(stage.middle());
+        QVERIFY(stage.tessel.summon());
+        stage.user().click(stage.middle() + QPoint(120, 60), 1, 3);
+        QVERIFY(stage.user().waitForWindow([](const WindowInfo &window) {
+            return window.overrideRedirect && window.geometry.height() > 150;
+        }));
+    }
+
+    /// The compositor may start after the program.
+    void followsTheCompositor()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        stage.user().movePointer(stage.middle());
+        QVERIFY(stage.tessel.summon());
+        stage.user().tap(XKB_KEY_Escape);
+        QVERIFY(stage.tessel.waitUntilBarGone());
+        QVERIFY(stage.session.startCompositor());
+        stage.tessel.awaitTrigger();
+        const QImage before = stage.user().screenshot();
+        const auto bar = stage.tessel.summon();
+        QVERIFY(bar);
+        // In the margin, away from the shadow, nothing is drawn.
+        const QRect margin(bar->geometry.topLeft() + QPoint(1, 1),
+                           QSize(bar->geometry.width() - 2, 2));
+        QTest::qWait(400); // the fade is over
+        QCOMPARE(stage.user().screenshot(margin), before.copy(margin));
+    }
+
     void clickOrScrollOnTheBarDoesNotHideIt()
     {
         Stage stage;

@@ -6,6 +6,8 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 void xdgOpen(const QString &url)
 {
     QProcess process;
@@ -13,5 +15,5 @@ void xdgOpen(const QString &url)
     process.setArguments({ url });
     process.setStandardInputFile(QProcess::nullDevice());
     if (!process.startDetached())
-        Log::print(u"ERROR: xdg-open could not be started; is xdg-utils installed?");
+        Log::print(u"ERROR: xdg-open could not be started: "_s + process.errorString());
 }

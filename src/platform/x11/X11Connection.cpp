@@ -138,13 +138,13 @@ quint32 X11Connection::atom(const char *name) const
     return atom;
 }
 
-QByteArray X11Connection::property(quint32 window, quint32 atom) const
+QByteArray X11Connection::property(quint32 window, quint32 atom, quint32 mostBytes) const
 {
-    constexpr quint32 wholeValue = 0x1fffffff; // in units of four bytes
-    const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        m_connection,
-        xcb_get_property(m_connection, 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, wholeValue),
-        nullptr));
+    const XcbPtr<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(m_connection,
+                               xcb_get_property(m_connection, 0, window, atom,
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, mostBytes / 4),
+                               nullptr));
     if (!reply)
         return {};
     return { static_cast<const char *>(xcb_get_property_value(reply.get())),

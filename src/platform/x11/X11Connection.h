@@ -77,8 +77,10 @@ public:
 
     [[nodiscard]] quint32 atom(const char *name) const; ///< remembered after the first request
 
-    /// Whole value of a window's property in any format; empty when it has none.
-    [[nodiscard]] QByteArray property(quint32 window, quint32 atom) const;
+    /// Value of a window's property in any format, cut off at `mostBytes`: other programs write
+    /// what they like there. Empty when it has none.
+    [[nodiscard]] QByteArray property(quint32 window, quint32 atom,
+                                      quint32 mostBytes = 64 << 10) const;
 
     /// First 32-bit item of a property, 0 when there is none.
     [[nodiscard]] quint32 property32(quint32 window, quint32 atom) const;

@@ -52,9 +52,11 @@ private:
     X11EventMonitor &m_monitor;
 };
 
-X11EventMonitor::X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard)
+X11EventMonitor::X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard,
+                                 std::function<void()> pressedElsewhere)
     : m_connection(connection)
     , m_ownsKeyboard(std::move(ownsKeyboard))
+    , m_pressedElsewhere(std::move(pressedElsewhere))
 {
     if (!connection.xinput().present || !connection.xkb().present)
         return;
@@ -121,13 +123,16 @@ void X11EventMonitor::handleRaw(const X11Event &event)
                   m_modifiers });
         return;
     }
-    const bool scrolled = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS
-        && raw.detail >= firstScrollButton && raw.detail <= lastScrollButton;
-    const bool released
-        = raw.event_type == XCB_INPUT_RAW_BUTTON_RELEASE && raw.detail == leftButton;
-    if ((scrolled || released) && !isPointerOverOwnWindow())
-        deliver({ scrolled ? InputEvent::Kind::scrollWheel : InputEvent::Kind::leftMouseUp, -1,
-                  m_modifiers });
+    const bool isPress = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+    const bool isScroll = raw.detail >= firstScrollButton && raw.detail <= lastScrollButton;
+    if ((!isPress && raw.detail != leftButton) || isPointerOverOwnWindow())
+        return;
+    if (isPress && !isScroll)
+        m_pressedElsewhere();
+    else if (isPress)
+        deliver({ InputEvent::Kind::scrollWheel, -1, m_modifiers });
+    else
+        deliver({ InputEvent::Kind::leftMouseUp, -1, m_modifiers });
 }
 
 void X11EventMonitor::deliver(const InputEvent &event)

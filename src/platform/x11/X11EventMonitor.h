@@ -17,7 +17,9 @@ public:
     /// Tells whether one of our own windows receives the keys now.
     using OwnsKeyboard = std::function<bool()>;
 
-    X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard);
+    /// `pressedElsewhere`: a mouse button goes down in another application.
+    X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard,
+                    std::function<void()> pressedElsewhere);
 
     [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                  Handler handler) override;
@@ -33,6 +35,7 @@ private:
 
     X11Connection &m_connection;
     OwnsKeyboard m_ownsKeyboard;
+    std::function<void()> m_pressedElsewhere;
     std::shared_ptr<void> m_subscription;
     qint64 m_modifiers = 0; ///< as of the last state change that the server told
     QList<Token *> m_tokens;

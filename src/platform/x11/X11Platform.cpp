@@ -29,7 +29,8 @@ struct X11Platform::Services
     X11Workspace workspace { *connection };
     X11PopupHost popupHost { *connection, workspace };
     X11EventMonitor eventMonitor {
-        *connection, [this] { return popupHost.holdsKeyboard() || QGuiApplication::focusWindow(); }
+        *connection, [this] { return popupHost.holdsKeyboard() || QGuiApplication::focusWindow(); },
+        [this] { popupHost.releaseHeldKeyboard(); }
     };
     PortalAppearance appearance;
     X11StatusArea statusArea { *connection };

@@ -143,6 +143,13 @@ bool X11PopupHost::isCompositing() const
 
 void X11PopupHost::adopt(QWindow *window)
 {
+    if (!window->flags().testFlag(Qt::BypassWindowManagerHint)) {
+        // What the window manager does not leave alone is to be on all desktops (EWMH).
+        const quint32 allDesktops = 0xFFFFFFFF;
+        xcb_change_property(
+            m_connection.xcb(), XCB_PROP_MODE_REPLACE, static_cast<quint32>(window->winId()),
+            m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 32, 1, &allDesktops);
+    }
     // Compositors that add shadows of their own to any window are told that ours has one.
     const auto id = static_cast<quint32>(window->winId());
     const quint32 none = 0;
@@ -190,6 +197,12 @@ void X11PopupHost::releaseKeyboard(QWindow *window)
         return;
     window->setKeyboardGrabEnabled(false);
     m_keyboardWindow.clear();
+}
+
+void X11PopupHost::releaseHeldKeyboard()
+{
+    if (m_keyboardWindow)
+        releaseKeyboard(m_keyboardWindow);
 }
 
 bool X11PopupHost::holdsKeyboard() const

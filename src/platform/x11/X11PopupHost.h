@@ -23,6 +23,10 @@ public:
     bool takeKeyboard(QWindow *window) override;
     void releaseKeyboard(QWindow *window) override;
 
+    /// Takes the keyboard from whichever popup has it: a menu that a click opens in another
+    /// application could not grab it else.
+    void releaseHeldKeyboard();
+
     /// Whether one of our popups has the keyboard.
     [[nodiscard]] bool holdsKeyboard() const;
 

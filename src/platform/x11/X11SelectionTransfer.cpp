@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto wholeTransfer = 3s;
-constexpr qsizetype mostBytes = 64 << 20;
+constexpr quint32 mostBytes = 64 << 20;
 
 /// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
 struct Target
@@ -108,13 +108,17 @@ void X11SelectionTransfer::takeAnswer(quint32 property)
         m_patience.start();
         return;
     }
-    m_bytes = m_connection.property(m_window, property);
+    if (!type || type->bytes_after > mostBytes) {
+        finish({});
+        return;
+    }
+    m_bytes = m_connection.property(m_window, property, mostBytes);
     finish(decoded());
 }
 
 void X11SelectionTransfer::takePiece()
 {
-    const QByteArray piece = m_connection.property(m_window, m_property);
+    const QByteArray piece = m_connection.property(m_window, m_property, mostBytes);
     xcb_delete_property(m_connection.xcb(), m_window, m_property);
     xcb_flush(m_connection.xcb());
     m_bytes += piece;
