@@ -38,5 +38,5 @@ struct ShellReport
                                    = QCoreApplication::applicationDirPath());
 
 /// Puts the helper folder first on the PATH of the process, and so of its children. To be called
-/// once, when the application object exists and no thread has been started.
+/// once, when the application object exists and no thread reads the environment.
 void prependHelperFolderToPath();
