@@ -10,7 +10,8 @@
 
 #include <algorithm>
 #include <xcb/xcb.h>
-#define explicit explicit_ // a member's name in this C header
+// A member's name in this C header.
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 #include <xcb/xtest.h>

@@ -10,7 +10,8 @@
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
-#define explicit explicit_ // a member's name in this C header
+// A member's name in this C header.
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
