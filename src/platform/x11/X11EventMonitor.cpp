@@ -11,7 +11,7 @@
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 // A member's name in this C header.
-#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
+#define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
 
