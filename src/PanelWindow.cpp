@@ -225,6 +225,8 @@ void PanelWindow::fadeIn(QPoint place)
     create();
     m_fade.stop();
     m_popping.stop();
+    if (!m_afterKeys)
+        m_keyDown.stop(); // the release of the key that hid the bar went elsewhere
     updateShape();
     move(place);
     const QRectF bar = m_layout.bar;

@@ -147,6 +147,17 @@ private Q_SLOTS:
         QCOMPARE(bar.platform.workspace().opened.size(), 1);
     }
 
+    void escapeDelaysNoLaterAction()
+    {
+        PanelFixture bar;
+        bar.setActions({ { u"open"_s, {} } });
+        bar.show(u"word"_s);
+        QTest::keyPress(&bar.panel.window(), Qt::Key_Escape); // its release goes elsewhere
+        bar.show(u"word"_s);
+        QTest::mouseClick(bar.buttons().at(0), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(bar.platform.workspace().opened.size(), 1, 1500);
+    }
+
     void hidesOnEveryWay_data()
     {
         QTest::addColumn<bool>("compositing");
