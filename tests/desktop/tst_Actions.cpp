@@ -158,9 +158,7 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY(stage.prepare(TesselProgram::action(u"count"_s, u"builtin"_s, u"COUNT"_s),
                               u"tesserae"_s));
-        const QDir libraries(u"/usr/lib"_s);
-        for (const QString &architecture : libraries.entryList({ u"*-linux-gnu*"_s }, QDir::Dirs))
-            stage.session.launch(libraries.filePath(architecture) + u"/xfce4/xfconf/xfconfd"_s);
+        stage.session.launchXfceSettings();
         const ChildProcess &manager = stage.session.launch(u"xfce4-clipman"_s);
         QVERIFY(stage.runAction());
         QVERIFY(stage.session.clipboard().waitForText(u"8"_s));

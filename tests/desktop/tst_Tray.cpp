@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "TesselProgram.h"
 
-#include <QDir>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -123,9 +122,7 @@ private Q_SLOTS:
     {
         DesktopSession session;
         QVERIFY2(session.start(), qPrintable(session.errorString()));
-        const QDir libraries(u"/usr/lib"_s);
-        for (const QString &architecture : libraries.entryList({ u"*-linux-gnu*"_s }, QDir::Dirs))
-            session.launch(libraries.filePath(architecture) + u"/xfce4/xfconf/xfconfd"_s);
+        session.launchXfceSettings();
         TesselProgram tessel(session);
         QVERIFY(tessel.start());
         for (int i = 0; i < 2; ++i) {

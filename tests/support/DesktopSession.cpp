@@ -272,6 +272,14 @@ ChildProcess &DesktopSession::launch(const QString &program, const QStringList &
     return child;
 }
 
+void DesktopSession::launchXfceSettings()
+{
+    const QDir libraries(QStringLiteral("/usr/lib"));
+    for (const QString &architecture :
+         libraries.entryList({ QStringLiteral("*-linux-gnu*") }, QDir::Dirs))
+        launch(libraries.filePath(architecture) + QStringLiteral("/xfce4/xfconf/xfconfd"));
+}
+
 bool DesktopSession::setKeyboardLayout(const QString &layout)
 {
     return run(QStringLiteral("setxkbmap"), { QStringLiteral("-layout"), layout });

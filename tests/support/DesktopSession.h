@@ -68,6 +68,9 @@ public:
     ChildProcess &launch(const QString &program, const QStringList &arguments,
                          const QProcessEnvironment &environment);
 
+    // Starts the settings service of XFCE's programs, which the session's bus does not activate.
+    void launchXfceSettings();
+
     // Replaces the keyboard layout of the running server.
     [[nodiscard]] bool setKeyboardLayout(const QString &layout);
     [[nodiscard]] bool startCompositor();
