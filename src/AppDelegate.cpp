@@ -13,6 +13,7 @@
 #include "ResourceBundle.h"
 #include "SelectionDetector.h"
 #include "UpdaterController.h"
+#include "WindowStyle.h"
 #include "platform/CopyRequest.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
@@ -36,6 +37,7 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
+    WindowStyle::apply(platform.appearance());
     const QStringList missing = platform.workspace().missingAccess();
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "

@@ -33,19 +33,27 @@ QImage resized(const QImage &image, QSize size)
     return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage applicationIconImage(AppIconType type, const ResourceBundle &bundle)
+QImage applicationArtwork(AppIconType type, const ResourceBundle &bundle, QSize size, double share,
+                          double scale)
 {
     const QImage artwork = bundle.iconImage(resourceName(type));
     if (artwork.isNull())
         return {};
-    QImage icon(iconSize, QImage::Format_ARGB32_Premultiplied);
-    icon.fill(Qt::transparent);
-    QRectF place(QPointF(), QSizeF(iconSize) * artworkShare);
-    place.moveCenter(QRectF(QPointF(), iconSize).center());
-    QPainter painter(&icon);
+    QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QRectF place(QPointF(), QSizeF(image.size()) * share);
+    place.moveCenter(QRectF(QPointF(), image.size()).center());
+    QPainter painter(&image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(place, resized(artwork, iconSize));
-    return icon;
+    painter.drawImage(place, resized(artwork, image.size()));
+    painter.end();
+    image.setDevicePixelRatio(scale);
+    return image;
+}
+
+QImage applicationIconImage(AppIconType type, const ResourceBundle &bundle)
+{
+    return applicationArtwork(type, bundle, iconSize, artworkShare);
 }
 
 void applyApplicationIcon(AppIconType type, const ResourceBundle &bundle)

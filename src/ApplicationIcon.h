@@ -12,6 +12,11 @@ class ResourceBundle;
 /// The image drawn over exactly the given size.
 [[nodiscard]] QImage resized(const QImage &image, QSize size);
 
+/// The artwork in the middle of a transparent image: `size` in logical pixels, of which it takes
+/// the given share; null when the resource is missing.
+[[nodiscard]] QImage applicationArtwork(AppIconType type, const ResourceBundle &bundle, QSize size,
+                                        double share, double scale = 1);
+
 /// The chosen artwork at 128 × 128, drawn at 80 % with a margin; null when the resource is missing.
 [[nodiscard]] QImage applicationIconImage(AppIconType type, const ResourceBundle &bundle);
 

@@ -4,33 +4,12 @@
 
 #include "ConfigManager.h"
 #include "DefaultActions.h"
+#include "ImageFile.h"
 #include "ResourceBundle.h"
 
 #include <QFileInfo>
-#include <QImageReader>
-
-#include <algorithm>
 
 namespace {
-
-/// Larger files are not read: a PNG of this size takes half a second.
-constexpr qint64 mostPixels = qint64 { 4096 } * 4096;
-
-/// Reads an image in at most the given size, or null.
-QImage readScaled(const QString &path, int longestSide)
-{
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isEmpty() || qint64 { size.width() } * size.height() > mostPixels)
-        return {};
-    if (std::max(size.width(), size.height()) > longestSide) {
-        const QSize scaled = size.scaled(longestSide, longestSide, Qt::KeepAspectRatio);
-        reader.setScaledSize(scaled.expandedTo({ 1, 1 }));
-    }
-    return reader.read();
-}
 
 /// The icon-set name for a system symbol, looked up without its variants ("star.circle",
 /// "bell.fill") where the symbol itself has none.
@@ -74,6 +53,6 @@ QImage IconResolver::customImage(const QString &path) const
     const QDateTime modified = QFileInfo(path).lastModified();
     CustomImage &custom = m_customImages[path];
     if (custom.modified != modified)
-        custom = { modified, readScaled(path, longestSide) };
+        custom = { modified, readImageFile(path, longestSide) };
     return custom.image;
 }

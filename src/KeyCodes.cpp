@@ -9,6 +9,12 @@
 
 namespace {
 
+constexpr int evdevOffset = 8; ///< X11 keycode = Linux input event code + 8
+
+// Command, Shift, Caps Lock, Option, Control, Fn.
+constexpr qint64 firstModifier = 54;
+constexpr qint64 lastModifier = 63;
+
 struct Key
 {
     qint64 virtualCode;
@@ -81,10 +87,20 @@ std::optional<qint64> KeyCodes::virtualFromEvdev(int evdevCode)
     return key == std::end(keys) ? std::nullopt : std::optional(key->virtualCode);
 }
 
+std::optional<qint64> KeyCodes::virtualFromScanCode(quint32 scanCode)
+{
+    return virtualFromEvdev(static_cast<int>(scanCode) - evdevOffset);
+}
+
 std::optional<int> KeyCodes::evdevFromVirtual(qint64 virtualCode)
 {
     const Key *key = keyWithVirtualCode(virtualCode);
     return key ? std::optional(key->evdevCode) : std::nullopt;
+}
+
+bool KeyCodes::isModifier(qint64 virtualCode)
+{
+    return virtualCode >= firstModifier && virtualCode <= lastModifier;
 }
 
 std::optional<char> KeyCodes::ansiCharacter(qint64 virtualCode)

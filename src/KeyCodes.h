@@ -26,7 +26,12 @@ inline constexpr qint64 modifierMask = 0x1E0000;
 /// different keyboards share a virtual key code (Insert and Help; Print Screen and F13), for which
 /// evdevFromVirtual() gives one of them.
 [[nodiscard]] std::optional<qint64> virtualFromEvdev(int evdevCode);
+/// The same from a key event's native scan code, which is an X11 keycode.
+[[nodiscard]] std::optional<qint64> virtualFromScanCode(quint32 scanCode);
 [[nodiscard]] std::optional<int> evdevFromVirtual(qint64 virtualCode);
+
+/// Whether the key does nothing but modify others.
+[[nodiscard]] bool isModifier(qint64 virtualCode);
 
 /// The letter or digit, upper case, that a key of the typing block gives on an ANSI keyboard.
 [[nodiscard]] std::optional<char> ansiCharacter(qint64 virtualCode);

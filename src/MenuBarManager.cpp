@@ -7,7 +7,6 @@
 #include "ConfigManager.h"
 #include "ErrorPanel.h"
 #include "FileLogger.h"
-#include "IconResolver.h"
 #include "LocalizationManager.h"
 #include "Log.h"
 #include "NotificationCenter.h"
@@ -27,6 +26,7 @@
 
 MenuBarManager::MenuBarManager(Dependencies dependencies)
     : m_dependencies(dependencies)
+    , m_icons(dependencies.config, dependencies.bundle)
 {
     updateMenu();
     connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
@@ -108,7 +108,8 @@ void MenuBarManager::openSettings()
     if (!m_settingsWindowController) {
         FileLogger::log(QStringLiteral("DEBUG: Creating new SettingsWindowController"));
         m_settingsWindowController = new SettingsWindowController(
-            m_dependencies.config, m_dependencies.localization, m_dependencies.notifications);
+            { m_dependencies.config, m_dependencies.localization, m_dependencies.notifications,
+              m_dependencies.bundle, m_icons, m_dependencies.platform.workspace() });
         m_settingsWindowController->onClose = [manager = QPointer(this)] {
             FileLogger::log(QStringLiteral("DEBUG: Settings window closing - performing cleanup"));
             if (manager)
@@ -132,9 +133,8 @@ void MenuBarManager::showError(const QString &title, const QString &message)
     const bool isDark = panelTheme(m_dependencies.config.themeMode,
                                    m_dependencies.platform.appearance().isDark(), true)
                             .isDark;
-    const IconResolver icons(m_dependencies.config, m_dependencies.bundle);
     m_errorWindow = new ErrorPanel(m_dependencies.platform.popupHost(),
-                                   icons.image(QStringLiteral("exclamationmark.triangle.fill")),
+                                   m_icons.image(QStringLiteral("exclamationmark.triangle.fill")),
                                    title, message, isDark);
     connect(m_errorWindow, &ErrorPanel::copyRequested, this,
             [this](const QString &text) { m_dependencies.platform.pasteboard().setString(text); });

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "IconResolver.h"
+
 #include <QMenu>
 #include <QObject>
 #include <QPointer>
@@ -59,6 +61,7 @@ private:
     void showAbout();
 
     Dependencies m_dependencies;
+    IconResolver m_icons;
     QMenu m_menu;
     std::unique_ptr<QSystemTrayIcon> m_statusItem; ///< empty until there is a tray
     QPointer<SettingsWindowController> m_settingsWindowController;

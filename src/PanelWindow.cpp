@@ -29,7 +29,6 @@ constexpr double popFrom = 0.8;
 constexpr double firstOpacity = 0.15;
 constexpr auto longestPress = 3s; ///< for a key whose release never comes
 constexpr auto afterRelease = 50ms; ///< a key that repeats is released and pressed again at once
-constexpr int evdevOffset = 8; ///< X keycode = Linux input event code + 8
 
 QEasingCurve cubicBezier(QPointF first, QPointF second)
 {
@@ -270,8 +269,7 @@ void PanelWindow::keyPressEvent(QKeyEvent *event)
     m_keyDown.start(longestPress);
     if (event->isAutoRepeat())
         return;
-    const auto keyCode
-        = KeyCodes::virtualFromEvdev(static_cast<int>(event->nativeScanCode()) - evdevOffset);
+    const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
     Q_EMIT keyPressed({ keyCode.value_or(-1), event->text(),
                         bool(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) });
 }

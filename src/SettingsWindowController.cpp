@@ -2,51 +2,92 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowController.h"
 
+#include "ActionsSettingsViewController.h"
 #include "ApplicationIcon.h"
 #include "ConfigManager.h"
 #include "FileLogger.h"
+#include "GeneralSettingsViewController.h"
+#include "IconResolver.h"
 #include "LocalizationManager.h"
 #include "NotificationCenter.h"
-#include "ResourceBundle.h"
+#include "SettingsLayout.h"
+#include "ToolbarTabBar.h"
 #include "WindowCommands.h"
 
-#include <QTabWidget>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QSize windowSize(810, 450);
+constexpr int fontSize = 13; // pixels
 
 }
 
-SettingsWindowController::SettingsWindowController(ConfigManager &config,
-                                                   LocalizationManager &localization,
-                                                   NotificationCenter &notifications)
-    : m_config(config)
-    , m_localization(localization)
-    , m_tabs(new QTabWidget(this))
+SettingsWindowController::SettingsWindowController(Dependencies dependencies)
+    : m_dependencies(dependencies)
+    , m_tabs(new ToolbarTabBar)
 {
-    FileLogger::log(QStringLiteral("DEBUG: SettingsWindowController init called"));
+    FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QStringLiteral("Tessel Preferences"));
+    setWindowTitle(u"Tessel Preferences"_s);
+    QFont font = this->font();
+    font.setPixelSize(fontSize);
+    setFont(font);
     setMinimumSize(windowSize);
     resize(windowSize);
-    setFloating(config.alwaysOnTop);
+    setFloating(dependencies.config.alwaysOnTop);
     addWindowCommands(this);
-    FileLogger::log(QStringLiteral("DEBUG: Window created"));
-    FileLogger::log(QStringLiteral("DEBUG: Creating General Settings VC"));
-    m_tabs->addTab(new QWidget, QString());
-    FileLogger::log(QStringLiteral("DEBUG: Creating Actions Settings VC"));
-    m_tabs->addTab(new QWidget, QString());
-    setCentralWidget(m_tabs);
+    FileLogger::log(u"DEBUG: Window created"_s);
+    setupTabs();
     languageChanged();
-    FileLogger::log(QStringLiteral("DEBUG: SettingsWindowController setup complete"));
-    connect(&notifications, &NotificationCenter::languageDidChange, this,
+    FileLogger::log(u"DEBUG: SettingsWindowController setup complete"_s);
+    connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
             &SettingsWindowController::languageChanged);
+}
+
+void SettingsWindowController::setupTabs()
+{
+    const auto &[config, localization, notifications, bundle, icons, workspace] = m_dependencies;
+    auto *pages = new QStackedWidget;
+    FileLogger::log(u"DEBUG: Creating General Settings VC"_s);
+    m_general = new GeneralSettingsViewController(
+        { config, localization, notifications, bundle, icons, workspace });
+    pages->addWidget(m_general);
+    m_tabs->addTab(icons.image(u"gear"_s), u"General"_s);
+    FileLogger::log(u"DEBUG: Creating Actions Settings VC"_s);
+    m_actions
+        = new ActionsSettingsViewController({ config, localization, notifications, bundle, icons });
+    pages->addWidget(m_actions);
+    m_tabs->addTab(icons.image(u"star"_s), u"Actions"_s);
+    connect(m_tabs, &QTabBar::currentChanged, pages, &QStackedWidget::setCurrentIndex);
+    connect(m_general, &GeneralSettingsViewController::alwaysOnTopChanged, this,
+            &SettingsWindowController::setFloating);
+
+    for (const auto keys : { QKeySequence::NextChild, QKeySequence::PreviousChild }) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                [this] { m_tabs->setCurrentIndex(1 - m_tabs->currentIndex()); });
+    }
+
+    auto *content = new QWidget;
+    QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
+    column->addSpacing(4);
+    column->addWidget(m_tabs, 0, Qt::AlignHCenter);
+    column->addSpacing(4);
+    column->addWidget(SettingsLayout::separator());
+    column->addWidget(pages);
+    setCentralWidget(content);
+    m_general->setFocus(); // no control is marked before the keyboard is used
 }
 
 void SettingsWindowController::showWindow()
 {
-    applyApplicationIcon(m_config.appIcon, ResourceBundle::module());
+    applyApplicationIcon(m_dependencies.config.appIcon, m_dependencies.bundle);
+    if (isMinimized())
+        showNormal();
     show();
     raise();
     activateWindow();
@@ -54,24 +95,31 @@ void SettingsWindowController::showWindow()
 
 void SettingsWindowController::setFloating(bool isFloating)
 {
-    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == isFloating)
-        return;
-    const bool wasVisible = isVisible();
-    setWindowFlag(Qt::WindowStaysOnTopHint, isFloating);
-    setVisible(wasVisible); // changing the flags hides a window
+    Qt::WindowFlags flags = windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, isFloating);
+    overrideWindowFlags(flags); // setting them would hide the window
+    if (windowHandle())
+        windowHandle()->setFlags(flags);
 }
 
 void SettingsWindowController::languageChanged()
 {
-    m_tabs->setTabText(0, m_localization.localizedString(QStringLiteral("General")));
-    m_tabs->setTabText(1, m_localization.localizedString(QStringLiteral("Actions")));
+    m_tabs->setTabText(0, m_dependencies.localization.localizedString(u"General"_s));
+    m_tabs->setTabText(1, m_dependencies.localization.localizedString(u"Actions"_s));
 }
 
 void SettingsWindowController::closeEvent(QCloseEvent *event)
 {
-    FileLogger::log(QStringLiteral("DEBUG: windowWillClose - starting cleanup"));
+    windowWillClose();
     QMainWindow::closeEvent(event);
-    FileLogger::log(QStringLiteral("DEBUG: windowWillClose - cleanup complete, calling onClose"));
+}
+
+void SettingsWindowController::windowWillClose()
+{
+    FileLogger::log(u"DEBUG: windowWillClose - starting cleanup"_s);
+    m_general->clearIconCache();
+    m_actions->cleanup();
+    FileLogger::log(u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s);
     if (const auto callback = std::exchange(onClose, {}))
         callback();
 }

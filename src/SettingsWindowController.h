@@ -6,10 +6,16 @@
 
 #include <functional>
 
+class ActionsSettingsViewController;
+class Appearance;
 class ConfigManager;
+class GeneralSettingsViewController;
+class IconResolver;
 class LocalizationManager;
 class NotificationCenter;
-class QTabWidget;
+class ResourceBundle;
+class ToolbarTabBar;
+class Workspace;
 
 /// The settings window. Deletes itself when closed.
 class SettingsWindowController final : public QMainWindow
@@ -17,8 +23,17 @@ class SettingsWindowController final : public QMainWindow
     Q_OBJECT
 
 public:
-    SettingsWindowController(ConfigManager &config, LocalizationManager &localization,
-                             NotificationCenter &notifications);
+    struct Dependencies
+    {
+        ConfigManager &config;
+        LocalizationManager &localization;
+        NotificationCenter &notifications;
+        const ResourceBundle &bundle;
+        const IconResolver &icons;
+        Workspace &workspace;
+    };
+
+    explicit SettingsWindowController(Dependencies dependencies);
 
     std::function<void()> onClose; ///< called once, at the end of the clean-up
 
@@ -29,9 +44,12 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void setupTabs();
     void languageChanged();
+    void windowWillClose();
 
-    ConfigManager &m_config;
-    LocalizationManager &m_localization;
-    QTabWidget *m_tabs;
+    Dependencies m_dependencies;
+    ToolbarTabBar *m_tabs;
+    GeneralSettingsViewController *m_general = nullptr;
+    ActionsSettingsViewController *m_actions = nullptr;
 };

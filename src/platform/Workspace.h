@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +17,17 @@ struct FrontApplication
     quint32 window = 0; ///< the backend's own handle of its active window
 };
 
+/// An application that the user can pick from a list.
+struct InstalledApplication
+{
+    /// What frontmostApplication() gives for its windows.
+    QString bundleIdentifier;
+    QString localizedName;
+    QString icon; ///< a name of the icon theme, an absolute path, or empty
+
+    friend bool operator==(const InstalledApplication &, const InstalledApplication &) = default;
+};
+
 /// Applications and URL handlers of the desktop.
 class Workspace
 {
@@ -23,6 +35,13 @@ public:
     virtual ~Workspace() = default;
 
     [[nodiscard]] virtual std::optional<FrontApplication> frontmostApplication() = 0;
+
+    /// The applications that menus show, in the order of their names.
+    [[nodiscard]] virtual QList<InstalledApplication> installedApplications() = 0;
+
+    /// The bundle identifier of the application that a file describes; nothing when it describes
+    /// none.
+    [[nodiscard]] virtual std::optional<QString> bundleIdentifierOf(const QString &path) = 0;
 
     /// Hands an absolute URL to the user's default handler for its scheme; returns at once.
     virtual void open(const QString &url) = 0;

@@ -72,6 +72,9 @@ private Q_SLOTS:
         write(system + u"/code.desktop"_s, head + "Name=System Code\n");
         write(system + u"/org.xfce.mousepad.desktop"_s, head + "Name=Mousepad\n");
         write(system + u"/kde/konsole.desktop"_s, head + "Name=Konsole\n");
+        write(system + u"/editor-settings.desktop"_s, head + "Name=S\nExec=pad --preferences\n");
+        write(system + u"/org.test.editor.desktop"_s, head + "Name=Pad\nExec=/usr/bin/pad %U\n");
+        write(system + u"/pad-opener.desktop"_s, head + "Name=O\nExec=pad\nNoDisplay=true\n");
         DesktopEntries entries({ own, system });
         const auto id = [&entries](const QStringList &names) {
             const auto entry = entries.find(names);
@@ -81,7 +84,11 @@ private Q_SLOTS:
         QCOMPARE(id({ u"org.xfce.mousepad"_s, u"Mousepad"_s }), u"org.xfce.mousepad: Mousepad"_s);
         QCOMPARE(id({ QString(), u"Code"_s }), u"code: Own Code"_s);
         QCOMPARE(id({ u"kde-konsole"_s }), u"kde-konsole: Konsole"_s);
+        QCOMPARE(id({ u"Pad"_s, u"pad"_s }), u"org.test.editor: Pad"_s);
         QCOMPARE(id({ u"XTerm"_s, u"xterm"_s }), QString());
+        const auto chosen = entries.read(system + u"/kde/konsole.desktop"_s);
+        QVERIFY(chosen && chosen->id == u"kde-konsole");
+        QVERIFY(!entries.read(root.filePath(u"none.desktop"_s)));
 
         // An application that is installed later is found without a restart.
         QTest::qWait(20); // folder times have the file system's resolution

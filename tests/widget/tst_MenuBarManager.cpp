@@ -82,6 +82,7 @@ private Q_SLOTS:
         window->close();
         QCOMPARE(fixture.lines,
                  QStringList({ u"DEBUG: windowWillClose - starting cleanup"_s,
+                               u"DEBUG: clearIconCache called - clearing 3 icon buttons"_s,
                                u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s,
                                u"DEBUG: Settings window closing - performing cleanup"_s,
                                u"DEBUG: SettingsWindowController reference set to nil"_s }));

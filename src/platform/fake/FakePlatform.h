@@ -11,6 +11,7 @@
 #include "platform/StatusArea.h"
 #include "platform/Workspace.h"
 
+#include <QHash>
 #include <QPromise>
 #include <QStringList>
 
@@ -69,11 +70,21 @@ public:
         {
             return front;
         }
+        [[nodiscard]] QList<InstalledApplication> installedApplications() override
+        {
+            return installed;
+        }
+        [[nodiscard]] std::optional<QString> bundleIdentifierOf(const QString &path) override
+        {
+            return identifiers.contains(path) ? std::optional(identifiers[path]) : std::nullopt;
+        }
         void open(const QString &url) override { opened += url; }
         [[nodiscard]] QStringList missingAccess() const override { return missing; }
 
         std::optional<FrontApplication> front
             = FrontApplication { QStringLiteral("org.test.Editor"), QStringLiteral("Editor") };
+        QList<InstalledApplication> installed;
+        QHash<QString, QString> identifiers; ///< by path
         QStringList opened;
         QStringList missing;
     };

@@ -2,11 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/DesktopEntries.h"
 
-#include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+
+namespace {
+
+constexpr QLatin1StringView extension(".desktop");
+constexpr qint64 largestFile = 1 << 20;
+
+}
 
 DesktopEntries::DesktopEntries(QStringList folders)
     : m_folders(std::move(folders))
@@ -25,11 +31,18 @@ std::optional<DesktopEntry> DesktopEntries::find(const QStringList &names)
         if (name.isEmpty())
             continue;
         const QString key = name.toLower();
-        const QString id = m_idByWindowClass.value(key, key);
-        if (const auto entry = m_byId.constFind(id); entry != m_byId.constEnd())
-            return *entry;
+        for (const QString &id : { m_idByWindowClass.value(key), key, m_idByProgram.value(key) }) {
+            if (const auto entry = m_byId.constFind(id); entry != m_byId.constEnd())
+                return *entry;
+        }
     }
     return {};
+}
+
+QList<DesktopEntry> DesktopEntries::all()
+{
+    refresh();
+    return m_byId.values();
 }
 
 void DesktopEntries::refresh()
@@ -42,25 +55,45 @@ void DesktopEntries::refresh()
     m_readAt = times;
     m_byId.clear();
     m_idByWindowClass.clear();
+    m_idByProgram.clear();
     for (const QString &folder : std::as_const(m_folders)) {
-        QDirIterator files(folder, { QStringLiteral("*.desktop") }, QDir::Files,
-                           QDirIterator::Subdirectories);
-        while (files.hasNext())
-            add(folder, files.next());
+        QDirIterator files(folder, { u'*' + extension }, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            if (const auto entry = read(files.next()))
+                add(*entry);
+        }
     }
 }
 
-void DesktopEntries::add(const QString &folder, const QString &path)
+/// The first of several entries with one identifier counts.
+void DesktopEntries::add(const DesktopEntry &entry)
 {
-    QString id = QDir(folder).relativeFilePath(path).chopped(qsizetype(sizeof ".desktop") - 1);
-    id.replace(u'/', u'-');
+    const QString id = entry.id.toLower();
+    if (m_byId.contains(id))
+        return;
+    m_byId.insert(id, entry);
+    if (!entry.windowClass.isEmpty())
+        m_idByWindowClass.insert(entry.windowClass.toLower(), id);
+    if (!entry.program.isEmpty() && entry.isShown)
+        m_idByProgram.insert(entry.program.toLower(), id);
+}
+
+std::optional<DesktopEntry> DesktopEntries::read(const QString &path) const
+{
     QFile file(path);
-    if (m_byId.contains(id.toLower()) || !file.open(QIODevice::ReadOnly))
-        return;
-    const auto entry = parseDesktopEntry(id, file.readAll(), QLocale().name());
-    if (!entry)
-        return;
-    m_byId.insert(id.toLower(), *entry);
-    if (!entry->windowClass.isEmpty())
-        m_idByWindowClass.insert(entry->windowClass.toLower(), id.toLower());
+    if (!path.endsWith(extension) || !QFileInfo(path).isFile() || file.size() > largestFile
+        || !file.open(QIODevice::ReadOnly))
+        return {};
+    return parseDesktopEntry(identifierOf(path), file.readAll(), QLocale().name());
+}
+
+/// Section "Desktop File ID".
+QString DesktopEntries::identifierOf(const QString &path) const
+{
+    QString id = QFileInfo(path).fileName();
+    for (const QString &folder : m_folders) {
+        if (path.startsWith(folder + u'/'))
+            id = path.mid(folder.size() + 1);
+    }
+    return id.chopped(extension.size()).replace(u'/', u'-');
 }

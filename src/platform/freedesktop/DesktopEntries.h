@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QMap>
 #include <QStringList>
 
 /// The installed applications. Read when first asked, again when a folder has changed.
@@ -22,12 +23,20 @@ public:
     /// application id, window class, instance. Empty names are passed over.
     [[nodiscard]] std::optional<DesktopEntry> find(const QStringList &names);
 
+    /// The application that a file describes, wherever it is; nothing when it describes none.
+    [[nodiscard]] std::optional<DesktopEntry> read(const QString &path) const;
+
+    /// Every application, ordered by identifier.
+    [[nodiscard]] QList<DesktopEntry> all();
+
 private:
     void refresh();
-    void add(const QString &folder, const QString &path);
+    void add(const DesktopEntry &entry);
+    [[nodiscard]] QString identifierOf(const QString &path) const;
 
     QStringList m_folders;
     QList<QDateTime> m_readAt; ///< modification times of the folders when they were read
-    QHash<QString, DesktopEntry> m_byId; ///< by identifier in lower case
+    QMap<QString, DesktopEntry> m_byId; ///< by identifier in lower case
     QHash<QString, QString> m_idByWindowClass; ///< both in lower case
+    QHash<QString, QString> m_idByProgram; ///< both in lower case
 };

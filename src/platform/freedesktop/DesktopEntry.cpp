@@ -4,6 +4,9 @@
 
 #include <QHash>
 #include <QList>
+#include <QProcess>
+
+#include <algorithm>
 
 namespace {
 
@@ -41,6 +44,17 @@ QByteArray localized(const QHash<QByteArray, QByteArray> &values, const QByteArr
     return values.value(key);
 }
 
+/// Section "The Exec key". One that is given more than files runs a part of an application, such
+/// as its settings.
+QString programOf(const QByteArray &exec)
+{
+    const QStringList words = QProcess::splitCommand(QString::fromUtf8(exec));
+    const bool hasArguments
+        = std::any_of(words.begin() + !words.isEmpty(), words.end(),
+                      [](const QString &word) { return !word.startsWith(u'%'); });
+    return words.isEmpty() || hasArguments ? QString() : words[0].section(u'/', -1);
+}
+
 }
 
 std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArray &content,
@@ -53,6 +67,9 @@ std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArra
         id,
         QString::fromUtf8(localized(values, "Name", locale)),
         QString::fromUtf8(values.value("StartupWMClass")),
+        programOf(values.value("Exec")),
+        QString::fromUtf8(localized(values, "Icon", locale)),
         values.value("Categories").split(';').contains("TerminalEmulator"),
+        values.value("NoDisplay") != "true",
     };
 }

@@ -13,7 +13,10 @@ struct DesktopEntry
     QString id; ///< the file's name without ".desktop", folders joined by '-'
     QString name; ///< in the user's language
     QString windowClass; ///< StartupWMClass; often empty
+    QString program; ///< file name of what Exec runs; empty when arguments make it something else
+    QString icon; ///< a name of the icon theme, or an absolute path
     bool isTerminal = false; ///< category TerminalEmulator
+    bool isShown = true; ///< in menus (NoDisplay)
 
     friend bool operator==(const DesktopEntry &, const DesktopEntry &) = default;
 };

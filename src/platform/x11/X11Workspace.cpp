@@ -6,6 +6,10 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Terminals.h"
 
+#include <QCollator>
+
+#include <algorithm>
+
 #include <xcb/xcb.h>
 
 X11Workspace::X11Workspace(X11Connection &connection)
@@ -63,6 +67,35 @@ std::optional<FrontApplication> X11Workspace::frontmostApplication()
         application.localizedName = windowClass;
     }
     return application;
+}
+
+/// Several entries can lay claim to the same windows.
+QString X11Workspace::identifierForWindowsOf(const DesktopEntry &entry)
+{
+    const auto owner = m_entries.find({ entry.windowClass, entry.id });
+    return owner ? owner->id : entry.id;
+}
+
+QList<InstalledApplication> X11Workspace::installedApplications()
+{
+    QList<InstalledApplication> applications;
+    for (const DesktopEntry &entry : m_entries.all()) {
+        if (entry.isShown)
+            applications.append({ identifierForWindowsOf(entry), entry.name, entry.icon });
+    }
+    QCollator order;
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    std::stable_sort(applications.begin(), applications.end(),
+                     [&order](const InstalledApplication &one, const InstalledApplication &other) {
+                         return order.compare(one.localizedName, other.localizedName) < 0;
+                     });
+    return applications;
+}
+
+std::optional<QString> X11Workspace::bundleIdentifierOf(const QString &path)
+{
+    const auto entry = m_entries.read(path);
+    return entry ? std::optional(identifierForWindowsOf(*entry)) : std::nullopt;
 }
 
 void X11Workspace::open(const QString &url)

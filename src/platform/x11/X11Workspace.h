@@ -13,6 +13,8 @@ public:
     explicit X11Workspace(X11Connection &connection);
 
     [[nodiscard]] std::optional<FrontApplication> frontmostApplication() override;
+    [[nodiscard]] QList<InstalledApplication> installedApplications() override;
+    [[nodiscard]] std::optional<QString> bundleIdentifierOf(const QString &path) override;
     void open(const QString &url) override;
     [[nodiscard]] QStringList missingAccess() const override;
 
@@ -21,6 +23,7 @@ public:
 
 private:
     [[nodiscard]] quint32 focusedClientWindow() const;
+    [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);
 
     X11Connection &m_connection;
     DesktopEntries m_entries;

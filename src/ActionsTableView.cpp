@@ -1,0 +1,343 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ActionsTableView.h"
+
+#include "ActionEditing.h"
+#include "ActionsDelegate.h"
+#include "ActionsModel.h"
+#include "RowTextView.h"
+
+#include <QDrag>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int plainRowHeight = 30;
+constexpr int expandedRowHeight = 100;
+constexpr int longestTitle = 240; ///< pixels that the titles may take of the first layout
+const QString dragType = u"application/x-tessel-action-row"_s;
+
+constexpr ActionType actionTypes[]
+    = { ActionType::url, ActionType::shortcut, ActionType::shellScript, ActionType::appleScript,
+        ActionType::builtin };
+
+/// Columns that share what the window is wider.
+struct Resizable
+{
+    int column;
+    int minimum;
+};
+constexpr Resizable resizables[] = { { ActionsModel::titleColumn, 100 },
+                                     { ActionsModel::templateColumn, 100 },
+                                     { ActionsModel::regexColumn, 50 } };
+
+}
+
+ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icons, QWidget *parent)
+    : QTableView(parent)
+    , m_model(model)
+{
+    setModel(model);
+    setItemDelegate(new ActionsDelegate(icons, this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(plainRowHeight);
+    verticalHeader()->setDefaultSectionSize(plainRowHeight);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(30);
+    layoutColumns();
+    connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
+        if (!index.flags().testFlag(Qt::ItemIsEditable))
+            press(index);
+    });
+    connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
+        if (index.flags().testFlag(Qt::ItemIsEditable))
+            press(index);
+    });
+}
+
+void ActionsTableView::layoutColumns()
+{
+    QHeaderView *header = horizontalHeader();
+    QFont font = header->font();
+    font.setPixelSize(11);
+    header->setFont(font);
+    header->setFixedHeight(26);
+
+    int title = 0;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        title = std::max(
+            title,
+            fontMetrics().horizontalAdvance(m_model->action(row)->title.left(longestTitle / 4)));
+    int type = 90;
+    for (const ActionType actionType : actionTypes)
+        type = std::max(type, ActionsDelegate::buttonWidth(fontMetrics(), rawValue(actionType)));
+    const int widths[] = { 45, 35, std::clamp(title + 20, 100, longestTitle), type, 280, 90 };
+    for (int column = 0; column < ActionsModel::columns; ++column) {
+        const bool isFixed = column == ActionsModel::enabledColumn
+            || column == ActionsModel::iconColumn || column == ActionsModel::typeColumn;
+        header->setSectionResizeMode(column,
+                                     isFixed ? QHeaderView::Fixed : QHeaderView::Interactive);
+        const QString label
+            = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        const int labelWidth = QFontMetrics(font).horizontalAdvance(label) + 10;
+        header->resizeSection(column, std::max(widths[column], labelWidth));
+    }
+}
+
+/// What the window grows or shrinks is shared evenly.
+void ActionsTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    int rest = viewport()->width() - horizontalHeader()->length();
+    int sharing = int(std::size(resizables));
+    for (const Resizable &resizable : resizables) {
+        const int width = columnWidth(resizable.column);
+        const int share = rest / sharing--;
+        const int newWidth = std::max(resizable.minimum, width + share);
+        horizontalHeader()->resizeSection(resizable.column, newWidth);
+        rest -= newWidth - width;
+    }
+}
+
+void ActionsTableView::press(const QModelIndex &index)
+{
+    const ActionConfig *action = m_model->action(index.row());
+    if (!action)
+        return;
+    switch (index.column()) {
+    case ActionsModel::enabledColumn:
+        return m_model->toggle(index.row());
+    case ActionsModel::iconColumn:
+        Q_EMIT iconPickerRequested(index.row(), visualRect(index));
+        return;
+    case ActionsModel::typeColumn:
+        return openMenu(index);
+    case ActionsModel::templateColumn:
+        if (action->type == ActionType::builtin)
+            return openMenu(index);
+        if (ActionEditing::hasScript(action->type))
+            return editScript(index.row());
+        break;
+    default:
+        break;
+    }
+    edit(index);
+}
+
+/// The choices of a type or builtin cell, the current one checked and under the pointer.
+void ActionsTableView::openMenu(const QModelIndex &index)
+{
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QPersistentModelIndex cell(index);
+    const auto add = [&](const QString &title, auto &&choose) {
+        QAction *choice = menu->addAction(title);
+        choice->setCheckable(true);
+        choice->setChecked(title == index.data().toString());
+        connect(choice, &QAction::triggered, this, [cell, choose] {
+            if (cell.isValid())
+                choose(cell.row());
+        });
+        if (choice->isChecked())
+            menu->setActiveAction(choice);
+    };
+    if (index.column() == ActionsModel::typeColumn) {
+        for (const ActionType type : actionTypes)
+            add(rawValue(type), [this, type](int row) { m_model->setType(row, type); });
+    } else {
+        for (const char *builtin : { "COPY", "COUNT", "LARGE_TYPE" }) {
+            const QString name = QString::fromLatin1(builtin);
+            add(name, [this, name](int row) { m_model->setTemplate(row, name); });
+        }
+    }
+    const QRect button = ActionsDelegate::buttonRect(visualRect(index));
+    menu->setMinimumWidth(button.width());
+    menu->popup(viewport()->mapToGlobal(QPoint(button.x(), button.y() + button.height() + 2)));
+}
+
+void ActionsTableView::editScript(int row)
+{
+    endEditing();
+    const QModelIndex cell = m_model->index(row, ActionsModel::templateColumn);
+    setRowHeight(row, expandedRowHeight);
+    m_scriptEditor = new RowTextView(m_model->action(row)->templateText);
+    m_scriptEditor->setAccessibleName(
+        m_model->headerData(cell.column(), Qt::Horizontal, Qt::DisplayRole).toString());
+    setIndexWidget(cell, m_scriptEditor);
+    connect(m_scriptEditor, &RowTextView::editingEnded, this,
+            [this, cell = QPersistentModelIndex(cell)](const QString &text) {
+                m_model->setTemplate(cell.row(), text);
+                // Not before the click that ended it has found the row that it was meant for.
+                QMetaObject::invokeMethod(
+                    this, [this, cell] { collapse(cell.row()); }, Qt::QueuedConnection);
+            });
+    QMetaObject::invokeMethod(
+        m_scriptEditor,
+        [this, cell = QPersistentModelIndex(cell)] {
+            m_scriptEditor->setFocus();
+            m_scriptEditor->moveCursor(QTextCursor::Start);
+            scrollTo(cell);
+        },
+        Qt::QueuedConnection);
+}
+
+void ActionsTableView::collapse(int row)
+{
+    if (row < 0)
+        return;
+    const QModelIndex cell = m_model->index(row, ActionsModel::templateColumn);
+    const bool hadFocus = indexWidget(cell) && indexWidget(cell)->hasFocus();
+    setIndexWidget(cell, nullptr);
+    setRowHeight(row, plainRowHeight);
+    if (hadFocus)
+        setFocus();
+}
+
+void ActionsTableView::endEditing()
+{
+    if (m_scriptEditor)
+        m_scriptEditor->endEditing();
+    if (QWidget *field = indexWidget(currentIndex()); !field && state() == EditingState)
+        setFocus(); // a field that loses the focus stores its text
+}
+
+void ActionsTableView::selectRow(int row)
+{
+    const QModelIndex cell = m_model->index(row, ActionsModel::titleColumn);
+    setCurrentIndex(cell);
+    scrollTo(cell);
+}
+
+void ActionsTableView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isMove = event->modifiers() == Qt::AltModifier;
+    const int row = currentIndex().row();
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        return press(currentIndex());
+    case Qt::Key_Up:
+        if (isMove)
+            return moveCurrent(row - 1);
+        break;
+    case Qt::Key_Down:
+        if (isMove)
+            return moveCurrent(row + 2);
+        break;
+    default:
+        break;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void ActionsTableView::moveCurrent(int dropRow)
+{
+    if (m_model->move(currentIndex().row(), dropRow))
+        scrollTo(currentIndex());
+}
+
+void ActionsTableView::startDrag(Qt::DropActions)
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return;
+    QRect row = visualRect(m_model->index(current.row(), 0));
+    row.setWidth(viewport()->width());
+    auto *content = new QMimeData;
+    content->setData(dragType, ActionEditing::draggedRow(current.row()));
+    auto *drag = new QDrag(this);
+    drag->setMimeData(content);
+    drag->setPixmap(viewport()->grab(row));
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    drag->exec(Qt::MoveAction);
+}
+
+/// Between which rows the drag is; nothing for what does not come from this table.
+std::optional<int> ActionsTableView::dropRowAt(const QDropEvent &event) const
+{
+    if (event.source() != this || !event.mimeData()->hasFormat(dragType))
+        return {};
+    const QPoint place = event.position().toPoint();
+    const int row = rowAt(place.y());
+    if (row < 0)
+        return m_model->rowCount();
+    const auto dropRow = ActionEditing::dropRow(row, place.y() - rowViewportPosition(row),
+                                                QTableView::rowHeight(row));
+    return dropRow ? std::optional(int(*dropRow)) : std::nullopt;
+}
+
+void ActionsTableView::setDropRow(std::optional<int> row)
+{
+    m_dropRow = row;
+    viewport()->update();
+}
+
+void ActionsTableView::dragEnterEvent(QDragEnterEvent *event)
+{
+    dragMoveEvent(event);
+    if (event->source() == this)
+        event->accept(); // else no further moves would come
+}
+
+void ActionsTableView::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTableView::dragMoveEvent(event); // scrolls at the edges
+    setDropRow(dropRowAt(*event));
+    event->setAccepted(m_dropRow.has_value());
+    if (m_dropRow)
+        event->setDropAction(Qt::MoveAction);
+}
+
+void ActionsTableView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    QTableView::dragLeaveEvent(event);
+    setDropRow({});
+}
+
+void ActionsTableView::dropEvent(QDropEvent *event)
+{
+    const auto dropRow = dropRowAt(*event);
+    const auto source = ActionEditing::rowFromDragged(event->mimeData()->data(dragType));
+    setDropRow({});
+    stopAutoScroll();
+    setState(NoState);
+    event->setAccepted(dropRow && source && m_model->move(int(*source), *dropRow));
+}
+
+/// Marks the gap that a dragged row would go to.
+void ActionsTableView::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    if (!m_dropRow)
+        return;
+    const int last = m_model->rowCount() - 1;
+    const int y = *m_dropRow <= last ? rowViewportPosition(*m_dropRow)
+                                     : rowViewportPosition(last) + QTableView::rowHeight(last);
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.setBrush(palette().base());
+    const double line = std::max(y, 4);
+    painter.drawLine(QPointF(9, line), QPointF(viewport()->width() - 4, line));
+    painter.drawEllipse(QPointF(6, line), 3, 3);
+}

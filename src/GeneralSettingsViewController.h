@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AppConfig.h"
+
+#include <QHash>
+#include <QWidget>
+
+class ConfigManager;
+class ExcludedAppsModel;
+class IconResolver;
+class IconSelectionButton;
+class LocalizationManager;
+class NotificationCenter;
+class QScrollArea;
+class QTableView;
+class QVBoxLayout;
+class ResourceBundle;
+class Workspace;
+
+/// The tab of the settings that concern the whole program. Each change is saved at once.
+class GeneralSettingsViewController final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        ConfigManager &config;
+        LocalizationManager &localization;
+        NotificationCenter &notifications;
+        const ResourceBundle &bundle;
+        const IconResolver &icons;
+        Workspace &workspace;
+    };
+
+    explicit GeneralSettingsViewController(Dependencies dependencies, QWidget *parent = nullptr);
+
+    /// Drops the pictures; for a window that is about to go.
+    void clearIconCache();
+
+Q_SIGNALS:
+    void alwaysOnTopChanged(bool isOn);
+
+private:
+    void setupUI();
+    void reloadUI();
+    [[nodiscard]] QWidget *appearanceSection();
+    [[nodiscard]] QWidget *behaviorSection();
+    [[nodiscard]] QWidget *exclusionSection();
+    [[nodiscard]] QWidget *languageRow();
+    [[nodiscard]] QWidget *themeRow();
+    [[nodiscard]] QWidget *iconGrid();
+    [[nodiscard]] QWidget *triggerRow();
+    [[nodiscard]] QWidget *excludedAppsTable();
+    [[nodiscard]] QString text(const char *key) const;
+
+    void changeLanguage(const QString &code);
+    void changeAppIcon(AppIconType type);
+    void handleExcludedAppsAction(int segment);
+    void addExcludedApp();
+
+    Dependencies m_dependencies;
+    QScrollArea *m_scrollArea = nullptr;
+    QTableView *m_tableView = nullptr;
+    ExcludedAppsModel *m_excludedApps = nullptr;
+    QHash<AppIconType, IconSelectionButton *> m_iconButtons;
+};

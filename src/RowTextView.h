@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// Edits a script in several lines inside its row. Return makes a new line; Ctrl or Super with
+/// Return ends editing, and so does a click outside, or another way to lose the focus.
+class RowTextView final : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit RowTextView(const QString &text, QWidget *parent = nullptr);
+
+    /// Announces the end; once only.
+    void endEditing();
+
+Q_SIGNALS:
+    void editingEnded(const QString &text);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    bool m_hasEnded = false;
+};
