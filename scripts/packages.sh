@@ -5,7 +5,7 @@
 
 build_packages=(
     cmake g++ ninja-build pkg-config
-    libicu-dev libssl-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev
+    libicu-dev libssl-dev libtiff-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev
     libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
     nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
 )

@@ -150,8 +150,8 @@ void ActionsTableView::openMenu(const QModelIndex &index)
     const QPersistentModelIndex cell(index);
     const auto add = [&](const QString &title, auto &&choose) {
         QAction *choice = menu->addAction(title);
-        choice->setCheckable(true);
-        choice->setChecked(title == index.data().toString());
+        choice->setCheckable(title == index.data().toString());
+        choice->setChecked(choice->isCheckable());
         connect(choice, &QAction::triggered, this, [cell, choose] {
             if (cell.isValid())
                 choose(cell.row());
@@ -228,6 +228,8 @@ void ActionsTableView::selectRow(int row)
 
 void ActionsTableView::keyPressEvent(QKeyEvent *event)
 {
+    if (state() == EditingState)
+        return QTableView::keyPressEvent(event); // what a field leaves over
     const bool isMove = event->modifiers() == Qt::AltModifier;
     const int row = currentIndex().row();
     switch (event->key()) {

@@ -24,6 +24,7 @@
 namespace {
 
 constexpr QStringView customIconPrefix = u"custom:";
+constexpr qint64 largestIconFile = 64 << 20; ///< bytes; it is copied while the user waits
 
 /// Whether the text begins with a URL scheme (RFC 3986, section 3.1) and "://".
 bool beginsWithScheme(QStringView text)
@@ -246,6 +247,10 @@ std::optional<QString> ConfigManager::saveCustomIcon(const QString &sourcePath) 
         Log::print(QStringLiteral("Error saving custom icon: ") + problem);
         return std::nullopt;
     };
+    if (!QFileInfo(sourcePath).isFile())
+        return failure(QStringLiteral("not a file: ") + sourcePath);
+    if (QFileInfo(sourcePath).size() > largestIconFile)
+        return failure(QStringLiteral("larger than 64 MiB: ") + sourcePath);
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(iconFolder()).toStdString(), error);
     if (error)

@@ -151,8 +151,7 @@ QWidget *GeneralSettingsViewController::iconGrid()
     for (const IconChoice &choice : iconChoices) {
         auto *button = new IconSelectionButton;
         button->setAccessibleName(choice.name.toString());
-        button->setIconSize(artworkSize);
-        button->setIcon(QPixmap::fromImage(applicationArtwork(
+        button->setPicture(QPixmap::fromImage(applicationArtwork(
             choice.type, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
         button->setSelectedIcon(choice.type == m_dependencies.config.appIcon);
         connect(button, &QAbstractButton::clicked, this,
@@ -285,6 +284,6 @@ void GeneralSettingsViewController::clearIconCache()
     Log::print(QStringLiteral("DEBUG: clearIconCache called - clearing %1 icon buttons")
                    .arg(m_iconButtons.size()));
     for (IconSelectionButton *button : std::as_const(m_iconButtons))
-        button->setIcon({});
+        button->setPicture({});
     m_iconButtons.clear();
 }

@@ -4,8 +4,10 @@
 
 #include "ConfigManager.h"
 #include "IconCellDelegate.h"
+#include "IconResolver.h"
 #include "Log.h"
 #include "ResourceBundle.h"
+#include "ShellAction.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -93,13 +95,25 @@ void IconPickerViewController::setupControls()
 void IconPickerViewController::showBeside(const QRect &area)
 {
     const QRect available = screen()->availableGeometry();
+    const int bottom = available.y() + available.height();
+    const auto clamped = [](int value, int first, int size, int own) { // within the screen
+        return std::clamp(value, first, std::max(first, first + size - own));
+    };
     QPoint place(area.x() + (area.width() - width()) / 2, area.y() + area.height() + distance);
-    if (place.y() + height() > available.y() + available.height())
+    if (place.y() + height() > bottom)
         place.setY(area.y() - height() - distance);
-    move(std::clamp(place.x(), available.x(),
-                    std::max(available.x(), available.x() + available.width() - width())),
-         std::max(place.y(), available.y()));
+    if (place.y() < available.y())
+        place = { area.x() + area.width() + distance, bottom };
+    move(clamped(place.x(), available.x(), available.width(), width()),
+         clamped(place.y(), available.y(), available.height(), height()));
     show();
+}
+
+void IconPickerViewController::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 void IconPickerViewController::filter(const QString &text)
@@ -122,7 +136,6 @@ void IconPickerViewController::choose(const QString &iconName)
 /// The picker hides behind the dialog and lives until that is done.
 void IconPickerViewController::chooseFile()
 {
-    m_isImporting = true;
     auto *dialog = new QFileDialog(
         parentWidget()->window(), u"Import"_s,
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
@@ -130,18 +143,29 @@ void IconPickerViewController::chooseFile()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &IconPickerViewController::importIcon);
-    connect(dialog, &QFileDialog::finished, this, [this] {
-        m_isImporting = false;
-        deleteLater();
-    });
+    connect(dialog, &QFileDialog::rejected, this, &QObject::deleteLater);
+    m_isImporting = true;
     hide();
     dialog->open();
 }
 
 void IconPickerViewController::importIcon(const QString &path)
 {
-    if (const auto name = m_dependencies.config.saveCustomIcon(path))
+    const auto name = m_dependencies.config.saveCustomIcon(path);
+    const auto copy = name ? m_dependencies.config.getCustomIconURL(*name) : std::nullopt;
+    if (!copy)
+        return deleteLater();
+    CommandRequest request;
+    request.program = helperFolder() + u"/tessel-icon-import"_s;
+    request.arguments = { *copy, IconResolver::renditionPath(*copy) };
+    m_importer.run(request, [this, name](const CommandResult &result) {
+        if (result.launchError)
+            Log::print(u"ERROR: tessel-icon-import: "_s + *result.launchError);
+        else if (result.exitStatus != 0)
+            Log::print(u"ERROR: "_s + QString::fromUtf8(result.errorOutput).trimmed());
         Q_EMIT didSelectIcon(*name);
+        deleteLater();
+    });
 }
 
 void IconPickerViewController::cleanup()

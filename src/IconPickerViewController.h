@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CommandRunner.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -28,10 +30,11 @@ public:
 
     explicit IconPickerViewController(Dependencies dependencies, QWidget *parent = nullptr);
 
-    /// Opens below or above the area, given in global coordinates.
+    /// Opens below the area, or where there is room beside it, given in global coordinates.
     void showBeside(const QRect &area);
 
-    /// Copies an image file to the user's icons and announces it; nothing happens when that fails.
+    /// Copies an image file to the user's icons, announces it and deletes the picker. A file that
+    /// cannot be copied changes nothing.
     void importIcon(const QString &path);
 
     /// Empties the grid; for a picker that is about to go.
@@ -43,6 +46,7 @@ Q_SIGNALS:
 
 protected:
     void hideEvent(QHideEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void setupControls();
@@ -55,5 +59,6 @@ private:
     QStringListModel *m_filteredIcons;
     QLineEdit *m_searchField;
     QListView *m_collectionView;
+    CommandRunner m_importer;
     bool m_isImporting = false;
 };

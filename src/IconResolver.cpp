@@ -40,12 +40,18 @@ IconResolver::IconResolver(const ConfigManager &config, const ResourceBundle &bu
 QImage IconResolver::image(const QString &iconName) const
 {
     if (const std::optional<QString> path = m_config.getCustomIconURL(iconName)) {
-        QImage custom = customImage(*path);
+        const QString rendition = renditionPath(*path);
+        QImage custom = customImage(QFileInfo::exists(rendition) ? rendition : *path);
         if (!custom.isNull())
             return custom;
     }
     QImage icon = m_bundle.iconImage(iconName);
     return icon.isNull() ? m_bundle.iconImage(iconForSymbol(iconName)) : icon;
+}
+
+QString IconResolver::renditionPath(const QString &path)
+{
+    return path + QStringLiteral(".png");
 }
 
 QImage IconResolver::customImage(const QString &path) const

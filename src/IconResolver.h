@@ -25,6 +25,10 @@ public:
     /// damaged, or larger than an icon could sensibly be, counts as none.
     [[nodiscard]] QImage image(const QString &iconName) const;
 
+    /// Where the small version of an image file belongs that was made when it was imported. Formats
+    /// that only the importer reads have an image by it alone.
+    [[nodiscard]] static QString renditionPath(const QString &path);
+
 private:
     struct CustomImage
     {

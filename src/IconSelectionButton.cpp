@@ -37,6 +37,12 @@ IconSelectionButton::IconSelectionButton(QWidget *parent)
     setFixedSize(sizeHint());
 }
 
+void IconSelectionButton::setPicture(const QPixmap &picture)
+{
+    m_picture = picture;
+    update();
+}
+
 void IconSelectionButton::setSelectedIcon(bool isSelected)
 {
     m_isSelectedIcon = isSelected;
@@ -51,9 +57,9 @@ void IconSelectionButton::paintEvent(QPaintEvent *)
     if (m_isSelectedIcon)
         drawGlowingRectangle(&painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset),
                              accent);
-    QRect place(QPoint(), iconSize());
-    place.moveCenter(rect().center());
-    icon().paint(&painter, place);
+    QRectF place(QPointF(), m_picture.deviceIndependentSize());
+    place.moveCenter(QRectF(rect()).center());
+    painter.drawPixmap(place.topLeft(), m_picture);
     if (isDown())
         painter.fillRect(rect(), QColor(0, 0, 0, 25));
     if (hasFocus()) {

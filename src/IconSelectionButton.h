@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QPixmap>
 
 /// A picture to choose among several; the chosen one glows in the accent colour.
 class IconSelectionButton final : public QAbstractButton
@@ -12,6 +13,7 @@ class IconSelectionButton final : public QAbstractButton
 public:
     explicit IconSelectionButton(QWidget *parent = nullptr);
 
+    void setPicture(const QPixmap &picture);
     [[nodiscard]] bool isSelectedIcon() const { return m_isSelectedIcon; }
     void setSelectedIcon(bool isSelected);
 
@@ -21,5 +23,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QPixmap m_picture;
     bool m_isSelectedIcon = false;
 };

@@ -15,6 +15,7 @@
 #include "SettingsWindowController.h"
 #include "TrayImage.h"
 #include "platform/Appearance.h"
+#include "platform/Memory.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
@@ -22,6 +23,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QPixmapCache>
 #include <QSystemTrayIcon>
 
 MenuBarManager::MenuBarManager(Dependencies dependencies)
@@ -116,6 +118,10 @@ void MenuBarManager::openSettings()
                 manager->m_settingsWindowController.clear();
             FileLogger::log(QStringLiteral("DEBUG: SettingsWindowController reference set to nil"));
         };
+        connect(m_settingsWindowController, &QObject::destroyed, qApp, [] {
+            QPixmapCache::clear(); // the style's
+            releaseUnusedMemory();
+        });
     }
     m_settingsWindowController->setFloating(m_dependencies.config.alwaysOnTop);
     m_settingsWindowController->showWindow();

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsLayout.h"
 
-
 QBoxLayout *SettingsLayout::stack(QWidget *widget, Qt::Orientation orientation, int spacing)
 {
     const auto direction

@@ -5,7 +5,6 @@
 #include <QBoxLayout>
 #include <QLabel>
 
-
 /// What the settings' tabs are put together from. Sizes of fonts and distances are in pixels.
 namespace SettingsLayout {
 

@@ -81,6 +81,7 @@ void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
         if (onShortcutChanged)
             onShortcutChanged(m_keyCode, m_modifierFlags);
     }
+    setRecording(false);
     clearFocus();
 }
 

@@ -1,0 +1,566 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ActionsModel.h"
+#include "ActionsTableView.h"
+#include "ApplicationChooser.h"
+#include "GeneralSettingsViewController.h"
+#include "IconPickerViewController.h"
+#include "IconSelectionButton.h"
+#include "Log.h"
+#include "PanelFixture.h"
+#include "RowTextView.h"
+#include "SettingsWindowController.h"
+#include "ShortcutRecorderControl.h"
+#include "platform/Memory.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabBar>
+
+#include <linux/input-event-codes.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The settings window on a configuration of its own.
+struct SettingsFixture : PanelFixture
+{
+    LocalizationManager texts { QStringLiteral(TESSEL_BUNDLE "/Localizations") };
+    std::unique_ptr<SettingsWindowController> window;
+
+    SettingsFixture() { open(); }
+
+    void open()
+    {
+        window = std::make_unique<SettingsWindowController>(SettingsWindowController::Dependencies {
+            config, texts, notifications, bundle, icons, platform.workspace() });
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->showWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    void showActions() const { window->findChild<QTabBar *>()->setCurrentIndex(1); }
+
+    /// A control of the current contents: what a rebuild has thrown away may still be there.
+    template <typename Control> [[nodiscard]] Control *control(const QString &name) const
+    {
+        const auto all = window->findChildren<Control *>();
+        for (Control *candidate : all) {
+            if (candidate->isVisible() && candidate->accessibleName() == name)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] ActionsTableView &table() const
+    {
+        return *window->findChild<ActionsTableView *>();
+    }
+    [[nodiscard]] QPoint cell(int row, int column) const
+    {
+        return table().visualRect(table().model()->index(row, column)).center();
+    }
+    void click(int row, int column) const
+    {
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
+    }
+    void doubleClick(int row, int column) const
+    {
+        click(row, column);
+        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
+    }
+    [[nodiscard]] RowTextView *scriptEditor() const { return window->findChild<RowTextView *>(); }
+
+    /// Types into the single-line field of a cell.
+    void type(int row, int column, const QString &text) const
+    {
+        doubleClick(row, column);
+        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(field);
+        field->setText(text);
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(QApplication::focusWidget() != field); // the end of an edit is queued
+    }
+
+    /// Picks an entry of the menu that is open.
+    static void pick(const QString &entry)
+    {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        for (QAction *action : menu->actions()) {
+            if (action->text() == entry)
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+        QVERIFY(!menu->isVisible());
+    }
+
+    /// The list as it is on the disk.
+    [[nodiscard]] AppConfig saved() const
+    {
+        QFile file(folder.filePath(u"GlintClone/config.json"_s));
+        return file.open(QIODevice::ReadOnly) ? decodeConfig(file.readAll()).config.value()
+                                              : AppConfig();
+    }
+    [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
+};
+
+void pressKey(QWidget *widget, int evdevCode, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, quint32(evdevCode + 8), 0, 0);
+    QApplication::sendEvent(widget, &event);
+}
+
+/// Memory that is this process's own, in KiB.
+int privateDirty()
+{
+    QFile file(u"/proc/self/smaps_rollup"_s);
+    const QRegularExpression line(u"Private_Dirty:\\s+(\\d+)"_s);
+    return file.open(QIODevice::ReadOnly)
+        ? line.match(QString::fromLatin1(file.readAll())).captured(1).toInt()
+        : 0;
+}
+
+}
+
+class tst_Settings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        Log::setSink([](QStringView) {});
+    }
+    void cleanup() { Log::setSink({}); }
+
+    void languageShowsAtOnceAndIsKept()
+    {
+        SettingsFixture fixture;
+        auto *language = fixture.control<QComboBox>(u"Language"_s);
+        QVERIFY(language);
+        QTest::keyClick(language, Qt::Key_Down); // 한국어
+        const auto *tabs = fixture.window->findChild<QTabBar *>();
+        QCOMPARE(tabs->tabText(0), u"일반"_s);
+        QTRY_VERIFY(fixture.control<QComboBox>(u"언어"_s));
+        QVERIFY(fixture.control<QWidget>(u"제외된 앱"_s));
+        QVERIFY(fixture.control<QComboBox>(u"Theme"_s)); // has one text for all languages
+        QCOMPARE(fixture.saved().language, u"ko"_s);
+        QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
+
+        fixture.showActions();
+        QVERIFY(fixture.control<QWidget>(u"Actions"_s));
+        const auto hints = fixture.window->findChildren<QLabel *>();
+        QVERIFY(std::any_of(hints.begin(), hints.end(), [](const QLabel *label) {
+            return label->text().contains(u"{text}") && !label->text().contains(u'\n');
+        }));
+        const auto *model = fixture.table().model();
+        QCOMPARE(model->headerData(ActionsModel::titleColumn, Qt::Horizontal), u"이름"_s);
+        QCOMPARE(model->headerData(ActionsModel::regexColumn, Qt::Horizontal),
+                 u"Context (Regex)"_s);
+    }
+
+    void excludedApplications()
+    {
+        SettingsFixture fixture;
+        fixture.platform.workspace().installed = { { u"org.test.Editor"_s, u"Éditeur"_s, {} },
+                                                   { u"org.test.Other"_s, u"Other"_s, {} } };
+        const auto add = [&fixture](const QString &typed) {
+            fixture.control<QAbstractButton>(u"Add"_s)->click();
+            const QPointer chooser = fixture.window->findChild<ApplicationChooser *>();
+            QVERIFY(chooser && chooser->isVisible());
+            QTest::keyClicks(chooser->findChild<QLineEdit *>(), typed);
+            QTest::keyClick(chooser->findChild<QLineEdit *>(), Qt::Key_Return);
+            QTRY_VERIFY(!chooser);
+            fixture.window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
+        };
+        add(u"oth"_s);
+        add(u"edit"_s);
+        add(u"Other"_s); // a second time
+        QCOMPARE(fixture.saved().excludedBundleIds,
+                 QStringList({ u"org.test.Other"_s, u"org.test.Editor"_s }));
+
+        auto *table = fixture.control<QAbstractItemView>(u"Excluded Apps"_s);
+        auto *remove = fixture.control<QAbstractButton>(u"Remove"_s);
+        table->clearSelection();
+        table->setCurrentIndex({});
+        remove->click();
+        QCOMPARE(fixture.saved().excludedBundleIds.size(), 2);
+        table->setCurrentIndex(table->model()->index(0, 0));
+        table->edit(table->currentIndex());
+        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(field);
+        field->setText(u" as typed "_s);
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(QApplication::focusWidget() != field);
+        table->model()->setData(table->model()->index(1, 0), QString(), Qt::EditRole);
+        QCOMPARE(fixture.saved().excludedBundleIds, QStringList({ u" as typed "_s, QString() }));
+        remove->click();
+        QCOMPARE(fixture.saved().excludedBundleIds, QStringList(QString()));
+    }
+
+    void recorder_data()
+    {
+        QTest::addColumn<int>("evdevCode");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<bool>("isRecorded");
+        QTest::newRow("letter") << KEY_A << Qt::Key_A
+                                << Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)
+                                << u"⌃⇧A"_s << true;
+        QTest::newRow("on a Cyrillic layout")
+            << KEY_A << Qt::Key(0x424) << Qt::KeyboardModifiers(Qt::MetaModifier) << u"⌘A"_s
+            << true;
+        QTest::newRow("keypad, caps lock")
+            << KEY_KP5 << Qt::Key_5 << Qt::KeyboardModifiers(Qt::KeypadModifier) << u"5"_s << true;
+        QTest::newRow("a key of the window")
+            << KEY_W << Qt::Key_W << Qt::KeyboardModifiers(Qt::ControlModifier) << u"⌃W"_s << true;
+        QTest::newRow("tab") << KEY_TAB << Qt::Key_Tab << Qt::KeyboardModifiers() << u"Tab"_s
+                             << true;
+        QTest::newRow("escape keeps the old one")
+            << KEY_ESC << Qt::Key_Escape << Qt::KeyboardModifiers() << u"F2"_s << false;
+    }
+
+    void recorder()
+    {
+        QFETCH(int, evdevCode);
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QString, shown);
+        QFETCH(bool, isRecorded);
+        SettingsFixture fixture;
+        auto *recorder = fixture.control<ShortcutRecorderControl>(u"Trigger Shortcut"_s);
+        QVERIFY(recorder);
+        QTest::mouseClick(recorder, Qt::LeftButton);
+        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
+        pressKey(recorder, KEY_LEFTSHIFT, Qt::Key_Shift, {});
+        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
+        pressKey(recorder, evdevCode, key, modifiers);
+        QCOMPARE(recorder->text(), shown);
+        QVERIFY(!recorder->hasFocus());
+        QCOMPARE(fixture.saved().triggerKeyCode.has_value() && recorder->keyCode() != 120,
+                 isRecorded);
+        QVERIFY(fixture.window->isVisible());
+    }
+
+    void recorderLetsGo()
+    {
+        SettingsFixture fixture;
+        auto *recorder = fixture.control<ShortcutRecorderControl>(u"Trigger Shortcut"_s);
+        QTest::mouseClick(recorder, Qt::LeftButton);
+        QTest::mouseClick(recorder->parentWidget()->parentWidget()->parentWidget(), Qt::LeftButton,
+                          {}, { 5, 5 });
+        QCOMPARE(recorder->text(), u"F2"_s);
+        // Who comes by Tab goes on by Tab.
+        recorder->setFocus(Qt::TabFocusReason);
+        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
+        QTest::keyClick(recorder, Qt::Key_Tab);
+        QCOMPARE(recorder->text(), u"F2"_s);
+        QVERIFY(!recorder->hasFocus() && fixture.window->focusWidget());
+        QCOMPARE(recorder->keyCode(), 120);
+    }
+
+    void switchesAndLogos()
+    {
+        SettingsFixture fixture;
+        fixture.control<QAbstractButton>(u"Show Keyboard Shortcuts"_s)->click();
+        fixture.control<QAbstractButton>(u"Show Tooltips"_s)->click();
+        fixture.control<QAbstractButton>(u"Neon"_s)->click();
+        fixture.control<QAbstractButton>(u"Keep Settings Window on Top"_s)->click();
+        QVERIFY(!fixture.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        QVERIFY(fixture.window->isVisible());
+        const AppConfig saved = fixture.saved();
+        QCOMPARE(saved.showKeyboardShortcuts, false);
+        QCOMPARE(saved.showTooltips, false);
+        QCOMPARE(saved.alwaysOnTop, false);
+        QCOMPARE(saved.appIcon, AppIconType::neon);
+        for (const auto *button : fixture.window->findChildren<IconSelectionButton *>())
+            QCOMPARE(button->isSelectedIcon(), button->accessibleName() == u"Neon");
+    }
+
+    void singleLineFields()
+    {
+        SettingsFixture fixture;
+        fixture.setActions({ { u"one"_s, {} }, { u"two"_s, {} } });
+        fixture.open();
+        fixture.showActions();
+        fixture.type(1, ActionsModel::titleColumn, u"  renamed\t"_s);
+        QCOMPARE(fixture.saved(1).title, u"renamed"_s);
+        fixture.type(1, ActionsModel::regexColumn, u" \\d+ "_s);
+        QCOMPARE(fixture.saved(1).regex, u"\\d+"_s);
+        fixture.type(1, ActionsModel::regexColumn, u"  "_s);
+        QVERIFY(fixture.saved(1).regex.value_or(QString()).isEmpty());
+        fixture.type(1, ActionsModel::templateColumn, u" no scheme "_s);
+        QCOMPARE(fixture.saved(1).templateText, u"no scheme"_s);
+        const QModelIndex field = fixture.table().model()->index(1, ActionsModel::templateColumn);
+        QCOMPARE(field.data(Qt::ToolTipRole), u"Invalid URL scheme"_s);
+        QVERIFY(field.data(ActionsModel::invalidRole).toBool());
+        fixture.click(1, ActionsModel::enabledColumn); // what is off need not be valid
+        QVERIFY(!fixture.saved(1).isEnabled);
+        QVERIFY(!field.data(ActionsModel::invalidRole).toBool());
+        QCOMPARE(fixture.saved(0).title, u"one"_s);
+    }
+
+    void typesAndBuiltins()
+    {
+        SettingsFixture fixture;
+        fixture.setActions({ { u"one"_s, {} } });
+        fixture.open();
+        fixture.showActions();
+        fixture.click(0, ActionsModel::typeColumn);
+        fixture.pick(u"builtin"_s);
+        QCOMPARE(fixture.saved(0).type, ActionType::builtin);
+        QCOMPARE(fixture.saved(0).templateText, u"COPY"_s);
+        fixture.click(0, ActionsModel::templateColumn);
+        fixture.pick(u"LARGE_TYPE"_s);
+        QCOMPARE(fixture.saved(0).templateText, u"LARGE_TYPE"_s);
+        // By the keyboard.
+        fixture.table().setCurrentIndex(
+            fixture.table().model()->index(0, ActionsModel::typeColumn));
+        QTest::keyClick(&fixture.table(), Qt::Key_Space);
+        fixture.pick(u"url"_s);
+        QCOMPARE(fixture.saved(0).type, ActionType::url);
+    }
+
+    void scriptEditor_data()
+    {
+        QTest::addColumn<QString>("end");
+        for (const char *end :
+             { "Ctrl+Return", "Super+Return", "click", "right click", "tab bar", "close" })
+            QTest::newRow(end) << QString::fromLatin1(end);
+    }
+
+    void scriptEditor()
+    {
+        QFETCH(QString, end);
+        SettingsFixture fixture;
+        fixture.setActions({ { u"one"_s, {} }, { u"two"_s, {} } });
+        fixture.config.customActions[0].type = ActionType::shellScript;
+        fixture.config.customActions[0].templateText = u"echo "_s;
+        fixture.open();
+        fixture.showActions();
+        fixture.doubleClick(0, ActionsModel::templateColumn);
+        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
+        RowTextView *editor = fixture.scriptEditor();
+        QCOMPARE(fixture.table().rowHeight(0), 100);
+        QCOMPARE(editor->textCursor().position(), 0);
+        QTest::keyClicks(editor, u"  ls"_s);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTest::mouseClick(editor->viewport(), Qt::LeftButton, {}, { 5, 5 });
+        QVERIFY(fixture.saved(0).templateText.isEmpty() || fixture.scriptEditor());
+        if (end == u"Ctrl+Return")
+            QTest::keyClick(editor, Qt::Key_Return, Qt::ControlModifier);
+        else if (end == u"Super+Return")
+            QTest::keyClick(editor, Qt::Key_Return, Qt::MetaModifier);
+        else if (end == u"click")
+            fixture.click(1, ActionsModel::regexColumn);
+        else if (end == u"right click")
+            QTest::mouseClick(fixture.table().viewport(), Qt::RightButton, {},
+                              fixture.cell(1, ActionsModel::regexColumn));
+        else if (end == u"tab bar")
+            fixture.window->findChild<QTabBar *>()->setCurrentIndex(0);
+        else
+            fixture.window->close();
+        QCOMPARE(fixture.saved(0).templateText, u"  ls\necho "_s);
+        if (end != u"close") {
+            QTRY_VERIFY(!fixture.scriptEditor());
+            QCOMPARE(fixture.table().rowHeight(0), 30);
+        }
+    }
+
+    void addRemoveReset()
+    {
+        SettingsFixture fixture;
+        fixture.showActions();
+        const auto count = fixture.config.customActions.size();
+        fixture.control<QPushButton>(u"Add Action"_s)->click();
+        QCOMPARE(fixture.saved().customActions.size(), count + 1);
+        const ActionConfig added = fixture.saved().customActions.last();
+        QCOMPARE(added.title, u"New Action"_s);
+        QCOMPARE(added.iconName, u"star"_s);
+        QVERIFY(!added.id.isEmpty() && added.isEnabled);
+        QCOMPARE(fixture.table().currentIndex().row(), int(count));
+        fixture.control<QPushButton>(u"Remove Action"_s)->click();
+        QCOMPARE(fixture.saved().customActions.size(), count);
+        fixture.table().setCurrentIndex({});
+        fixture.control<QPushButton>(u"Remove Action"_s)->click();
+        QCOMPARE(fixture.saved().customActions.size(), count);
+        fixture.table().selectRow(0);
+        fixture.control<QPushButton>(u"Remove Action"_s)->click();
+        for (auto *button : fixture.window->findChildren<QPushButton *>()) {
+            if (button->text() == u"Reset Defaults")
+                button->click();
+        }
+        QCOMPARE(fixture.saved().customActions.size(), 9);
+    }
+
+    /// A drop that no drag of the table stands behind.
+    void foreignDropIsRefused()
+    {
+        SettingsFixture fixture;
+        fixture.showActions();
+        const auto before = fixture.config.customActions;
+        for (const char *type : { "text/plain", "application/x-tessel-action-row" }) {
+            QMimeData data;
+            data.setData(QString::fromLatin1(type), "0");
+            QDragEnterEvent enter(fixture.cell(3, 0), Qt::MoveAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(fixture.table().viewport(), &enter);
+            QVERIFY(!enter.isAccepted());
+            QDropEvent drop(fixture.cell(3, 0), Qt::MoveAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(fixture.table().viewport(), &drop);
+            QVERIFY(!drop.isAccepted());
+        }
+        QCOMPARE(fixture.config.customActions, before);
+        fixture.table().selectRow(0);
+        QTest::keyClick(&fixture.table(), Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(fixture.saved(1), before[0]);
+        QTest::keyClick(&fixture.table(), Qt::Key_Up, Qt::AltModifier);
+        QTest::keyClick(&fixture.table(), Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(fixture.saved().customActions, before);
+    }
+
+    void iconPicker()
+    {
+        SettingsFixture fixture;
+        fixture.showActions();
+        QElapsedTimer timer;
+        timer.start();
+        fixture.click(0, ActionsModel::iconColumn);
+        QPointer picker = fixture.window->findChild<IconPickerViewController *>();
+        QVERIFY(picker && picker->isVisible());
+        picker->grab();
+        QVERIFY2(timer.elapsed() < 400, qPrintable(QString::number(timer.elapsed())));
+        const auto *grid = picker->findChild<QListView *>();
+        QCOMPARE(grid->model()->rowCount(), 1512);
+        auto *search = picker->findChild<QLineEdit *>();
+        QCOMPARE(search->placeholderText(), u"Search 1512 icons..."_s);
+        search->setText(u"no such icon"_s);
+        QCOMPARE(grid->model()->rowCount(), 0);
+        search->setText(u"BELL-z"_s);
+        QCOMPARE(grid->model()->index(0, 0).data(), u"phosphor_bell-z"_s);
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                          grid->visualRect(grid->model()->index(0, 0)).center());
+        QTRY_VERIFY(!picker);
+        QCOMPARE(fixture.saved(0).iconName, u"phosphor_bell-z"_s);
+
+        fixture.click(1, ActionsModel::iconColumn);
+        picker = fixture.window->findChild<IconPickerViewController *>();
+        fixture.window->close();
+        QTRY_VERIFY(!picker);
+    }
+
+    void importedIcons_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("hasImage");
+        const auto file = [](const char *name) {
+            QFile from(QStringLiteral(TESSEL_BUNDLE "/") + QLatin1StringView(name));
+            return from.open(QIODevice::ReadOnly) ? from.readAll() : QByteArray();
+        };
+        const QByteArray png = file("phosphor_star.png");
+        QByteArray huge = png; // its header says 30,000 by 30,000
+        huge.replace(16, 8, QByteArray::fromHex("0000753000007530"));
+        QByteArray icns = "icns" + QByteArray(4, '\0') + "ic07" + QByteArray(4, '\0') + png;
+        icns[14] = char((png.size() + 8) >> 8);
+        icns[15] = char((png.size() + 8) & 0xff);
+        // A grey TIFF of two pixels by two (TIFF 6.0, section 2).
+        const QByteArray tiff = QByteArray::fromHex(
+            "49492a00080000000800000103000100000002000000010103000100000002000000020103000100000008"
+            "00000003010300010000000100000006010300010000000100000011010400010000006e00000016010300"
+            "01000000020000001701040001000000040000000000000000ff40c0");
+        QTest::newRow("png") << png << true;
+        QTest::newRow("icns") << icns << true;
+        QTest::newRow("tiff") << tiff << true;
+        QTest::newRow("damaged") << png.left(200) + QByteArray(500, 'x') << false;
+        QTest::newRow("huge") << huge << false;
+        QTest::newRow("cut icns") << icns.left(100) << false;
+        QTest::newRow("cut tiff") << tiff.left(60) << false;
+        QTest::newRow("no image") << QByteArray("#!/bin/sh\n") << false;
+        QTest::newRow("empty") << QByteArray() << false;
+    }
+
+    void importedIcons()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, hasImage);
+        SettingsFixture fixture;
+        fixture.showActions();
+        const QString path = fixture.folder.filePath(u"icon.icns"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        fixture.click(0, ActionsModel::iconColumn);
+        const QPointer picker = fixture.window->findChild<IconPickerViewController *>();
+        picker->importIcon(path);
+        QTRY_VERIFY(!picker);
+        const QString name = fixture.saved(0).iconName;
+        QVERIFY2(name.startsWith(u"custom:") && name.endsWith(u".icns"), qPrintable(name));
+        QFile copy(*fixture.config.getCustomIconURL(name));
+        QVERIFY(copy.open(QIODevice::ReadOnly));
+        QCOMPARE(copy.readAll(), content);
+        QCOMPARE(!fixture.icons.image(name).isNull(), hasImage);
+        fixture.window->grab();
+    }
+
+    void aThousandActions()
+    {
+        SettingsFixture fixture;
+        fixture.window->close();
+        QList<std::pair<QString, QString>> many;
+        for (int i = 0; i < 1000; ++i)
+            many.append({ QStringLiteral("Action %1").arg(i), QStringLiteral("^a%1").arg(i) });
+        fixture.setActions(many);
+        QElapsedTimer timer;
+        timer.start();
+        fixture.open();
+        fixture.showActions();
+        fixture.window->grab();
+        const qint64 opened = timer.restart();
+        fixture.click(3, ActionsModel::enabledColumn);
+        const qint64 edited = timer.elapsed();
+        QVERIFY(!fixture.saved(3).isEnabled);
+        qInfo("opened in %lld ms, edited in %lld ms", opened, edited);
+        QVERIFY(opened < 1000 && edited < 200); // a busy machine and sanitizers are slower
+    }
+
+    void openingAndClosingLeavesNothing()
+    {
+        SettingsFixture fixture;
+        const auto openAndClose = [&fixture](int times) {
+            for (int i = 0; i < times; ++i) {
+                fixture.open();
+                fixture.showActions();
+                fixture.window->grab();
+                fixture.click(0, ActionsModel::iconColumn);
+                fixture.window->close();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                fixture.window.reset();
+            }
+        };
+        openAndClose(20);
+        releaseUnusedMemory();
+        const int before = privateDirty();
+        openAndClose(100);
+        releaseUnusedMemory();
+        const int growth = privateDirty() - before;
+        qInfo("grown by %d KiB", growth);
+#ifndef __SANITIZE_ADDRESS__
+        QVERIFY2(growth <= 1024, qPrintable(QString::number(growth)));
+#endif
+    }
+};
+
+QTEST_MAIN(tst_Settings)
+#include "tst_Settings.moc"

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "IconImage.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QTextStream>
+
+#include <sys/resource.h>
+
+namespace {
+
+constexpr int longestSide = 128; // pixels of what is written
+constexpr rlim_t memoryLimit = rlim_t { 2 } << 30;
+constexpr rlim_t timeLimit = 20; // seconds of processor time
+
+int fail(const QString &reason)
+{
+    QTextStream(stderr) << "tessel-icon-import: " << reason << '\n';
+    return 1;
+}
+
+}
+
+/// Writes a small PNG of an image file. A program of its own, so that an image which is hostile or
+/// merely huge costs the resident one nothing.
+int main(int argc, char *argv[])
+{
+    if (argc != 3)
+        return fail(QStringLiteral("usage: tessel-icon-import SOURCE TARGET.png"));
+    const rlimit memory { memoryLimit, memoryLimit };
+    const rlimit time { timeLimit, timeLimit };
+    ::setrlimit(RLIMIT_AS, &memory);
+    ::setrlimit(RLIMIT_CPU, &time);
+
+    QFile source(QFile::decodeName(argv[1]));
+    if (!source.open(QIODevice::ReadOnly))
+        return fail(source.errorString());
+    QImage image = readIconImage(source.readAll());
+    if (image.isNull())
+        return fail(QStringLiteral("not an image that can be read: ") + source.fileName());
+    if (std::max(image.width(), image.height()) > longestSide)
+        image
+            = image.scaled(longestSide, longestSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QSaveFile target(QFile::decodeName(argv[2]));
+    if (!target.open(QIODevice::WriteOnly) || !image.save(&target, "PNG") || !target.commit())
+        return fail(target.errorString());
+    return 0;
+}
