@@ -69,8 +69,17 @@ bool TesselProgram::writeConfiguration()
 
 bool TesselProgram::start()
 {
-    if (!writeConfiguration())
-        return false;
+    return writeConfiguration() && launch();
+}
+
+bool TesselProgram::restart()
+{
+    m_process->end();
+    return launch();
+}
+
+bool TesselProgram::launch()
+{
     m_process = &m_session.launch(path());
     return m_process->waitForOutput(QRegularExpression(u"Tessel started\\."_s)).hasMatch();
 }
@@ -105,6 +114,22 @@ std::optional<WindowInfo> TesselProgram::waitForWindow(const QString &title) con
     return m_session.user().waitForWindow([&title](const WindowInfo &window) {
         return window.className == u"Tessel" && window.title == title;
     });
+}
+
+QJsonObject TesselProgram::configuration() const
+{
+    QFile file(configFile());
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
+                                          : QJsonObject();
+}
+
+std::optional<WindowInfo> TesselProgram::openSettings()
+{
+    if (!summon())
+        return {};
+    m_session.user().tap(XKB_KEY_comma, { XKB_KEY_Control_L });
+    const auto window = waitForWindow(u"Tessel Preferences"_s);
+    return window && m_session.user().waitUntilUsable(window->id) ? window : std::nullopt;
 }
 
 void TesselProgram::awaitTrigger() const

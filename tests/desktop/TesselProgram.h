@@ -28,9 +28,13 @@ public:
 
     /// Writes the configuration and starts the program; true when it says that it is up.
     [[nodiscard]] bool start();
+    /// Ends the program and starts it again on the configuration that it has left.
+    [[nodiscard]] bool restart();
     [[nodiscard]] desktop::ChildProcess &process() { return *m_process; }
     [[nodiscard]] static QString path();
     [[nodiscard]] QString configFile() const;
+    /// What the program has saved.
+    [[nodiscard]] QJsonObject configuration() const;
 
     /// Presses the trigger key and waits for the bar; nothing when it does not come.
     [[nodiscard]] std::optional<desktop::WindowInfo> summon();
@@ -41,6 +45,9 @@ public:
     /// One of the program's other windows, when it has come.
     [[nodiscard]] std::optional<desktop::WindowInfo> waitForWindow(const QString &title) const;
 
+    /// Presses Ctrl and comma in the bar; the settings window when it has the keyboard.
+    [[nodiscard]] std::optional<desktop::WindowInfo> openSettings();
+
     /// The trigger is ignored for a second after a capture: returns when that is over.
     void awaitTrigger() const;
 
@@ -48,6 +55,8 @@ public:
     [[nodiscard]] static QPoint button(const desktop::WindowInfo &bar, int index);
 
 private:
+    [[nodiscard]] bool launch();
+
     desktop::DesktopSession &m_session;
     desktop::ChildProcess *m_process = nullptr;
     QElapsedTimer m_sinceSummon;

@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Editors.h"
+#include "TesselProgram.h"
+#include "TextFile.h"
+#include "XClipboard.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+using namespace Qt::StringLiterals;
+using namespace desktop;
+
+namespace {
+
+enum Column { enabled, icon, title, type, templateText };
+
+/// A desktop with an editor whose whole text is selected, and the settings window over it.
+struct Stage
+{
+    DesktopSession session;
+    TesselProgram tessel { session };
+    Editor editor { session, EditorKind::Mousepad };
+    WindowInfo settings;
+
+    [[nodiscard]] bool prepare(const QString &text = u"selected"_s)
+    {
+        if (!session.start() || !tessel.start() || !editor.open(text) || !editor.selectAll())
+            return false;
+        const auto window = tessel.openSettings();
+        settings = window.value_or(WindowInfo());
+        return window.has_value();
+    }
+
+    [[nodiscard]] XUser &user() const { return session.user(); }
+
+    void tap(quint32 keysym, int times = 1) const
+    {
+        for (int i = 0; i < times; ++i)
+            user().tap(keysym);
+    }
+
+    void showActions() const
+    {
+        user().tap(XKB_KEY_Tab, { XKB_KEY_Control_L });
+        QTest::qWait(200); // until it is drawn, for those who look
+    }
+
+    /// Middle of a cell of the actions' table in the window's smallest size.
+    [[nodiscard]] QPoint cell(int row, Column column) const
+    {
+        constexpr int middles[] = { 44, 86, 150, 290, 480 };
+        return settings.geometry.topLeft() + QPoint(middles[column], 152 + 30 * row);
+    }
+    [[nodiscard]] QPoint addButton() const
+    {
+        return settings.geometry.topLeft() + QPoint(35, settings.geometry.height() - 36);
+    }
+
+    [[nodiscard]] bool closeSettings() const
+    {
+        user().tap(XKB_KEY_w, { XKB_KEY_Control_L });
+        return user().waitUntilGone(settings.id) && user().waitUntilUsable(editor.window().id);
+    }
+
+    [[nodiscard]] QJsonObject action(int row) const
+    {
+        return tessel.configuration().value(u"customActions"_s).toArray().at(row).toObject();
+    }
+};
+
+/// A window of the program with this in its title.
+std::optional<WindowInfo> dialog(const Stage &stage, const QString &title)
+{
+    const auto window = stage.tessel.waitForWindow(title);
+    return window && stage.user().waitUntilUsable(window->id) ? window : std::nullopt;
+}
+
+}
+
+/// What a user does in the settings window, by mouse and keyboard, and what comes of it.
+class tst_SettingsWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anotherTrigger()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare());
+        stage.tap(XKB_KEY_Tab, 6); // to the recorder
+        stage.user().tap(XKB_KEY_F4, { XKB_KEY_Alt_L }); // the window manager's key to close
+        QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 118);
+        QCOMPARE(stage.tessel.configuration().value(u"triggerModifiers"_s), 0x80000);
+        stage.tap(XKB_KEY_Tab, 7); // from the tabs on: nothing has the focus
+        stage.user().tap(XKB_KEY_F6, { XKB_KEY_Control_L });
+        QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 97);
+        QVERIFY(stage.closeSettings());
+        stage.tessel.awaitTrigger();
+        stage.user().tap(XKB_KEY_F2);
+        QTest::qWait(1000);
+        QVERIFY(!stage.tessel.bar());
+        stage.user().tap(XKB_KEY_F6, { XKB_KEY_Control_L });
+        QVERIFY(stage.tessel.waitForBar());
+    }
+
+    void koreanIsKept()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare());
+        stage.tap(XKB_KEY_Tab);
+        stage.tap(XKB_KEY_Down);
+        QTRY_COMPARE(stage.tessel.configuration().value(u"language"_s), u"ko"_s);
+        QVERIFY(stage.closeSettings());
+        QVERIFY(stage.tessel.restart());
+        QVERIFY(stage.editor.selectAll());
+        stage.tessel.awaitTrigger();
+        const auto again = stage.tessel.openSettings();
+        QVERIFY(again);
+        // From Korean one more is Chinese.
+        stage.tap(XKB_KEY_Tab);
+        stage.tap(XKB_KEY_Down);
+        QTRY_COMPARE(stage.tessel.configuration().value(u"language"_s), u"zh"_s);
+    }
+
+    void excludedEditor()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare());
+        stage.tap(XKB_KEY_Tab, 11); // to "+"
+        stage.tap(XKB_KEY_space);
+        QVERIFY(dialog(stage, u"Add App"_s));
+        QVERIFY(stage.user().typeText(u"org.xfce.mousepad"_s));
+        stage.tap(XKB_KEY_Return);
+        QTRY_COMPARE(stage.tessel.configuration().value(u"excludedBundleIds"_s).toArray(),
+                     QJsonArray { u"org.xfce.mousepad"_s });
+        QVERIFY(stage.user().waitUntilUsable(stage.settings.id));
+        QVERIFY(stage.closeSettings());
+        stage.tessel.awaitTrigger();
+        stage.user().tap(XKB_KEY_F2);
+        const QRegularExpression line(u"DEBUG: App excluded: org\\.xfce\\.mousepad"_s);
+        QVERIFY(stage.tessel.process().waitForOutput(line).hasMatch());
+        QVERIFY(!stage.tessel.bar());
+    }
+
+    void shellActionInSeveralLines()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare(u"it's here"_s));
+        stage.showActions();
+        const int last
+            = int(stage.tessel.configuration().value(u"customActions"_s).toArray().size());
+        QCOMPARE(last, 6);
+        stage.user().click(stage.addButton());
+        QTRY_COMPARE(stage.action(last).value(u"title"_s), u"New Action"_s);
+        stage.user().click(stage.cell(last, type));
+        QTRY_VERIFY(stage.user().findWindow([](const WindowInfo &window) {
+            return window.overrideRedirect && window.className == u"Tessel";
+        }));
+        stage.tap(XKB_KEY_Down, 2);
+        stage.tap(XKB_KEY_Return);
+        QTRY_COMPARE(stage.action(last).value(u"type"_s), u"shellScript"_s);
+        stage.user().click(stage.cell(last, templateText), 2);
+        QTest::qWait(300); // the editor takes the keyboard
+        stage.user().tap(XKB_KEY_a, { XKB_KEY_Control_L });
+        QVERIFY(stage.user().typeText(u"out=result"_s));
+        stage.tap(XKB_KEY_Return);
+        QVERIFY(stage.user().typeText(u"printf %s '{text}' > $out"_s));
+        stage.user().tap(XKB_KEY_Return, { XKB_KEY_Control_L });
+        QTRY_COMPARE(stage.action(last).value(u"template"_s),
+                     u"out=result\nprintf %s '{text}' > $out"_s);
+        QVERIFY(stage.closeSettings());
+
+        stage.tessel.awaitTrigger();
+        QVERIFY(stage.editor.selectAll()); // selecting in the settings has undone it
+        QVERIFY(stage.tessel.summon()); // the test's own action and the new one
+        stage.tap(XKB_KEY_2);
+        QFile result(stage.session.homePath() + u"/result"_s);
+        QTRY_VERIFY(result.size() > 0);
+        QVERIFY(result.open(QIODevice::ReadOnly));
+        QCOMPARE(result.readAll(), QByteArray("it's here"));
+    }
+
+    /// An image file of the user's is to be seen in the bar.
+    void importedIcon()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare());
+        QImage square(300, 300, QImage::Format_ARGB32);
+        square.fill(Qt::red);
+        const QString path = stage.session.homePath() + u"/square.png"_s;
+        QVERIFY(square.save(path));
+        stage.showActions();
+        stage.user().click(stage.cell(0, icon));
+        const auto picker = stage.user().waitForWindow([](const WindowInfo &window) {
+            return window.className == u"Tessel" && window.geometry.size() == QSize(300, 400);
+        });
+        QVERIFY(picker);
+        QVERIFY(stage.user().typeText(u"bell"_s)); // the keyboard is in the search field
+        stage.user().click(picker->geometry.topLeft() + QPoint(255, 25));
+        QVERIFY(dialog(stage, u"Import"_s));
+        QVERIFY(stage.user().typeText(path));
+        stage.tap(XKB_KEY_Return);
+        QTRY_VERIFY(stage.action(0).value(u"iconName"_s).toString().startsWith(u"custom:"));
+        QVERIFY(stage.user().waitUntilUsable(stage.settings.id));
+        QVERIFY(stage.closeSettings());
+
+        stage.tessel.awaitTrigger();
+        const auto bar = stage.tessel.summon();
+        QVERIFY(bar);
+        QTest::qWait(400); // the fade is over
+        QRect place(0, 0, 10, 10);
+        place.moveCenter(TesselProgram::button(*bar, 0));
+        const QImage shown = stage.user().screenshot(place);
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x)
+                QVERIFY(qGray(shown.pixel(x, y)) < 100); // the tint of a light bar
+        }
+    }
+
+    void draggedRow()
+    {
+        Stage stage;
+        for (const char *name : { "one", "two", "three", "four", "five" })
+            stage.tessel.actions.append(TesselProgram::urlAction(
+                QString::fromLatin1(name), u"tessel-test://%1?{text}"_s.arg(QLatin1String(name))));
+        QVERIFY(stage.prepare());
+        stage.showActions();
+        const QPoint from = stage.cell(3, title);
+        const QPoint to = stage.cell(0, title) - QPoint(0, 12);
+        stage.user().movePointer(from);
+        stage.user().pressButton();
+        for (int step = 1; step <= 10; ++step) {
+            stage.user().movePointer(from + (to - from) * step / 10);
+            QTest::qWait(30); // a hand is not faster
+        }
+        stage.user().releaseButton();
+        QTRY_COMPARE(stage.action(0).value(u"id"_s), u"four"_s);
+        QCOMPARE(stage.action(1).value(u"id"_s), u"one"_s);
+        QVERIFY(stage.closeSettings());
+        stage.tessel.awaitTrigger();
+        QVERIFY(stage.tessel.summon());
+        stage.tap(XKB_KEY_1);
+        QTRY_COMPARE(stage.session.urlRecorder().urls(),
+                     QStringList(u"tessel-test://four?selected"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SettingsWindow)
+#include "tst_SettingsWindow.moc"
