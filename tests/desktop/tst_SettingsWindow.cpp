@@ -91,6 +91,8 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY(stage.prepare());
         stage.tap(XKB_KEY_Tab, 6); // to the recorder
+        QTest::qWait(300); // asking at the very moment of the grab would prevent it
+        QTRY_VERIFY(stage.user().isKeyboardGrabbed());
         stage.user().tap(XKB_KEY_F4, { XKB_KEY_Alt_L }); // the window manager's key to close
         QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 118);
         QCOMPARE(stage.tessel.configuration().value(u"triggerModifiers"_s), 0x80000);

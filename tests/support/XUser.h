@@ -65,6 +65,8 @@ public:
     [[nodiscard]] QList<quint8> pressedKeycodes() const;
     [[nodiscard]] quint8 modifiers() const;
     [[nodiscard]] QPoint pointerPosition() const;
+    // Whether a program has taken the whole keyboard.
+    [[nodiscard]] bool isKeyboardGrabbed() const;
     // The key that gives the keysym unshifted in the given layout group, by default the active one.
     [[nodiscard]] std::optional<quint8> keycode(quint32 keysym, int group = -1) const;
 
