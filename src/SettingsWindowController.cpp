@@ -13,6 +13,7 @@
 #include "SettingsLayout.h"
 #include "ToolbarTabBar.h"
 #include "WindowCommands.h"
+#include "platform/Workspace.h"
 
 #include <QShortcut>
 #include <QStackedWidget>
@@ -86,8 +87,11 @@ void SettingsWindowController::setupTabs()
 void SettingsWindowController::showWindow()
 {
     applyApplicationIcon(m_dependencies.config.appIcon, m_dependencies.bundle);
-    if (isMinimized())
-        showNormal();
+    if (isVisible()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        m_dependencies.workspace.bringToFront(winId());
+        return;
+    }
     show();
     raise();
     activateWindow();

@@ -46,6 +46,10 @@ public:
     /// Hands an absolute URL to the user's default handler for its scheme; returns at once.
     virtual void open(const QString &url) = 0;
 
+    /// Shows one of our own windows, which is there already, to the user: on the desktop that is
+    /// current, before the others, with the keyboard. The number is QWindow::winId().
+    virtual void bringToFront(quint64 window) = 0;
+
     /// What the desktop lacks for watching keys and copying, in words for the user; empty: all is
     /// there ("trusted").
     [[nodiscard]] virtual QStringList missingAccess() const = 0;

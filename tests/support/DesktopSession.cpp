@@ -17,16 +17,19 @@ namespace {
 
 constexpr int stragglerGraceMs = 2000;
 
-// One desktop, focus by click, and no key or wheel of the window manager's own.
+// Two desktops, focus by click, and of keys only that to close and that to the other desktop.
 QString openboxConfiguration(const QMargins &reserved)
 {
     return QStringLiteral(R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse><raiseOnFocus>yes</raiseOnFocus></focus>
   <placement><policy>Smart</policy><center>yes</center></placement>
-  <desktops><number>1</number><popupTime>0</popupTime></desktops>
+  <desktops><number>2</number><popupTime>0</popupTime></desktops>
   <margins><top>%1</top><bottom>%2</bottom><left>%3</left><right>%4</right></margins>
-  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+  <keyboard>
+    <keybind key="A-F4"><action name="Close"/></keybind>
+    <keybind key="C-A-Right"><action name="GoToDesktop"><to>next</to></action></keybind>
+  </keyboard>
   <mouse>
     <context name="Client">
       <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>

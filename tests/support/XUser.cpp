@@ -281,11 +281,11 @@ QPoint XUser::pointerPosition() const
 bool XUser::isKeyboardGrabbed() const
 {
     xcb_connection_t *c = d->connection.get();
-    const x::Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
-        c,
-        xcb_grab_keyboard(c, 1, d->screen->root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
-                          XCB_GRAB_MODE_ASYNC),
-        nullptr));
+    const x::Owned<xcb_grab_keyboard_reply_t> reply(
+        xcb_grab_keyboard_reply(c,
+                                xcb_grab_keyboard(c, 1, d->screen->root, XCB_CURRENT_TIME,
+                                                  XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                nullptr));
     if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS)
         xcb_ungrab_keyboard(c, XCB_CURRENT_TIME);
     d->sync();

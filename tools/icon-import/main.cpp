@@ -11,8 +11,18 @@
 namespace {
 
 constexpr int longestSide = 128; // pixels of what is written
-constexpr rlim_t memoryLimit = rlim_t { 2 } << 30;
+[[maybe_unused]] constexpr rlim_t memoryLimit = rlim_t { 2 } << 30;
 constexpr rlim_t timeLimit = 20; // seconds of processor time
+
+void limitResources()
+{
+    const rlimit time { timeLimit, timeLimit };
+    ::setrlimit(RLIMIT_CPU, &time);
+#ifndef __SANITIZE_ADDRESS__ // which reserves terabytes
+    const rlimit memory { memoryLimit, memoryLimit };
+    ::setrlimit(RLIMIT_AS, &memory);
+#endif
+}
 
 int fail(const QString &reason)
 {
@@ -28,10 +38,7 @@ int main(int argc, char *argv[])
 {
     if (argc != 3)
         return fail(QStringLiteral("usage: tessel-icon-import SOURCE TARGET.png"));
-    const rlimit memory { memoryLimit, memoryLimit };
-    const rlimit time { timeLimit, timeLimit };
-    ::setrlimit(RLIMIT_AS, &memory);
-    ::setrlimit(RLIMIT_CPU, &time);
+    limitResources();
 
     QFile source(QFile::decodeName(argv[1]));
     if (!source.open(QIODevice::ReadOnly))

@@ -79,6 +79,7 @@ public:
             return identifiers.contains(path) ? std::optional(identifiers[path]) : std::nullopt;
         }
         void open(const QString &url) override { opened += url; }
+        void bringToFront(quint64) override { }
         [[nodiscard]] QStringList missingAccess() const override { return missing; }
 
         std::optional<FrontApplication> front

@@ -16,6 +16,7 @@ public:
     [[nodiscard]] QList<InstalledApplication> installedApplications() override;
     [[nodiscard]] std::optional<QString> bundleIdentifierOf(const QString &path) override;
     void open(const QString &url) override;
+    void bringToFront(quint64 window) override;
     [[nodiscard]] QStringList missingAccess() const override;
 
     /// The active window (EWMH), else the top-level window that has the input focus; 0: none.
