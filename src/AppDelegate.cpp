@@ -37,7 +37,6 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
-    WindowStyle::apply(platform.appearance());
     const QStringList missing = platform.workspace().missingAccess();
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
@@ -69,6 +68,7 @@ void AppDelegate::applicationDidFinishLaunching()
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {
+        WindowStyle::apply(platform.appearance());
         FloatingPanel::shared().warmUp();
         platform.copyRequest().prepare();
     });
