@@ -21,6 +21,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 using namespace SettingsLayout;
@@ -42,10 +43,17 @@ constexpr IconChoice iconChoices[] = {
     { AppIconType::neon, u"Neon" },
 };
 
+/// Leaves the wheel to the page, which else could not be scrolled without changing a setting.
+class PopUpButton final : public QComboBox
+{
+protected:
+    void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
+
 QComboBox *popUpButton(const QList<std::pair<QString, QString>> &titlesAndValues,
                        const QString &current, const QString &name)
 {
-    auto *button = new QComboBox;
+    auto *button = new PopUpButton;
     for (const auto &[title, value] : titlesAndValues)
         button->addItem(title, value);
     button->setCurrentIndex(button->findData(current));

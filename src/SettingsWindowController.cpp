@@ -121,6 +121,8 @@ void SettingsWindowController::closeEvent(QCloseEvent *event)
 void SettingsWindowController::windowWillClose()
 {
     FileLogger::log(u"DEBUG: windowWillClose - starting cleanup"_s);
+    if (QWidget *field = focusWidget())
+        field->clearFocus(); // stores what is being typed
     m_general->clearIconCache();
     m_actions->cleanup();
     FileLogger::log(u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s);

@@ -31,6 +31,7 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(120, 24);
     setToolTip(QStringLiteral("Click to record shortcut"));
+    setAccessibleDescription(text());
 }
 
 QString ShortcutRecorderControl::text() const
@@ -113,6 +114,7 @@ void ShortcutRecorderControl::setRecording(bool isRecording)
         grabKeyboard();
     else
         releaseKeyboard();
+    setAccessibleDescription(text());
     update();
 }
 

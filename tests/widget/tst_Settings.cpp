@@ -208,6 +208,11 @@ private Q_SLOTS:
         QCOMPARE(fixture.saved().excludedBundleIds, QStringList({ u" as typed "_s, QString() }));
         remove->click();
         QCOMPARE(fixture.saved().excludedBundleIds, QStringList(QString()));
+        table->setCurrentIndex(table->model()->index(0, 0));
+        table->edit(table->currentIndex());
+        qobject_cast<QLineEdit *>(QApplication::focusWidget())->setText(u"half-typed"_s);
+        fixture.window->close();
+        QCOMPARE(fixture.saved().excludedBundleIds, QStringList(u"half-typed"_s));
     }
 
     void recorder_data()
@@ -441,7 +446,8 @@ private Q_SLOTS:
         QPointer picker = fixture.window->findChild<IconPickerViewController *>();
         QVERIFY(picker && picker->isVisible());
         picker->grab();
-        QVERIFY2(timer.elapsed() < 400, qPrintable(QString::number(timer.elapsed())));
+        qInfo("picker opened in %lld ms", timer.elapsed());
+        QVERIFY(timer.elapsed() < 400); // a busy machine and sanitizers are slower
         const auto *grid = picker->findChild<QListView *>();
         QCOMPARE(grid->model()->rowCount(), 1512);
         auto *search = picker->findChild<QLineEdit *>();
