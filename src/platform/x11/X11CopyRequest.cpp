@@ -5,16 +5,15 @@
 #include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FakeKeys.h"
 #include "platform/x11/X11SelectionReader.h"
 #include "platform/x11/X11Terminals.h"
 
-#include <algorithm>
 #include <xcb/xcb.h>
 // A member's name in this C header.
 #define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
-#include <xcb/xtest.h>
 
 using namespace std::chrono_literals;
 
@@ -86,40 +85,11 @@ void X11CopyRequest::press(Chord chord)
     prepare();
     if (!m_keys || !m_connection.xtest().present)
         return;
-    liftHeldModifiers();
+    X11FakeKeys keyboard(m_connection);
+    keyboard.liftHeldModifiers();
     QList<quint8> keys { m_keys->control };
     if (chord == Chord::controlShiftC)
         keys.append(m_keys->shift);
     keys.append(m_keys->copy);
-    for (const quint8 key : std::as_const(keys))
-        fakeKey(XCB_KEY_PRESS, key);
-    std::reverse(keys.begin(), keys.end());
-    for (const quint8 key : std::as_const(keys))
-        fakeKey(XCB_KEY_RELEASE, key);
-    xcb_flush(m_connection.xcb());
-}
-
-/// The user may still hold the trigger's modifiers. They are not pressed again afterwards: nobody
-/// knows whether they are still held then, and one too many would be stuck.
-void X11CopyRequest::liftHeldModifiers()
-{
-    xcb_connection_t *xcb = m_connection.xcb();
-    const auto heldCookie = xcb_query_keymap(xcb);
-    const auto mappingCookie = xcb_get_modifier_mapping(xcb);
-    const XcbPtr<xcb_query_keymap_reply_t> held(xcb_query_keymap_reply(xcb, heldCookie, nullptr));
-    const XcbPtr<xcb_get_modifier_mapping_reply_t> mapping(
-        xcb_get_modifier_mapping_reply(xcb, mappingCookie, nullptr));
-    if (!held || !mapping)
-        return;
-    const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(mapping.get());
-    for (int i = 0; i < xcb_get_modifier_mapping_keycodes_length(mapping.get()); ++i) {
-        const xcb_keycode_t key = keycodes[i];
-        if (key != 0 && (held->keys[key / 8] & (1 << (key % 8))))
-            fakeKey(XCB_KEY_RELEASE, key);
-    }
-}
-
-void X11CopyRequest::fakeKey(quint8 type, quint8 keycode)
-{
-    xcb_test_fake_input(m_connection.xcb(), type, keycode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    keyboard.press(keys);
 }

@@ -33,8 +33,6 @@ private:
     [[nodiscard]] bool ownsPrimary(quint32 window) const;
     void copyPrimary();
     void press(Chord chord);
-    void liftHeldModifiers();
-    void fakeKey(quint8 type, quint8 keycode);
 
     X11Connection &m_connection;
     X11SelectionReader &m_reader;

@@ -6,6 +6,19 @@
 
 #include <QPromise>
 
+using namespace std::chrono_literals;
+
+namespace {
+
+QString decoded(QByteArrayView utf8)
+{
+    while (utf8.endsWith('\0')) // some owners count the terminator
+        utf8.chop(1);
+    return QString::fromUtf8(utf8);
+}
+
+}
+
 X11SelectionReader::X11SelectionReader(X11Connection &connection)
     : m_connection(connection)
 {
@@ -18,10 +31,10 @@ QFuture<std::optional<QString>> X11SelectionReader::read(quint32 selection,
 {
     auto promise = std::make_shared<QPromise<std::optional<QString>>>();
     promise->start();
-    auto transfer = std::make_unique<X11SelectionTransfer>(m_connection, selection, patience);
+    auto transfer = std::make_unique<X11SelectionTransfer>(m_connection, selection, patience, 3s);
     connect(transfer.get(), &X11SelectionTransfer::finished, this,
-            [this, promise, done = transfer.get()](const std::optional<QString> &text) {
-                promise->addResult(text);
+            [this, promise, done = transfer.get()](const std::optional<QByteArray> &text) {
+                promise->addResult(text ? std::optional(decoded(*text)) : std::nullopt);
                 promise->finish();
                 const auto entry = std::find_if(
                     m_transfers.begin(), m_transfers.end(),

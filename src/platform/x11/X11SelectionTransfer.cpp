@@ -8,11 +8,8 @@
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto wholeTransfer = 3s;
 constexpr quint32 mostBytes = 64 << 20;
 
 /// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
@@ -30,7 +27,8 @@ constexpr Target targets[] = {
 }
 
 X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 selection,
-                                           std::chrono::milliseconds patience)
+                                           std::chrono::milliseconds patience,
+                                           std::chrono::milliseconds limit)
     : m_connection(connection)
     , m_selection(selection)
     , m_window(xcb_generate_id(connection.xcb()))
@@ -46,7 +44,7 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
         connect(timer, &QTimer::timeout, this, [this] { finish({}); });
     }
     m_patience.setInterval(patience);
-    m_limit.start(wholeTransfer);
+    m_limit.start(limit);
     requestNextTarget();
 }
 
@@ -113,7 +111,7 @@ void X11SelectionTransfer::takeAnswer(quint32 property)
         return;
     }
     m_bytes = m_connection.property(m_window, property, mostBytes);
-    finish(decoded());
+    finish(utf8());
 }
 
 void X11SelectionTransfer::takePiece()
@@ -123,14 +121,14 @@ void X11SelectionTransfer::takePiece()
     xcb_flush(m_connection.xcb());
     m_bytes += piece;
     if (piece.isEmpty())
-        finish(decoded());
+        finish(utf8());
     else if (m_bytes.size() > mostBytes)
         finish({});
     else
         m_patience.start();
 }
 
-void X11SelectionTransfer::finish(const std::optional<QString> &text)
+void X11SelectionTransfer::finish(const std::optional<QByteArray> &text)
 {
     if (std::exchange(m_isFinished, true))
         return;
@@ -140,10 +138,7 @@ void X11SelectionTransfer::finish(const std::optional<QString> &text)
         this, [this, text] { Q_EMIT finished(text); }, Qt::QueuedConnection);
 }
 
-QString X11SelectionTransfer::decoded() const
+QByteArray X11SelectionTransfer::utf8() const
 {
-    QByteArrayView bytes(m_bytes);
-    while (bytes.endsWith('\0')) // some owners count the terminator
-        bytes.chop(1);
-    return targets[m_target].isUtf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+    return targets[m_target].isUtf8 ? m_bytes : QString::fromLatin1(m_bytes).toUtf8();
 }

@@ -13,28 +13,29 @@
 class X11Connection;
 class X11Event;
 
-/// One request for the text of a selection. The owner may be slow, dead or lying.
+/// One request for the text of a selection. The owner may be slow, dead or lying. More than 64 MiB
+/// count as no text.
 class X11SelectionTransfer final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Gives up when the owner does nothing for `patience`, or after three seconds in all.
+    /// Gives up when the owner does nothing for `patience`, or after `limit` in all.
     X11SelectionTransfer(X11Connection &connection, quint32 selection,
-                         std::chrono::milliseconds patience);
+                         std::chrono::milliseconds patience, std::chrono::milliseconds limit);
     ~X11SelectionTransfer() override;
 
 Q_SIGNALS:
-    /// Once, never from the constructor.
-    void finished(const std::optional<QString> &text);
+    /// Once, never from the constructor. UTF-8 as the owner gave it, or made from ISO 8859-1.
+    void finished(const std::optional<QByteArray> &text);
 
 private:
     void requestNextTarget();
     void handle(const X11Event &event);
     void takeAnswer(quint32 property);
     void takePiece();
-    void finish(const std::optional<QString> &text);
-    [[nodiscard]] QString decoded() const;
+    void finish(const std::optional<QByteArray> &text);
+    [[nodiscard]] QByteArray utf8() const;
 
     X11Connection &m_connection;
     quint32 m_selection;
