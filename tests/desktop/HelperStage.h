@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DesktopSession.h"
+
+#include <QFile>
+#include <QTest>
+
+/// A desktop with a shell that finds the helpers.
+struct Stage final
+{
+    desktop::DesktopSession session;
+
+    [[nodiscard]] bool prepare()
+    {
+        if (!session.start())
+            return false;
+        session.setVariable(QStringLiteral("PATH"),
+                            QStringLiteral(TESSEL_HELPERS ":") + qEnvironmentVariable("PATH"));
+        return true;
+    }
+
+    /// The command's exit status; -1 when it does not end.
+    int run(const QString &command)
+    {
+        desktop::ChildProcess &shell
+            = session.launch(QStringLiteral("/bin/sh"), { QStringLiteral("-c"), command });
+        return shell.waitForExit() ? shell.exitCode() : -1;
+    }
+
+    [[nodiscard]] QByteArray file(const QString &name) const
+    {
+        QFile file(session.homePath() + u'/' + name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "no such file";
+    }
+
+    void write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(session.homePath() + u'/' + name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), content.size());
+    }
+};

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Editors.h"
+#include "HelperStage.h"
+#include "XClipboard.h"
+#include "XcbSupport.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+using namespace Qt::StringLiterals;
+using namespace desktop;
+
+namespace {
+
+/// Whether a pbcopy of this desktop still has the clipboard.
+[[nodiscard]] bool isServing(const Stage &stage)
+{
+    const QByteArray home = "HOME=" + stage.session.homePath().toLocal8Bit();
+    const auto processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
+    return std::any_of(processes.cbegin(), processes.cend(), [&home](const QString &process) {
+        QFile name(u"/proc/"_s + process + u"/comm"_s);
+        QFile environment(u"/proc/"_s + process + u"/environ"_s);
+        return name.open(QIODevice::ReadOnly) && name.readAll() == "pbcopy\n"
+            && environment.open(QIODevice::ReadOnly)
+            && environment.readAll().split('\0').contains(home);
+    });
+}
+
+/// Asks for the clipboard as the ICCCM has it, without any toolkit.
+class Requestor
+{
+public:
+    explicit Requestor(const QString &display)
+        : m_connection(xcb_connect(display.toLatin1().constData(), nullptr))
+        , m_window(xcb_generate_id(xcb()))
+    {
+        xcb_create_window(xcb(), 0, m_window, x::screen(xcb())->root, 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    }
+
+    [[nodiscard]] quint32 atom(const char *name) const { return x::atom(xcb(), name); }
+
+    /// False when the owner refuses.
+    bool convert(const char *target, const char *property)
+    {
+        xcb_convert_selection(xcb(), m_window, atom("CLIPBOARD"), atom(target), atom(property),
+                              XCB_CURRENT_TIME);
+        xcb_flush(xcb());
+        const x::Owned<xcb_generic_event_t> event(xcb_wait_for_event(xcb()));
+        const auto *notify = reinterpret_cast<xcb_selection_notify_event_t *>(event.get());
+        return notify && notify->property != XCB_NONE;
+    }
+
+    [[nodiscard]] QByteArray value(const char *property) const
+    {
+        return QByteArray::fromStdString(
+            x::bytes(x::property(xcb(), m_window, atom(property)).get()));
+    }
+
+    [[nodiscard]] QList<quint32> atoms(const char *property) const
+    {
+        const QByteArray bytes = value(property);
+        const auto *first = reinterpret_cast<const quint32 *>(bytes.constData());
+        return { first, first + bytes.size() / 4 };
+    }
+
+    void setAtoms(const char *property, const QList<quint32> &atoms)
+    {
+        xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, m_window, atom(property),
+                            atom("ATOM_PAIR"), 32, static_cast<quint32>(atoms.size()),
+                            atoms.constData());
+    }
+
+private:
+    [[nodiscard]] xcb_connection_t *xcb() const { return m_connection.get(); }
+
+    x::Connection m_connection;
+    quint32 m_window;
+};
+
+}
+
+class tst_ClipboardHelpers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void roundTrip_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QByteArray every;
+        for (int i = 0; i < 256; ++i)
+            every += static_cast<char>(i);
+        QTest::newRow("text") << QByteArray("caf\xc3\xa9 \xed\x95\x9c\n");
+        QTest::newRow("no line end") << QByteArray("a");
+        QTest::newRow("many line ends") << QByteArray("\r\na\r\n\n\n");
+        QTest::newRow("nothing") << QByteArray("");
+        QTest::newRow("every byte") << every;
+        QTest::newRow("NUL at the end") << QByteArray("a\0", 2);
+        QTest::newRow("8 MiB") << every.repeated(32 << 10);
+    }
+
+    void roundTrip()
+    {
+        QFETCH(QByteArray, bytes);
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        stage.write(u"in"_s, bytes);
+        // Command substitution waits until nobody has its pipe any more.
+        QCOMPARE(stage.run(u"x=$(pbcopy <in 2>&1 3>&1); pbpaste >out"_s), 0);
+        QVERIFY(stage.file(u"out"_s) == bytes);
+        QVERIFY(isServing(stage));
+        QVERIFY(stage.session.clipboard().text() == QString::fromUtf8(bytes));
+        stage.session.clipboard().setText(u"other"_s);
+        QTRY_VERIFY(!isServing(stage));
+        QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
+        QCOMPARE(stage.file(u"out"_s), "other");
+    }
+
+    void targets()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        QCOMPARE(stage.run(u"printf 'caf\\303\\251' | pbcopy"_s), 0);
+        Requestor requestor(stage.session.display());
+        QVERIFY(requestor.convert("STRING", "A"));
+        QCOMPARE(requestor.value("A"), "caf\xe9");
+        QVERIFY(requestor.convert("TIMESTAMP", "A"));
+        QVERIFY(requestor.atoms("A").value(0) != 0);
+        QVERIFY(!requestor.convert("image/png", "A"));
+        QVERIFY(requestor.convert("TARGETS", "A"));
+        for (const char *target :
+             { "TARGETS", "MULTIPLE", "UTF8_STRING", "text/plain;charset=utf-8", "STRING" })
+            QVERIFY2(requestor.atoms("A").contains(requestor.atom(target)), target);
+
+        const quint32 utf8 = requestor.atom("UTF8_STRING");
+        const quint32 image = requestor.atom("image/png");
+        requestor.setAtoms("M", { utf8, requestor.atom("B"), image, requestor.atom("C") });
+        QVERIFY(requestor.convert("MULTIPLE", "M"));
+        QCOMPARE(requestor.value("B"), "caf\xc3\xa9");
+        const QList<quint32> answered { utf8, requestor.atom("B"), 0, requestor.atom("C") };
+        QCOMPARE(requestor.atoms("M"), answered);
+
+        QCOMPARE(stage.run(u"printf '\\355\\225\\234' | pbcopy"_s), 0);
+        QVERIFY(!requestor.convert("STRING", "A"));
+    }
+
+    void hostileOwners_data()
+    {
+        QTest::addColumn<QStringList>("mode");
+        QTest::addColumn<QByteArray>("expected");
+        const auto row = [](const QStringList &mode, const QByteArray &expected) {
+            QTest::newRow(qPrintable(mode.join(u' '))) << mode << expected;
+        };
+        row({ u"never-answers"_s }, {});
+        row({ u"stalls"_s }, {});
+        row({ u"dies-while-sending"_s }, {});
+        row({ u"image-only"_s }, {});
+        row({ u"latin1-only"_s }, "caf\xc3\xa9");
+        row({ u"incr"_s, u"300000"_s },
+            QByteArray("abcdefghijklmnopqrstuvwxyz").repeated(12000).left(300000));
+    }
+
+    void hostileOwners()
+    {
+        QFETCH(QStringList, mode);
+        QFETCH(QByteArray, expected);
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        ChildProcess *owner = launchHostileOwner(stage.session, mode);
+        QVERIFY(owner);
+        stage.session.user().tap(XKB_KEY_c, { XKB_KEY_Control_L });
+        QVERIFY(owner->waitForOutput(QRegularExpression(u"taken\n"_s)).hasMatch());
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
+        QVERIFY2(timer.elapsed() < 4000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(stage.file(u"out"_s), expected);
+    }
+
+    void withoutDisplay()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        for (const char *helper : { "pbcopy", "pbpaste" }) {
+            const QString name = QString::fromLatin1(helper);
+            QCOMPARE(stage.run(u"DISPLAY=:987 "_s + name + u" </dev/null >out 2>err"_s), 1);
+            QVERIFY(stage.file(u"out"_s).isEmpty());
+            QVERIFY(stage.file(u"err"_s).startsWith(helper));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ClipboardHelpers)
+#include "tst_ClipboardHelpers.moc"

@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "SelectionOwner.h"
+
+#include "platform/x11/X11Connection.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <cstring>
+#include <xcb/xcb.h>
+
+namespace {
+
+constexpr qsizetype largestPiece = 256 << 10;
+constexpr qsizetype requestHead = 64; ///< more than the fixed part of any request
+constexpr quint32 mostTargetPairs = 1 << 10;
+
+std::optional<QByteArray> latin1(const QByteArray &utf8)
+{
+    const QString text = QString::fromUtf8(utf8);
+    const bool fits = utf8.isValidUtf8()
+        && std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
+    return fits ? std::optional(text.toLatin1()) : std::nullopt;
+}
+
+template <typename Item> void append(QByteArray &bytes, Item item)
+{
+    bytes.append(reinterpret_cast<const char *>(&item), sizeof item);
+}
+
+}
+
+SelectionOwner::SelectionOwner(X11Connection &connection, const char *selection,
+                               const QByteArray &text)
+    : m_connection(connection)
+    , m_selection(connection.atom(selection))
+    , m_window(xcb_generate_id(connection.xcb()))
+    , m_pieceSize(std::min<qsizetype>(
+          largestPiece, xcb_get_setup(connection.xcb())->maximum_request_length * 4 - requestHead))
+{
+    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &eventMask);
+    const quint32 utf8 = connection.atom("UTF8_STRING");
+    m_contents[utf8] = m_contents[connection.atom("TEXT")] = { utf8, text };
+    for (const char *name : { "text/plain;charset=utf-8", "text/plain" })
+        m_contents[connection.atom(name)] = { connection.atom(name), text };
+    if (const auto string = latin1(text))
+        m_contents[XCB_ATOM_STRING] = { XCB_ATOM_STRING, *string };
+}
+
+bool SelectionOwner::take()
+{
+    m_time = currentTime();
+    xcb_connection_t *xcb = m_connection.xcb();
+    xcb_set_selection_owner(xcb, m_window, m_selection, m_time);
+    const XcbPtr<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(xcb, xcb_get_selection_owner(xcb, m_selection), nullptr));
+    m_isOwner = reply && reply->owner == m_window;
+    return m_isOwner;
+}
+
+/// A change of a property tells the server's time (ICCCM, section 2.1).
+quint32 SelectionOwner::currentTime() const
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    xcb_change_property(xcb, XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
+                        0, nullptr);
+    xcb_flush(xcb);
+    while (const XcbPtr<xcb_generic_event_t> event { xcb_wait_for_event(xcb) }) {
+        if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY)
+            return X11Event(event.get()).as<xcb_property_notify_event_t>().time;
+    }
+    return XCB_CURRENT_TIME;
+}
+
+void SelectionOwner::serve()
+{
+    while (m_isOwner || !m_transfers.isEmpty()) {
+        const XcbPtr<xcb_generic_event_t> event(xcb_wait_for_event(m_connection.xcb()));
+        if (!event)
+            return;
+        handle(X11Event(event.get()));
+        xcb_flush(m_connection.xcb());
+    }
+}
+
+void SelectionOwner::handle(const X11Event &event)
+{
+    switch (event.type()) {
+    case XCB_SELECTION_REQUEST:
+        answer(event);
+        break;
+    case XCB_SELECTION_CLEAR:
+        m_isOwner = false;
+        break;
+    case XCB_PROPERTY_NOTIFY: {
+        const auto &notify = event.as<xcb_property_notify_event_t>();
+        if (notify.state == XCB_PROPERTY_DELETE)
+            sendPiece(notify.window, notify.atom);
+        break;
+    }
+    case XCB_DESTROY_NOTIFY:
+        forget(event.as<xcb_destroy_notify_event_t>().window);
+        break;
+    default:
+        break;
+    }
+}
+
+void SelectionOwner::answer(const X11Event &event)
+{
+    const auto &request = event.as<xcb_selection_request_event_t>();
+    // Clients of before the ICCCM name no property.
+    const quint32 property = request.property ? request.property : request.target;
+    xcb_selection_notify_event_t notify = {};
+    notify.response_type = XCB_SELECTION_NOTIFY;
+    notify.time = request.time;
+    notify.requestor = request.requestor;
+    notify.selection = request.selection;
+    notify.target = request.target;
+    notify.property = convert(request.requestor, request.target, property) ? property : XCB_NONE;
+    xcb_send_event(m_connection.xcb(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&notify));
+}
+
+bool SelectionOwner::convert(quint32 requestor, quint32 target, quint32 property)
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    if (target == m_connection.atom("MULTIPLE"))
+        return convertMultiple(requestor, property);
+    if (target == m_connection.atom("TARGETS")) {
+        const QByteArray list = targetList();
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM, 32,
+                            static_cast<quint32>(list.size()) / 4, list.constData());
+        return true;
+    }
+    if (target == m_connection.atom("TIMESTAMP")) {
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_INTEGER, 32,
+                            1, &m_time);
+        return true;
+    }
+    const auto content = m_contents.constFind(target);
+    if (content == m_contents.constEnd())
+        return false;
+    hand(requestor, property, *content);
+    return true;
+}
+
+/// The property has pairs of a target and a property; a target that fails becomes None.
+bool SelectionOwner::convertMultiple(quint32 requestor, quint32 property)
+{
+    QByteArray pairs = m_connection.property(requestor, property, mostTargetPairs * 8);
+    const quint32 multiple = m_connection.atom("MULTIPLE");
+    for (qsizetype at = 0; at + 8 <= pairs.size(); at += 8) {
+        quint32 target = 0;
+        quint32 destination = 0;
+        std::memcpy(&target, pairs.constData() + at, 4);
+        std::memcpy(&destination, pairs.constData() + at + 4, 4);
+        if (target == multiple || !destination || !convert(requestor, target, destination))
+            std::memset(pairs.data() + at, 0, 4);
+    }
+    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, requestor, property,
+                        m_connection.atom("ATOM_PAIR"), 32, static_cast<quint32>(pairs.size()) / 4,
+                        pairs.constData());
+    return !pairs.isEmpty();
+}
+
+QByteArray SelectionOwner::targetList() const
+{
+    QByteArray list;
+    for (const char *name : { "TARGETS", "MULTIPLE", "TIMESTAMP" })
+        append(list, m_connection.atom(name));
+    for (auto content = m_contents.cbegin(); content != m_contents.cend(); ++content)
+        append(list, content.key());
+    return list;
+}
+
+void SelectionOwner::hand(quint32 requestor, quint32 property, const Content &content)
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const auto size = static_cast<quint32>(content.bytes.size());
+    if (content.bytes.size() <= m_pieceSize) {
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, content.type, 8, size,
+                            content.bytes.constData());
+        return;
+    }
+    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(xcb, requestor, XCB_CW_EVENT_MASK, &eventMask);
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, m_connection.atom("INCR"),
+                        32, 1, &size);
+    m_transfers.removeIf([=](const Transfer &old) {
+        return old.requestor == requestor && old.property == property;
+    });
+    m_transfers.append({ requestor, property, content });
+}
+
+/// The requestor has taken the last piece; one without bytes ends the transfer (section 2.7.2).
+void SelectionOwner::sendPiece(quint32 requestor, quint32 property)
+{
+    const auto transfer
+        = std::find_if(m_transfers.begin(), m_transfers.end(), [=](const Transfer &candidate) {
+              return candidate.requestor == requestor && candidate.property == property;
+          });
+    if (transfer == m_transfers.end())
+        return;
+    const QByteArray piece = transfer->content.bytes.mid(transfer->sent, m_pieceSize);
+    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, requestor, property,
+                        transfer->content.type, 8, static_cast<quint32>(piece.size()),
+                        piece.constData());
+    transfer->sent += piece.size();
+    if (piece.isEmpty())
+        m_transfers.erase(transfer);
+}
+
+void SelectionOwner::forget(quint32 requestor)
+{
+    m_transfers.removeIf(
+        [requestor](const Transfer &transfer) { return transfer.requestor == requestor; });
+}
