@@ -12,9 +12,9 @@ struct Stage final
 {
     desktop::DesktopSession session;
 
-    [[nodiscard]] bool prepare()
+    [[nodiscard]] bool prepare(const desktop::DesktopOptions &options = {})
     {
-        if (!session.start())
+        if (!session.start(options))
             return false;
         session.setVariable(QStringLiteral("PATH"),
                             QStringLiteral(TESSEL_HELPERS ":") + qEnvironmentVariable("PATH"));

@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "DesktopKeyboard.h"
+#include "DisplayConnection.h"
+#include "Editors.h"
+#include "HelperStage.h"
+#include "XClipboard.h"
+
+#include <QElapsedTimer>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+using namespace Qt::StringLiterals;
+using namespace desktop;
+using osascript::Modifiers;
+
+namespace {
+
+QString reason(const osascript::Failure &failure)
+{
+    return failure.value_or(QString());
+}
+
+/// An editor on a desktop with this keyboard layout, and the keyboard of scripts.
+struct EditorStage
+{
+    Stage stage;
+    std::unique_ptr<Editor> editor;
+    std::unique_ptr<DisplayConnection> display = std::make_unique<DisplayConnection>();
+    std::unique_ptr<DesktopKeyboard> keyboard = std::make_unique<DesktopKeyboard>(*display);
+
+    [[nodiscard]] bool open(EditorKind kind, const QString &layout, const QString &text = {})
+    {
+        DesktopOptions options;
+        options.keyboardLayout = layout;
+        if (!stage.prepare(options))
+            return false;
+        qputenv("DISPLAY", stage.session.display().toLatin1());
+        editor = std::make_unique<Editor>(stage.session, kind);
+        return editor->open(text);
+    }
+
+    /// Whether the editor comes to hold this text, as copying all of it tells.
+    [[nodiscard]] bool holds(const QString &expected)
+    {
+        XUser &user = stage.session.user();
+        return QTest::qWaitFor(
+            [&] {
+                user.tap(XKB_KEY_Home, { XKB_KEY_Control_L });
+                user.tap(XKB_KEY_End, { XKB_KEY_Control_L, XKB_KEY_Shift_L });
+                return stage.session.clipboard().waitForText(
+                    expected, XClipboard::Selection::Primary, std::chrono::milliseconds(500));
+            },
+            static_cast<int>(defaultTimeout.count()));
+    }
+};
+
+}
+
+class tst_DesktopKeyboard : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void typesAnyText_data()
+    {
+        QTest::addColumn<EditorKind>("editor");
+        QTest::addColumn<QString>("layout");
+        QTest::addColumn<QString>("text");
+        const QString mixed = u"Hé 한글 Ж\n\"a\\b\" €🙂 {Q}"_s;
+        QString many; // more characters than there are spare keys
+        for (char16_t c = u'가'; c < u'가' + 120; ++c)
+            many += QChar(c);
+        for (const auto &[name, kind] : { std::pair("mousepad", EditorKind::Mousepad),
+                                          std::pair("featherpad", EditorKind::FeatherPad) }) {
+            for (const char *layout : { "us", "de", "ru,us" })
+                QTest::addRow("%s, %s", name, layout)
+                    << kind << QString::fromLatin1(layout) << mixed;
+            QTest::addRow("%s, many", name) << kind << u"us"_s << many;
+        }
+    }
+
+    void typesAnyText()
+    {
+        QFETCH(EditorKind, editor);
+        QFETCH(QString, layout);
+        QFETCH(QString, text);
+        EditorStage stage;
+        QVERIFY2(stage.open(editor, layout), qPrintable(stage.stage.session.errorString()));
+        QCOMPARE(reason(stage.keyboard->type(text, {})), QString());
+        QVERIFY(stage.holds(text));
+    }
+
+    void layoutIsRestored()
+    {
+        EditorStage stage;
+        QVERIFY(stage.open(EditorKind::Mousepad, u"us"_s));
+        const auto layoutNow = [&stage] {
+            ChildProcess &dump = stage.stage.session.launch(
+                u"xkbcomp"_s, { u"-xkb"_s, stage.stage.session.display(), u"-"_s });
+            return dump.waitForExit() ? dump.output() : QString();
+        };
+        QVERIFY(!layoutNow().contains(u"U1F642"_s));
+        QCOMPARE(reason(stage.keyboard->type(u"🙂"_s, {})), QString());
+        QVERIFY(!layoutNow().contains(u"U1F642"_s, Qt::CaseInsensitive));
+        QVERIFY(stage.holds(u"🙂"_s));
+    }
+
+    void pastes_data()
+    {
+        QTest::addColumn<EditorKind>("editor");
+        QTest::addColumn<QString>("layout");
+        for (const auto &[name, kind] : { std::pair("mousepad", EditorKind::Mousepad),
+                                          std::pair("featherpad", EditorKind::FeatherPad) }) {
+            for (const char *layout : { "us", "us(dvorak)", "ru", "ru,us" })
+                QTest::addRow("%s, %s", name, layout) << kind << QString::fromLatin1(layout);
+        }
+    }
+
+    void pastes()
+    {
+        QFETCH(EditorKind, editor);
+        QFETCH(QString, layout);
+        EditorStage stage;
+        QVERIFY(stage.open(editor, layout));
+        stage.stage.session.clipboard().setText(u"tesserae"_s);
+        stage.stage.session.user().press(XKB_KEY_Shift_L); // as somebody slow would
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(reason(stage.keyboard->type(u"v"_s, { .command = true })), QString());
+        QVERIFY(timer.elapsed() < 1500); // the editor's answer was awaited, not the time limit
+        stage.stage.session.user().releaseAllKeys();
+        QVERIFY(stage.holds(u"tesserae"_s));
+        QCOMPARE(stage.stage.session.user().modifiers(), quint8(0));
+    }
+
+    void pressesKeysByCode()
+    {
+        EditorStage stage;
+        QVERIFY(stage.open(EditorKind::Mousepad, u"us"_s));
+        QCOMPARE(reason(stage.keyboard->type(u"ab"_s, {})), QString());
+        QCOMPARE(reason(stage.keyboard->press(123, { .shift = true })), QString()); // left
+        QCOMPARE(reason(stage.keyboard->press(7, {})), QString()); // X
+        QCOMPARE(reason(stage.keyboard->press(7, { .shift = true })), QString());
+        QVERIFY(stage.holds(u"axX"_s));
+        QVERIFY(stage.keyboard->press(999, {}).has_value());
+    }
+
+    /// Ctrl+Shift+C is an interrupt there.
+    void leavesXtermAlone()
+    {
+        EditorStage stage;
+        QVERIFY(stage.open(EditorKind::XTerm, u"us"_s, u"text"_s));
+        QVERIFY(stage.keyboard->type(u"c"_s, { .command = true }).has_value());
+        QCOMPARE(reason(stage.keyboard->type(u"c"_s, { .control = true })), QString());
+        QTRY_COMPARE(stage.editor->interrupts(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_DesktopKeyboard)
+#include "tst_DesktopKeyboard.moc"
