@@ -1,0 +1,8 @@
+#!/bin/sh
+# Saves the text as a new file in the documents folder and prints its path.
+set -euC
+documents=$(xdg-user-dir DOCUMENTS 2>/dev/null || echo "$HOME/Documents")
+mkdir -p "$documents"
+file="$documents/Text $(date '+%Y-%m-%d %H.%M.%S').txt"
+cat >"$file"
+printf '%s\n' "$file"

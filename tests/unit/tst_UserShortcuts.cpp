@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "UserShortcuts.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto normal = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+/// A folder of shortcuts in a folder that only this user can write.
+struct Folder
+{
+    QTemporaryDir root;
+    QString path = root.filePath(u"shortcuts"_s);
+    UserShortcuts shortcuts { u"/nowhere/helpers"_s, path };
+
+    Folder() { QDir().mkdir(path, normal); }
+
+    void add(const QString &fileName, const QByteArray &script,
+             QFile::Permissions permissions = normal) const
+    {
+        QFile file(path + u'/' + fileName);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\n" + script);
+        QVERIFY(file.setPermissions(permissions));
+    }
+};
+
+}
+
+class tst_UserShortcuts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void names()
+    {
+        const QString decomposed = u"일정 추가"_s.normalized(QString::NormalizationForm_D);
+        Folder folder;
+        folder.add(decomposed + u".sh"_s, "cat");
+        folder.add(u"b.py"_s, "");
+        folder.add(u"b.sh"_s, "");
+        folder.add(u"a 1.0.sh"_s, "");
+        folder.add(u".hidden"_s, "");
+        folder.add(u"backup.sh~"_s, "");
+        folder.add(u"notes.txt"_s, "", QFile::ReadOwner);
+        folder.add(u"shared.sh"_s, "", normal | QFile::WriteGroup);
+        QVERIFY(QDir(folder.path).mkdir(u"folder"_s));
+        QFile::link(u"/bin/cat"_s, folder.path + u"/linked"_s);
+        const QStringList expected { u"a 1.0"_s, u"b"_s, u"linked"_s, u"일정 추가"_s };
+        QCOMPARE(folder.shortcuts.names(), expected);
+        QCOMPARE(folder.shortcuts.run(decomposed, u"text"_s).output, u"text"_s);
+    }
+
+    void inputAndOutput_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<QString>("failure");
+        const QByteArray large(200 << 10, 'x');
+        const QByteArray most((128 << 10) - qsizetype(sizeof "SHORTCUT_INPUT="), 'x');
+        QTest::newRow("standard input") << QByteArray("cat") << QByteArray("a\xff\0b\n", 5)
+                                        << QByteArray("a\xff\0b\n", 5) << QString();
+        QTest::newRow("variable") << QByteArray("printf %s \"$SHORTCUT_INPUT\"")
+                                  << QByteArray("\xed\x95\x9c\n\"$x")
+                                  << QByteArray("\xed\x95\x9c\n\"$x") << QString();
+        QTest::newRow("largest variable") << QByteArray("echo ${#SHORTCUT_INPUT}") << most
+                                          << QByteArray::number(most.size()) + '\n'
+                                          << QString();
+        QTest::newRow("too large for a variable")
+            << QByteArray("echo ${SHORTCUT_INPUT-unset} $(wc -c)") << large
+            << QByteArray("unset 204800\n") << QString();
+        QTest::newRow("does not read")
+            << QByteArray("echo done") << large << QByteArray("done\n") << QString();
+        QTest::newRow("fails") << QByteArray("echo half; exit 3") << QByteArray()
+                               << QByteArray("half\n")
+                               << u"The shortcut “s” failed with status 3."_s;
+        QTest::newRow("finds helpers first") << QByteArray("echo ${PATH%%:*}") << QByteArray()
+                                             << QByteArray("/nowhere/helpers\n") << QString();
+    }
+
+    void inputAndOutput()
+    {
+        QFETCH(QByteArray, script);
+        QFETCH(QByteArray, input);
+        QFETCH(QByteArray, output);
+        QFETCH(QString, failure);
+        Folder folder;
+        folder.add(u"s.sh"_s, script);
+        const auto outcome = folder.shortcuts.run(u"s"_s, input);
+        QCOMPARE(outcome.output, output);
+        QCOMPARE(outcome.failure.value_or(QString()), failure);
+    }
+
+    void writableByOthers()
+    {
+        Folder folder;
+        folder.add(u"mine.sh"_s, "echo ran");
+        folder.add(u"shared.sh"_s, "echo ran", normal | QFile::WriteOther);
+        const auto shared = folder.shortcuts.run(u"shared"_s, QByteArray());
+        QVERIFY(shared.output.isEmpty());
+        QVERIFY(shared.failure.value_or(QString()).contains(u"shared.sh can be written by others"));
+        QVERIFY(folder.shortcuts.run(u"none"_s, QByteArray())
+                    .failure.value_or(QString())
+                    .contains(u"no shortcut"));
+
+        QVERIFY(QFile::setPermissions(folder.path, normal | QFile::WriteGroup));
+        QVERIFY(folder.shortcuts.names().isEmpty());
+        QVERIFY(folder.shortcuts.run(u"mine"_s, QByteArray()).output.isEmpty());
+    }
+
+    void samplesComeOnce()
+    {
+        QTemporaryDir root;
+        const QString folder = root.filePath(u"new/shortcuts"_s);
+        UserShortcuts shortcuts(QStringLiteral(TESSEL_BUILD_HELPERS), folder);
+        const QStringList samples { u"Append to Journal"_s, u"Save as Text File"_s,
+                                    u"일정 추가"_s };
+        QCOMPARE(shortcuts.names(), samples);
+        QVERIFY(QFile::remove(folder + u"/일정 추가.sh"_s));
+        QCOMPARE(shortcuts.names(), samples.first(2));
+
+        qputenv("HOME", root.path().toUtf8());
+        qunsetenv("XDG_CONFIG_HOME");
+        QVERIFY(!shortcuts.run(u"Append to Journal"_s, u"한글"_s).failure);
+        QFile journal(root.filePath(u"Documents/Journal.md"_s));
+        if (!journal.exists()) // where xdg-user-dirs says that there is no such folder
+            journal.setFileName(root.filePath(u"Journal.md"_s));
+        QVERIFY(journal.open(QIODevice::ReadOnly));
+        QVERIFY(journal.readAll().endsWith("\n\n한글\n\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_UserShortcuts)
+#include "tst_UserShortcuts.moc"
