@@ -2,6 +2,7 @@
 # Saves the text as a new file in the documents folder and prints its path.
 set -euC
 documents=$(xdg-user-dir DOCUMENTS 2>/dev/null || echo "$HOME/Documents")
+[ "$documents" != "$HOME" ] || documents=$HOME/Documents # none is configured
 mkdir -p "$documents"
 file="$documents/Text $(date '+%Y-%m-%d %H.%M.%S').txt"
 cat >"$file"
