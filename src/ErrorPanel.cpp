@@ -28,25 +28,6 @@ constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
 constexpr QColor systemRed(255, 59, 48);
 
-/// What the message box shows. A line of a megabyte would take Qt a minute to lay out, so that long
-/// ones are broken up.
-QString displayable(const QString &text)
-{
-    constexpr int longestLine = 1000;
-    QString shown;
-    shown.reserve(text.size() + text.size() / longestLine);
-    int column = 0;
-    for (const QChar c : withControlPictures(text)) {
-        column = c == u'\n' ? 0 : column + 1;
-        if (column > longestLine && !c.isLowSurrogate()) {
-            shown += u'\n';
-            column = 1;
-        }
-        shown += c;
-    }
-    return shown;
-}
-
 QString lookOfParts(bool isDark)
 {
     return QStringLiteral(

@@ -87,3 +87,20 @@ QString withControlPictures(const QString &text)
     }
     return shown;
 }
+
+QString displayable(const QString &text)
+{
+    constexpr int longestLine = 1000;
+    QString shown;
+    shown.reserve(text.size() + text.size() / longestLine);
+    int column = 0;
+    for (const QChar c : withControlPictures(text)) {
+        column = c == u'\n' ? 0 : column + 1;
+        if (column > longestLine && !c.isLowSurrogate()) {
+            shown += u'\n';
+            column = 1;
+        }
+        shown += c;
+    }
+    return shown;
+}

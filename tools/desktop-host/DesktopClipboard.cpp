@@ -4,8 +4,7 @@
 
 #include "ClipboardReader.h"
 #include "DisplayConnection.h"
-
-#include <QProcess>
+#include "RunProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,13 +23,8 @@ std::optional<QString> DesktopClipboard::text()
 
 osascript::Failure DesktopClipboard::setText(const QString &text)
 {
-    QProcess pbcopy;
-    pbcopy.start(m_helperFolder + u"/pbcopy"_s, QStringList());
-    pbcopy.write(text.toUtf8());
-    pbcopy.closeWriteChannel();
-    if (!pbcopy.waitForFinished(-1))
-        return pbcopy.errorString();
-    if (pbcopy.exitCode() != 0)
-        return QString::fromUtf8(pbcopy.readAllStandardError()).trimmed();
-    return {};
+    const auto result = runProgram(m_helperFolder + u"/pbcopy"_s, {}, text.toUtf8());
+    if (result.failure || result.exitStatus == 0)
+        return result.failure;
+    return QString::fromUtf8(result.errorOutput).trimmed();
 }

@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "DialogProtocol.h"
+#include "ListDialog.h"
+#include "MessageDialog.h"
+
+#include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using osascript::DialogRequest;
+using osascript::ListRequest;
+
+namespace {
+
+DialogRequest message(const QString &text)
+{
+    DialogRequest request;
+    request.message = text;
+    request.buttons = { u"Cancel"_s, u"OK"_s };
+    request.defaultButton = u"OK"_s;
+    request.cancelButton = u"Cancel"_s;
+    return request;
+}
+
+QString shownMessage(const MessageDialog &dialog)
+{
+    const auto *box = dialog.findChild<QPlainTextEdit *>();
+    return box ? box->toPlainText() : dialog.findChild<QLabel *>()->text();
+}
+
+/// The request as the other process gets it.
+template <typename Request> QJsonObject overThePipe(const Request &request)
+{
+    return QJsonDocument::fromJson(QJsonDocument(DialogProtocol::toJson(request)).toJson())
+        .object();
+}
+
+}
+
+class tst_ScriptDialogs : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsTextExactly_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        const auto same
+            = [](const char *name, const QString &text) { QTest::newRow(name) << text << text; };
+        same("quotes and backslashes", u"He said \"a\\b\"\nand 'c' \\"_s);
+        same("no markup", u"<b>x</b> &amp; <br>& &File"_s);
+        same("spaces", u"  a   b \n\n  "_s);
+        same("scripts", u"한글 é Ж 🙂 العربية"_s);
+        same("many lines", u"line\n"_s.repeated(500));
+        QTest::newRow("other line ends") << u"a\r\nb\rc"_s << u"a\nb\nc"_s;
+        QTest::newRow("controls") << u"a\x1b[31m\x7f"_s << u"a␛[31m␡"_s;
+        same("half a surrogate pair", u"a"_s + QChar(0xd800));
+    }
+
+    void showsTextExactly()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        const MessageDialog dialog(DialogProtocol::dialogRequest(overThePipe(message(text))));
+        QCOMPARE(shownMessage(dialog), shown);
+    }
+
+    void longLine()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        MessageDialog dialog(message(QString(1 << 20, u'x')));
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QVERIFY(timer.elapsed() < 5000);
+        QCOMPARE(shownMessage(dialog).count(u'x'), 1 << 20);
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<QStringList>("buttons");
+        QTest::addColumn<QString>("defaultButton");
+        QTest::addColumn<QString>("cancelButton");
+        QTest::addColumn<QList<int>>("onReturn"); // buttons answered, at most one
+        QTest::addColumn<QList<int>>("onEscape");
+        using L = QList<int>;
+        QTest::newRow("usual") << QStringList { u"Cancel"_s, u"OK"_s } << u"OK"_s << u"Cancel"_s
+                               << L { 1 } << L { 0 };
+        QTest::newRow("one button")
+            << QStringList { u"OK"_s } << u"OK"_s << QString() << L { 0 } << L { 0 };
+        QTest::newRow("nothing named")
+            << QStringList { u"A"_s, u"B & C"_s, u"D"_s } << QString() << QString() << L {} << L {};
+    }
+
+    void keys()
+    {
+        QFETCH(QStringList, buttons);
+        QFETCH(QString, defaultButton);
+        QFETCH(QString, cancelButton);
+        QFETCH(QList<int>, onReturn);
+        QFETCH(QList<int>, onEscape);
+        DialogRequest request = message(u"Text"_s);
+        request.buttons = buttons;
+        request.defaultButton = defaultButton;
+        request.cancelButton = cancelButton;
+        const auto answers = [&request](Qt::Key key) {
+            MessageDialog dialog(request);
+            dialog.show();
+            QSignalSpy spy(&dialog, &MessageDialog::answered);
+            QTest::keyClick(&dialog, key);
+            dialog.close();
+            return spy.isEmpty() ? QList<int>() : QList<int> { spy.first().first().toInt() };
+        };
+        QCOMPARE(answers(Qt::Key_Return), onReturn.isEmpty() ? onEscape : onReturn);
+        QCOMPARE(answers(Qt::Key_Escape), onEscape);
+    }
+
+    void textField()
+    {
+        DialogRequest request = message(u"Name?"_s);
+        request.defaultAnswer = u"a\\\"b"_s;
+        MessageDialog dialog(DialogProtocol::dialogRequest(overThePipe(request)));
+        dialog.show();
+        QCOMPARE(dialog.focusWidget(), dialog.findChild<QLineEdit *>());
+        QSignalSpy spy(&dialog, &MessageDialog::answered);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_End);
+        QTest::keyClicks(dialog.focusWidget(), u"!"_s);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        QCOMPARE(spy.size(), 1);
+        const auto answer = DialogProtocol::dialogAnswer(
+            DialogProtocol::dialogAnswer(spy[0][0].toInt(), spy[0][1].toString()), request);
+        QCOMPARE(answer.button, u"OK"_s);
+        QCOMPARE(answer.text, u"a\\\"b!"_s);
+        QVERIFY(!answer.gaveUp);
+
+        request.defaultAnswer = u"two\nlines"_s;
+        QCOMPARE(MessageDialog(request).findChild<QPlainTextEdit *>()->toPlainText(),
+                 u"two\nlines"_s);
+        request.hiddenAnswer = true;
+        QCOMPARE(MessageDialog(request).findChild<QLineEdit *>()->echoMode(), QLineEdit::Password);
+    }
+
+    void givesUp()
+    {
+        DialogRequest request = message(u"Text"_s);
+        request.givingUpAfter = std::chrono::milliseconds(1);
+        MessageDialog dialog(DialogProtocol::dialogRequest(overThePipe(request)));
+        QSignalSpy spy(&dialog, &MessageDialog::answered);
+        QVERIFY(spy.wait());
+        const auto answer = DialogProtocol::dialogAnswer(
+            DialogProtocol::dialogAnswer(spy[0][0].toInt(), QString()), request);
+        QVERIFY(answer.gaveUp);
+        QVERIFY(answer.button.isEmpty());
+    }
+
+    void choosesItems()
+    {
+        ListRequest request;
+        request.items = { u"a"_s, u"b & c"_s, u"d\ne"_s, u"b & c"_s };
+        request.defaultItems = { u"d\ne"_s };
+        request.prompt = u"Pick:"_s;
+        request.okButton = u"OK"_s;
+        request.cancelButton = u"Cancel"_s;
+        request.multipleSelections = true;
+        ListDialog dialog(DialogProtocol::listRequest(overThePipe(request)));
+        dialog.show();
+        auto *list = dialog.findChild<QListWidget *>();
+        QCOMPARE(list->item(1)->text(), u"b & c"_s);
+        std::optional<QList<int>> chosen;
+        connect(&dialog, &ListDialog::answered, this, [&chosen](const auto &c) { chosen = c; });
+        list->item(3)->setSelected(true);
+        QTest::keyClick(list, Qt::Key_Return);
+        QCOMPARE(DialogProtocol::listAnswer(DialogProtocol::listAnswer(chosen), request),
+                 (QStringList { u"d\ne"_s, u"b & c"_s }));
+    }
+
+    void cancelsList()
+    {
+        ListRequest request;
+        request.items = { u"a"_s };
+        request.okButton = u"OK"_s;
+        request.cancelButton = u"Cancel"_s;
+        ListDialog dialog(request);
+        dialog.show();
+        auto *list = dialog.findChild<QListWidget *>();
+        list->clearSelection();
+        std::optional<QList<int>> chosen = QList<int> { 7 };
+        connect(&dialog, &ListDialog::answered, this, [&chosen](const auto &c) { chosen = c; });
+        QTest::keyClick(list, Qt::Key_Return); // nothing is selected, so OK is disabled
+        QCOMPARE(chosen, QList<int> { 7 });
+        QTest::keyClick(list, Qt::Key_Escape);
+        QVERIFY(!DialogProtocol::listAnswer(DialogProtocol::listAnswer(chosen), request));
+    }
+};
+
+QTEST_MAIN(tst_ScriptDialogs)
+#include "tst_ScriptDialogs.moc"

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "ListDialog.h"
+
+#include "DialogParts.h"
+#include "TextRules.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+
+using osascript::ListRequest;
+
+namespace {
+
+constexpr int margin = 16;
+constexpr int spacing = 12;
+constexpr QSize listSize(380, 260);
+
+}
+
+ListDialog::ListDialog(const ListRequest &request)
+    : m_list(list(request))
+{
+    DialogParts::setTitle(this, request.title);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(spacing);
+    if (!request.prompt.isEmpty())
+        column->addWidget(DialogParts::textView(request.prompt));
+    column->addWidget(m_list, 1);
+    auto *buttons = new QHBoxLayout;
+    QPushButton *cancel = DialogParts::button(request.cancelButton);
+    QPushButton *ok = DialogParts::button(request.okButton);
+    ok->setDefault(true);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(ok);
+    column->addLayout(buttons);
+    m_list->setFocus();
+
+    const auto update = [this, ok, mayBeEmpty = request.emptySelection] {
+        ok->setEnabled(mayBeEmpty || !m_list->selectedItems().isEmpty());
+    };
+    update();
+    connect(m_list, &QListWidget::itemSelectionChanged, this, update);
+    connect(m_list, &QListWidget::itemDoubleClicked, ok, &QPushButton::click);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::accepted, this, [this] { Q_EMIT answered(selection()); });
+    connect(this, &QDialog::rejected, this, [this] { Q_EMIT answered({}); });
+}
+
+QListWidget *ListDialog::list(const ListRequest &request) const
+{
+    auto *list = new QListWidget;
+    list->setSelectionMode(request.multipleSelections ? QAbstractItemView::ExtendedSelection
+                                                      : QAbstractItemView::SingleSelection);
+    list->setAccessibleName(request.prompt);
+    list->setMinimumSize(listSize);
+    for (const QString &item : request.items)
+        list->addItem(displayable(withNormalizedLineEnds(item)));
+    for (const QString &item : request.defaultItems) {
+        if (QListWidgetItem *entry = list->item(static_cast<int>(request.items.indexOf(item)))) {
+            entry->setSelected(true);
+            list->scrollToItem(entry);
+        }
+    }
+    return list;
+}
+
+QList<int> ListDialog::selection() const
+{
+    QList<int> chosen;
+    for (int i = 0; i < m_list->count(); ++i) {
+        if (m_list->item(i)->isSelected())
+            chosen += i;
+    }
+    return chosen;
+}

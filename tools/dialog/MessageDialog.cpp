@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "MessageDialog.h"
+
+#include "DialogParts.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QTimer>
+
+#include <limits>
+#include <utility>
+
+using osascript::DialogRequest;
+
+namespace {
+
+constexpr int iconSize = 48;
+constexpr int margin = 16;
+constexpr int spacing = 12;
+
+std::optional<QStyle::StandardPixmap> symbol(DialogRequest::Icon icon)
+{
+    switch (icon) {
+    case DialogRequest::Icon::none:
+        return {};
+    case DialogRequest::Icon::note:
+        return QStyle::SP_MessageBoxInformation;
+    case DialogRequest::Icon::caution:
+        return QStyle::SP_MessageBoxWarning;
+    case DialogRequest::Icon::stop:
+        return QStyle::SP_MessageBoxCritical;
+    }
+    return {};
+}
+
+}
+
+MessageDialog::MessageDialog(const DialogRequest &request)
+{
+    DialogParts::setTitle(this, request.title);
+    const auto cancel = request.buttons.indexOf(request.cancelButton);
+    m_cancel = request.buttons.size() == 1 ? 0 : static_cast<int>(cancel);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(spacing);
+    column->addLayout(messageRow(request), 1);
+    auto *buttons = buttonRow(request);
+    if (request.defaultAnswer) {
+        QWidget *field = answerField(request);
+        column->addWidget(field);
+        field->setFocus();
+    }
+    column->addLayout(buttons);
+    if (request.givingUpAfter)
+        QTimer::singleShot(*request.givingUpAfter, this, [this] { answer(-1); });
+}
+
+QLayout *MessageDialog::messageRow(const DialogRequest &request) const
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(margin);
+    if (const auto icon = symbol(request.icon)) {
+        auto *label = new QLabel;
+        label->setPixmap(style()->standardIcon(*icon).pixmap(iconSize));
+        row->addWidget(label, 0, Qt::AlignTop);
+    }
+    auto *texts = new QVBoxLayout;
+    QWidget *message = DialogParts::textView(request.message);
+    texts->addWidget(message);
+    if (!request.detail.isEmpty()) {
+        QFont font = message->font();
+        font.setBold(true);
+        message->setFont(font);
+        texts->addWidget(DialogParts::textView(request.detail), 1);
+    }
+    row->addLayout(texts, 1);
+    return row;
+}
+
+QWidget *MessageDialog::answerField(const DialogRequest &request)
+{
+    const QString &text = *request.defaultAnswer;
+    QWidget *field = nullptr;
+    if (text.contains(u'\n') && !request.hiddenAnswer) {
+        m_lines = new QPlainTextEdit(text);
+        m_lines->setTabChangesFocus(true);
+        m_lines->selectAll();
+        field = m_lines;
+    } else {
+        m_line = new QLineEdit;
+        m_line->setMaxLength(std::numeric_limits<int>::max());
+        m_line->setText(text);
+        m_line->selectAll();
+        if (request.hiddenAnswer)
+            m_line->setEchoMode(QLineEdit::Password);
+        field = m_line;
+    }
+    field->setAccessibleName(QStringLiteral("Answer"));
+    return field;
+}
+
+QLayout *MessageDialog::buttonRow(const DialogRequest &request)
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    for (int i = 0; i < request.buttons.size(); ++i) {
+        QPushButton *button = DialogParts::button(request.buttons[i]);
+        row->addWidget(button);
+        connect(button, &QPushButton::clicked, this, [this, i] { answer(i); });
+        if (request.buttons[i] == request.defaultButton) {
+            button->setDefault(true);
+            button->setFocus();
+        }
+    }
+    return row;
+}
+
+void MessageDialog::answer(int button)
+{
+    if (std::exchange(m_isAnswered, true)) // the end of the program closes the window
+        return;
+    const QString text = m_lines ? m_lines->toPlainText() : m_line ? m_line->text() : QString();
+    Q_EMIT answered(button, text);
+}
+
+void MessageDialog::reject()
+{
+    if (m_cancel >= 0)
+        answer(m_cancel);
+}
