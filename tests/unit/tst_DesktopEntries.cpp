@@ -90,6 +90,15 @@ private Q_SLOTS:
         QVERIFY(chosen && chosen->id == u"kde-konsole");
         QVERIFY(!entries.read(root.filePath(u"none.desktop"_s)));
 
+        const auto named = [&entries](const QString &name) {
+            const auto entry = entries.findNamed(name);
+            return entry ? entry->file : QString();
+        };
+        QCOMPARE(named(u"own code"_s), own + u"/code.desktop"_s);
+        QCOMPARE(named(u"mousepad"_s), system + u"/org.xfce.mousepad.desktop"_s);
+        QCOMPARE(named(u"KDE-Konsole"_s), system + u"/kde/konsole.desktop"_s);
+        QCOMPARE(named(u"Nobody"_s), QString());
+
         // An application that is installed later is found without a restart.
         QTest::qWait(20); // folder times have the file system's resolution
         write(own + u"/late.desktop"_s, head + "Name=Late\nStartupWMClass=XTerm\n");

@@ -48,6 +48,6 @@ int main(int argc, char *argv[])
     const CalendarFile file = writeCalendarFile(entryFrom(text, QDateTime::currentDateTime()));
     if (!file.error.isEmpty())
         return fail(file.error);
-    xdgOpen(file.path);
-    return EXIT_SUCCESS;
+    const auto error = xdgOpen(file.path);
+    return error ? fail(*error) : EXIT_SUCCESS;
 }

@@ -63,7 +63,7 @@ void Notification::actionInvoked(uint id, const QString &)
 {
     if (id != m_id)
         return;
-    xdgOpen(file);
+    [[maybe_unused]] const auto error = xdgOpen(file); // there is nobody left to tell
     Q_EMIT finished();
 }
 

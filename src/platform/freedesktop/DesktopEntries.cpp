@@ -45,6 +45,24 @@ QList<DesktopEntry> DesktopEntries::all()
     return m_byId.values();
 }
 
+std::optional<DesktopEntry> DesktopEntries::findNamed(const QString &name)
+{
+    refresh();
+    const auto isName = [&name](const QString &candidate) {
+        return candidate.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    const DesktopEntry *found = nullptr;
+    for (const DesktopEntry &entry : std::as_const(m_byId)) {
+        if (isName(entry.id))
+            return entry;
+        const bool matches
+            = isName(entry.name) || isName(entry.plainName) || isName(entry.id.section(u'.', -1));
+        if (matches && (!found || entry.id < found->id))
+            found = &entry;
+    }
+    return found ? std::optional(*found) : std::nullopt;
+}
+
 void DesktopEntries::refresh()
 {
     QList<QDateTime> times;
@@ -84,7 +102,10 @@ std::optional<DesktopEntry> DesktopEntries::read(const QString &path) const
     if (!path.endsWith(extension) || !QFileInfo(path).isFile() || file.size() > largestFile
         || !file.open(QIODevice::ReadOnly))
         return {};
-    return parseDesktopEntry(identifierOf(path), file.readAll(), QLocale().name());
+    auto entry = parseDesktopEntry(identifierOf(path), file.readAll(), QLocale().name());
+    if (entry)
+        entry->file = path;
+    return entry;
 }
 
 /// Section "Desktop File ID".

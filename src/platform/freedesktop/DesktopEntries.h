@@ -29,6 +29,10 @@ public:
     /// Every application, ordered by identifier.
     [[nodiscard]] QList<DesktopEntry> all();
 
+    /// The entry of the application that a user calls this, whatever the case: its name in the
+    /// user's language or in English, its identifier, or the latter's last part ("mousepad").
+    [[nodiscard]] std::optional<DesktopEntry> findNamed(const QString &name);
+
 private:
     void refresh();
     void add(const DesktopEntry &entry);

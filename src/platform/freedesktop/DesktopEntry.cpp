@@ -44,11 +44,32 @@ QByteArray localized(const QHash<QByteArray, QByteArray> &values, const QByteArr
     return values.value(key);
 }
 
+/// Section "Possible value types": the escapes of strings.
+QString unescaped(const QByteArray &value)
+{
+    const QString text = QString::fromUtf8(value);
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\\' || i + 1 == text.size()) {
+            result += text[i];
+            continue;
+        }
+        constexpr QStringView escapes = u"sntr\\";
+        constexpr QStringView meanings = u" \n\t\r\\";
+        const auto escape = escapes.indexOf(text[++i]);
+        if (escape >= 0)
+            result += meanings[escape];
+        else
+            (result += u'\\') += text[i];
+    }
+    return result;
+}
+
 /// Section "The Exec key". One that is given more than files runs a part of an application, such
 /// as its settings.
-QString programOf(const QByteArray &exec)
+QString programOf(const QString &exec)
 {
-    const QStringList words = QProcess::splitCommand(QString::fromUtf8(exec));
+    const QStringList words = QProcess::splitCommand(exec);
     const bool hasArguments
         = std::any_of(words.begin() + !words.isEmpty(), words.end(),
                       [](const QString &word) { return !word.startsWith(u'%'); });
@@ -63,13 +84,19 @@ std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArra
     const auto values = mainGroup(content);
     if (values.value("Type") != "Application" || values.value("Hidden") == "true")
         return {};
+    const QString exec = unescaped(values.value("Exec"));
     return DesktopEntry {
-        id,
-        QString::fromUtf8(localized(values, "Name", locale)),
-        QString::fromUtf8(values.value("StartupWMClass")),
-        programOf(values.value("Exec")),
-        QString::fromUtf8(localized(values, "Icon", locale)),
-        values.value("Categories").split(';').contains("TerminalEmulator"),
-        values.value("NoDisplay") != "true",
+        .id = id,
+        .name = QString::fromUtf8(localized(values, "Name", locale)),
+        .windowClass = QString::fromUtf8(values.value("StartupWMClass")),
+        .program = programOf(exec),
+        .icon = QString::fromUtf8(localized(values, "Icon", locale)),
+        .isTerminal = values.value("Categories").split(';').contains("TerminalEmulator"),
+        .isShown = values.value("NoDisplay") != "true",
+        .plainName = QString::fromUtf8(values.value("Name")),
+        .exec = exec,
+        .workingFolder = unescaped(values.value("Path")),
+        .runsInTerminal = values.value("Terminal") == "true",
+        .file = {},
     };
 }

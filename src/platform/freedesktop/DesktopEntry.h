@@ -17,6 +17,11 @@ struct DesktopEntry
     QString icon; ///< a name of the icon theme, or an absolute path
     bool isTerminal = false; ///< category TerminalEmulator
     bool isShown = true; ///< in menus (NoDisplay)
+    QString plainName; ///< whatever the user's language
+    QString exec; ///< the command as written (key Exec), escapes of the file format resolved
+    QString workingFolder;
+    bool runsInTerminal = false;
+    QString file; ///< the entry's own path; DesktopEntries fills it in
 
     friend bool operator==(const DesktopEntry &, const DesktopEntry &) = default;
 };

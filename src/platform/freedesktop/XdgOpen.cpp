@@ -2,18 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/XdgOpen.h"
 
-#include "Log.h"
-
-#include <QProcess>
+#include "platform/freedesktop/DetachedProgram.h"
 
 using namespace Qt::StringLiterals;
 
-void xdgOpen(const QString &url)
+std::optional<QString> xdgOpen(const QString &target)
 {
-    QProcess process;
-    process.setProgram(QStringLiteral("xdg-open"));
-    process.setArguments({ url });
-    process.setStandardInputFile(QProcess::nullDevice());
-    if (!process.startDetached())
-        Log::print(u"ERROR: xdg-open could not be started: "_s + process.errorString());
+    return startDetached({ u"xdg-open"_s, target });
 }

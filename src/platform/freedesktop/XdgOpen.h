@@ -4,5 +4,8 @@
 
 #include <QString>
 
-/// Hands a URL to the user's default handler (xdg-utils); returns at once, reports nothing.
-void xdgOpen(const QString &url);
+#include <optional>
+
+/// Hands a URL or an absolute path to the user's default handler (xdg-utils); returns at once, with
+/// the reason when xdg-open cannot be started. What comes of it is not known.
+[[nodiscard]] std::optional<QString> xdgOpen(const QString &target);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
+#include "Log.h"
 #include "platform/freedesktop/XdgOpen.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Terminals.h"
@@ -12,6 +13,8 @@
 #include <array>
 
 #include <xcb/xcb.h>
+
+using namespace Qt::StringLiterals;
 
 X11Workspace::X11Workspace(X11Connection &connection)
     : m_connection(connection)
@@ -46,8 +49,11 @@ quint32 X11Workspace::focusedClientWindow() const
 std::optional<FrontApplication> X11Workspace::frontmostApplication()
 {
     const quint32 window = activeWindow();
-    if (!window)
-        return {};
+    return window ? std::optional(applicationOf(window)) : std::nullopt;
+}
+
+FrontApplication X11Workspace::applicationOf(quint32 window)
+{
     // WM_CLASS: instance and class, each ended by a zero byte (ICCCM, section 4.1.2.5).
     const QList<QByteArray> names = m_connection.property(window, XCB_ATOM_WM_CLASS).split('\0');
     const QString instance = QString::fromLatin1(names.value(0));
@@ -101,7 +107,8 @@ std::optional<QString> X11Workspace::bundleIdentifierOf(const QString &path)
 
 void X11Workspace::open(const QString &url)
 {
-    xdgOpen(url);
+    if (const auto error = xdgOpen(url))
+        Log::print(u"ERROR: "_s + *error);
 }
 
 /// Asks as a pager does (EWMH, section "Source indication in requests"): the user has asked for it.

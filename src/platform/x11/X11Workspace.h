@@ -22,6 +22,9 @@ public:
     /// The active window (EWMH), else the top-level window that has the input focus; 0: none.
     [[nodiscard]] quint32 activeWindow() const;
 
+    /// The application that a top-level window belongs to.
+    [[nodiscard]] FrontApplication applicationOf(quint32 window);
+
 private:
     [[nodiscard]] quint32 focusedClientWindow() const;
     [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);
