@@ -21,6 +21,14 @@ struct Stage final
         return true;
     }
 
+    /// Makes what the test starts by itself, and its own connections, belong to this desktop.
+    void enter() const
+    {
+        const QProcessEnvironment environment = session.environment();
+        for (const QString &name : environment.keys())
+            qputenv(name.toLatin1(), environment.value(name).toLocal8Bit());
+    }
+
     /// The command's exit status; -1 when it does not end.
     int run(const QString &command)
     {

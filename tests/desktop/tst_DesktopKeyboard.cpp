@@ -35,7 +35,7 @@ struct EditorStage
         options.keyboardLayout = layout;
         if (!stage.prepare(options))
             return false;
-        qputenv("DISPLAY", stage.session.display().toLatin1());
+        stage.enter();
         editor = std::make_unique<Editor>(stage.session, kind);
         return editor->open(text);
     }

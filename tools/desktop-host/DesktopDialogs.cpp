@@ -55,7 +55,9 @@ std::optional<std::optional<QStringList>>
 DesktopDialogs::choose(const osascript::ListRequest &request)
 {
     const auto answer = show(DialogProtocol::toJson(request));
-    return answer ? std::optional(DialogProtocol::listAnswer(*answer, request)) : std::nullopt;
+    if (!answer)
+        return {};
+    return std::make_optional(DialogProtocol::listAnswer(*answer, request));
 }
 
 Failure DesktopDialogs::notify(const QString &text, const QString &title, const QString &subtitle,

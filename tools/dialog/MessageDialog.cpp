@@ -122,7 +122,7 @@ QLayout *MessageDialog::buttonRow(const DialogRequest &request)
 
 void MessageDialog::answer(int button)
 {
-    if (std::exchange(m_isAnswered, true)) // the end of the program closes the window
+    if (std::exchange(m_isAnswered, true))
         return;
     const QString text = m_lines ? m_lines->toPlainText() : m_line ? m_line->text() : QString();
     Q_EMIT answered(button, text);

@@ -6,7 +6,7 @@
 #include "platform/freedesktop/XdgOpen.h"
 
 #include <QDBusConnection>
-#include <QDBusInterface>
+#include <QDBusMessage>
 #include <QDBusReply>
 
 using namespace Qt::StringLiterals;
@@ -21,14 +21,18 @@ constexpr int serversOwnExpiry = -1;
 /// Servers cut off what they have no room for; this only keeps the messages small.
 constexpr qsizetype longestText = 4000;
 
+QDBusMessage call(const QString &method, const QVariantList &arguments = {})
+{
+    auto message = QDBusMessage::createMethodCall(service, objectPath, service, method);
+    message.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(message, QDBus::Block, replyTimeout);
+}
+
 }
 
 QString Notification::show()
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    QDBusInterface server(service, objectPath, service, bus);
-    server.setTimeout(replyTimeout);
-    const QDBusReply<QStringList> abilities = server.call(u"GetCapabilities"_s);
+    const QDBusReply<QStringList> abilities = call(u"GetCapabilities"_s);
     if (!abilities.isValid())
         return u"The desktop shows no notifications: "_s + abilities.error().message();
 
@@ -43,14 +47,16 @@ QString Notification::show()
     QStringList actions;
     if (!file.isEmpty() && abilities.value().contains(u"actions"_s)) {
         actions = { u"default"_s, u"Open"_s, u"open"_s, u"Open"_s };
+        QDBusConnection bus = QDBusConnection::sessionBus();
         bus.connect(service, objectPath, service, u"ActionInvoked"_s, this,
                     SLOT(actionInvoked(uint, QString)));
         bus.connect(service, objectPath, service, u"NotificationClosed"_s, this,
                     SLOT(notificationClosed(uint, uint)));
     }
-    const QDBusReply<uint> id = server.call(u"Notify"_s, u"Tessel"_s, uint(0), u"tessel"_s,
-                                            displayable(summary.left(longestText)), body, actions,
-                                            QVariantMap(), serversOwnExpiry);
+    const QDBusReply<uint> id
+        = call(u"Notify"_s,
+               { u"Tessel"_s, uint(0), u"tessel"_s, displayable(summary.left(longestText)), body,
+                 actions, QVariantMap(), serversOwnExpiry });
     if (!id.isValid())
         return u"The notification was refused: "_s + id.error().message();
     m_id = id.value();

@@ -52,7 +52,7 @@ void followColorScheme(PortalAppearance &appearance)
 void print(const QJsonObject &answer)
 {
     std::puts(QJsonDocument(answer).toJson(QJsonDocument::Compact).constData());
-    QCoreApplication::quit();
+    QCoreApplication::exit(EXIT_SUCCESS); // quit() would ask the dialog, which may not be closed
 }
 
 std::unique_ptr<QWidget> dialogFor(const QJsonObject &request)

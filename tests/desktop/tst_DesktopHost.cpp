@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "DesktopHost.h"
+#include "Editors.h"
+#include "HelperStage.h"
+#include "TextFile.h"
+#include "XClipboard.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+
+#include <future>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using namespace desktop;
+
+namespace {
+
+QString reason(const osascript::Failure &failure)
+{
+    return failure.value_or(QString());
+}
+
+/// A desktop that the test has entered, and what scripts see of it.
+struct HostStage
+{
+    Stage stage;
+    std::unique_ptr<DesktopHost> owner;
+
+    [[nodiscard]] bool prepare()
+    {
+        if (!stage.prepare())
+            return false;
+        stage.enter();
+        owner = std::make_unique<DesktopHost>(QStringLiteral(TESSEL_HELPERS));
+        return true;
+    }
+    [[nodiscard]] osascript::Host host() const { return owner->host(); }
+    [[nodiscard]] XUser &user() const { return stage.session.user(); }
+};
+
+/// A notification server that notes what it is asked to show.
+class NotificationServer final : public QDBusVirtualObject
+{
+public:
+    explicit NotificationServer(const QString &address)
+        : m_bus(QDBusConnection::connectToBus(address, u"notifications"_s))
+    {
+        m_bus.registerVirtualObject(u"/org/freedesktop/Notifications"_s, this);
+        m_bus.registerService(u"org.freedesktop.Notifications"_s);
+    }
+    ~NotificationServer() override { QDBusConnection::disconnectFromBus(u"notifications"_s); }
+
+    QList<QVariantList> shown;
+
+    void invoke(const QString &action)
+    {
+        auto signal
+            = QDBusMessage::createSignal(u"/org/freedesktop/Notifications"_s,
+                                         u"org.freedesktop.Notifications"_s, u"ActionInvoked"_s);
+        signal.setArguments({ uint(7), action });
+        m_bus.send(signal);
+    }
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        if (message.member() == u"GetCapabilities")
+            return bus.send(message.createReply(QStringList { u"actions"_s, u"body-markup"_s }));
+        shown += message.arguments();
+        return bus.send(message.createReply(uint(7)));
+    }
+
+private:
+    QDBusConnection m_bus;
+};
+
+}
+
+class tst_DesktopHost : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void clipboard()
+    {
+        HostStage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.stage.session.errorString()));
+        QCOMPARE(stage.host().clipboard.text(), std::nullopt);
+        const QString text = u"한글 \"é\"\n\\"_s;
+        QCOMPARE(reason(stage.host().clipboard.setText(text)), QString());
+        QCOMPARE(stage.host().clipboard.text(), text);
+        stage.owner.reset(); // it stays
+        QCOMPARE(stage.stage.session.clipboard().text(), text);
+    }
+
+    void applications()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        osascript::Desktop &desktop = stage.host().desktop;
+        QVERIFY(desktop.isInstalled(u"mousepad"_s));
+        QVERIFY(!desktop.isInstalled(u"Nobody's"_s));
+        QVERIFY(desktop.activate(u"Nobody's"_s).has_value());
+        QVERIFY(!desktop.isRunning(u"Mousepad"_s));
+
+        QCOMPARE(reason(desktop.activate(u"Mousepad"_s)), QString());
+        Editor other(stage.stage.session, EditorKind::FeatherPad);
+        QVERIFY(other.open(u"text"_s));
+        auto processes = desktop.processes();
+        QCOMPARE(processes.size(), 2);
+        QCOMPARE(processes[0].identifier, u"featherpad"_s);
+        QCOMPARE(processes[0].id, other.window().processId);
+        QVERIFY(processes[0].isFrontmost && processes[0].isVisible);
+        QCOMPARE(processes[1].identifier, u"org.xfce.mousepad"_s);
+        QVERIFY(!processes[1].isFrontmost);
+
+        QCOMPARE(reason(desktop.activate(u"Mousepad"_s)), QString());
+        QVERIFY(stage.user().activeWindow() != other.window().id);
+        QVERIFY(desktop.processes()[0].name.contains(u"Mousepad"_s));
+        QCOMPARE(reason(desktop.quit(u"Mousepad"_s)), QString());
+        QTRY_VERIFY(!desktop.isRunning(u"Mousepad"_s));
+        QVERIFY(desktop.isRunning(u"FeatherPad"_s));
+    }
+
+    void opens()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        osascript::Desktop &desktop = stage.host().desktop;
+        const UrlRecorder &urls = stage.stage.session.urlRecorder();
+        QCOMPARE(reason(desktop.open(u"tessel-test://a?b=c%20d"_s, QString())), QString());
+        QCOMPARE(urls.waitForUrls(1), QStringList { u"tessel-test://a?b=c%20d"_s });
+        QVERIFY(desktop.open(u"/no/such file"_s, QString()).has_value());
+
+        const QString file = stage.stage.session.homePath() + u"/a 'b' $c.txt"_s;
+        QVERIFY(writeFile(file, u"x"_s));
+        QCOMPARE(reason(desktop.open(file, u"URL recorder"_s)), QString());
+        QCOMPARE(urls.waitForUrls(2).value(1), file);
+        QCOMPARE(stage.stage.run(u"open -a 'url recorder' \"a 'b' \\$c.txt\" tessel-test:x"_s), 0);
+        QCOMPARE(urls.waitForUrls(4).mid(2), (QStringList { file, u"tessel-test:x"_s }));
+        QCOMPARE(stage.stage.run(u"open tessel-test:1 missing 2>err"_s), 1);
+        QCOMPARE(urls.waitForUrls(5).value(4), u"tessel-test:1"_s);
+        QVERIFY(stage.stage.file(u"err"_s).contains("missing does not exist"));
+    }
+
+    void dialogs()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        osascript::DialogRequest request;
+        request.message = u"\"quoted\" \\"_s;
+        request.title = u"The Dialog"_s;
+        request.buttons = { u"No"_s, u"Yes"_s };
+        request.defaultButton = u"Yes"_s;
+        request.defaultAnswer = u"é"_s;
+        request.givingUpAfter = defaultTimeout;
+        auto answer
+            = std::async(std::launch::async, [&] { return stage.host().dialogs.ask(request); });
+        const auto window = stage.user().waitForWindow(
+            [](const WindowInfo &info) { return info.title == u"The Dialog"; });
+        QVERIFY(window);
+        QVERIFY(stage.user().waitUntilUsable(window->id));
+        stage.user().tap(XKB_KEY_End);
+        stage.user().tap(XKB_KEY_x);
+        stage.user().tap(XKB_KEY_Return);
+        const auto given = answer.get();
+        QVERIFY(given);
+        QCOMPARE(given->button, u"Yes"_s);
+        QCOMPARE(given->text, u"éx"_s);
+
+        stage.stage.session.setVariable(u"DISPLAY"_s, u":987"_s);
+        stage.stage.enter();
+        QVERIFY(!stage.host().dialogs.ask(request));
+        QVERIFY(!stage.host().dialogs.choose({}));
+    }
+
+    void notifications()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        osascript::Dialogs &dialogs = stage.host().dialogs;
+        QVERIFY(dialogs.notify(u"text"_s, {}, {}, {}).has_value()); // nobody shows any
+        NotificationServer server(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+        const auto notify = [&dialogs](const QString &title, const QString &file) {
+            auto sent = std::async(std::launch::async, [&dialogs, title, file] {
+                return dialogs.notify(u"1 < 2 & \"3\""_s, title, u"sub"_s, file);
+            });
+            const bool isDone = QTest::qWaitFor(
+                [&sent] { return sent.wait_for(0s) == std::future_status::ready; }, 10000);
+            return isDone ? reason(sent.get()) : u"it does not return"_s;
+        };
+        QCOMPARE(notify(u"Title"_s, {}), QString());
+        QCOMPARE(server.shown.size(), 1);
+        QCOMPARE(server.shown[0][3].toString(), u"Title"_s);
+        QCOMPARE(server.shown[0][4].toString(), u"sub\n1 &lt; 2 &amp; &quot;3&quot;"_s);
+        QVERIFY(server.shown[0][5].toStringList().isEmpty());
+
+        QCOMPARE(notify({}, u"tessel-test:note"_s), QString());
+        QCOMPARE(server.shown[1][3].toString(), u"1 < 2 & \"3\""_s);
+        server.invoke(u"open"_s);
+        QCOMPARE(stage.stage.session.urlRecorder().waitForUrls(1),
+                 QStringList { u"tessel-test:note"_s });
+    }
+
+    void calendarShortcut()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        const Stage &files = stage.stage;
+        QVERIFY(writeFile(files.session.configPath() + u"/mimeapps.list"_s,
+                          u"[Default Applications]\ntext/calendar=url-recorder.desktop\n"_s));
+        const auto result = stage.host().shortcuts.run(
+            u"일정 추가"_s, u"2030년 5월 1일 오후 3시 회의\r\n둘째 줄"_s);
+        QCOMPARE(reason(result.failure), QString());
+        const QString path = files.session.urlRecorder().waitForUrls(1).value(0);
+        QFile entry(path);
+        QVERIFY2(entry.open(QIODevice::ReadOnly), qPrintable(path));
+        const QByteArray content = entry.readAll();
+        QVERIFY(content.contains("DTSTART:20300501T150000\r\n"));
+        QVERIFY(content.contains("DESCRIPTION:2030년 5월 1일 오후 3시 회의\\n둘째 줄\r\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_DesktopHost)
+#include "tst_DesktopHost.moc"

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "CaseFilter.h"
+
+#include <QByteArray>
+#include <QTest>
+
+class tst_CaseFilter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void maps_data()
+    {
+        QTest::addColumn<bool>("upper");
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QByteArray>("expected");
+        const auto row = [](const char *name, bool upper, const char *text, const char *expected) {
+            QTest::newRow(name) << upper << QByteArray(text) << QByteArray(expected);
+        };
+        row("ASCII", true, "Hello, World 1\n", "HELLO, WORLD 1\n");
+        row("accents, Cyrillic, Greek", true, "é ж ά", "É Ж Ά");
+        row("no case", true, "한글 漢字 🙂", "한글 漢字 🙂");
+        row("longer", true, "straße ﬃ ΐ", "STRASSE FFI \u0399\u0308\u0301");
+        row("no Turkish", true, "iı", "II");
+        row("lower", false, "ÀЖΑΣ ΣΑ.\nİ", "àжας σα.\ni̇");
+        row("not UTF-8", true,
+            "a\xff"
+            "b\xc3(\xed\xa0\x80"
+            "c\xe2\x82",
+            "A\xff"
+            "B\xc3(\xed\xa0\x80"
+            "C\xe2\x82");
+        row("nothing", true, "", "");
+    }
+
+    /// The same whether the bytes come all at once or one by one.
+    void maps()
+    {
+        QFETCH(bool, upper);
+        QFETCH(QByteArray, text);
+        QFETCH(QByteArray, expected);
+        for (const qsizetype step : { text.size() + 1, qsizetype(1) }) {
+            CaseFilter filter(upper ? CaseFilter::Case::upper : CaseFilter::Case::lower);
+            std::string result;
+            for (qsizetype at = 0; at < text.size(); at += step)
+                result += filter.feed(text.mid(at, step).toStdString());
+            result += filter.finish();
+            QCOMPARE(QByteArray::fromStdString(result), expected);
+        }
+    }
+
+    void longLine()
+    {
+        CaseFilter filter(CaseFilter::Case::upper);
+        const QByteArray text = QByteArray("xé").repeated(100'000);
+        std::string result;
+        for (qsizetype at = 0; at < text.size(); at += 65'536)
+            result += filter.feed(text.mid(at, 65'536).toStdString());
+        QVERIFY(result.size() > 100'000); // long lines do not pile up
+        result += filter.finish();
+        QVERIFY(QByteArray::fromStdString(result) == QByteArray("XÉ").repeated(100'000));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_CaseFilter)
+#include "tst_CaseFilter.moc"
