@@ -14,11 +14,10 @@ struct Stage final
 
     [[nodiscard]] bool prepare(const desktop::DesktopOptions &options = {})
     {
-        if (!session.start(options))
-            return false;
+        const bool isUp = session.start(options);
         session.setVariable(QStringLiteral("PATH"),
                             QStringLiteral(TESSEL_HELPERS ":") + qEnvironmentVariable("PATH"));
-        return true;
+        return isUp;
     }
 
     /// Makes what the test starts by itself, and its own connections, belong to this desktop.

@@ -120,6 +120,18 @@ private Q_SLOTS:
         QCOMPARE(stage.file(u"out"_s), "other");
     }
 
+    void upperCase()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        stage.write(u"in"_s, "straße é 한글 ж\n");
+        QCOMPARE(stage.run(u"pbcopy <in; pbpaste | tr '[:lower:]' '[:upper:]' | pbcopy;"
+                           "pbpaste >out; pbpaste | tr -d '[:upper:]\\n' >rest"_s),
+                 0);
+        QCOMPARE(stage.file(u"out"_s), "STRASSE É 한글 Ж\n");
+        QCOMPARE(stage.file(u"rest"_s), " É 한글 Ж"); // by the system's own
+    }
+
     void targets()
     {
         Stage stage;

@@ -34,11 +34,10 @@ struct HostStage
 
     [[nodiscard]] bool prepare()
     {
-        if (!stage.prepare())
-            return false;
+        const bool isUp = stage.prepare();
         stage.enter();
         owner = std::make_unique<DesktopHost>(QStringLiteral(TESSEL_HELPERS));
-        return true;
+        return isUp;
     }
     [[nodiscard]] osascript::Host host() const { return owner->host(); }
     [[nodiscard]] XUser &user() const { return stage.session.user(); }

@@ -143,10 +143,10 @@ bool SelectionOwner::convert(quint32 requestor, quint32 target, quint32 property
         return true;
     }
     const auto content = m_contents.constFind(target);
-    if (content == m_contents.constEnd())
-        return false;
-    hand(requestor, property, *content);
-    return true;
+    const bool isKnown = content != m_contents.constEnd();
+    if (isKnown)
+        hand(requestor, property, *content);
+    return isKnown;
 }
 
 /// The property has pairs of a target and a property; a target that fails becomes None.

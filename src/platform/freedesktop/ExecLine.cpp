@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/ExecLine.h"
 
+#include <QRegularExpression>
+
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -44,19 +47,13 @@ std::optional<QList<Word>> words(QStringView line)
 /// What a field inside a word stands for; deprecated ones for nothing.
 QString fieldValue(QChar code, const DesktopEntry &entry, const QStringList &targets)
 {
-    switch (code.unicode()) {
-    case u'%':
+    if (code == u'%')
         return u"%"_s;
-    case u'c':
+    if (code == u'c')
         return entry.name;
-    case u'k':
+    if (code == u'k')
         return entry.file;
-    case u'f':
-    case u'u':
-        return targets.value(0);
-    default:
-        return {};
-    }
+    return code == u'f' || code == u'u' ? targets.value(0) : QString();
 }
 
 QString expanded(const QString &word, const DesktopEntry &entry, const QStringList &targets)
@@ -75,6 +72,7 @@ QString expanded(const QString &word, const DesktopEntry &entry, const QStringLi
 
 QStringList commandLine(const DesktopEntry &entry, const QStringList &targets)
 {
+    static const QRegularExpression targetField(u"%[fFuU]"_s);
     const auto parsed = words(entry.exec);
     if (!parsed || parsed->isEmpty())
         return {};
@@ -83,15 +81,13 @@ QStringList commandLine(const DesktopEntry &entry, const QStringList &targets)
     for (const Word &word : *parsed) {
         const bool isField = !word.isQuoted && word.text.size() == 2 && word.text[0] == u'%';
         const QChar code = isField ? word.text[1] : QChar();
-        const bool isTarget = code == u'f' || code == u'u' || code == u'F' || code == u'U';
-        takesTargets |= isTarget || (!word.isQuoted && word.text.contains(u"%f"))
-            || (!word.isQuoted && word.text.contains(u"%u"));
-        if (isTarget)
-            command
-                += code.isUpper() ? targets : targets.first(std::min<qsizetype>(1, targets.size()));
-        else if (code == u'i')
-            command
-                += entry.icon.isEmpty() ? QStringList() : QStringList { u"--icon"_s, entry.icon };
+        takesTargets |= !word.isQuoted && word.text.contains(targetField);
+        if (code == u'F' || code == u'U')
+            command += targets;
+        else if (code == u'f' || code == u'u')
+            command += targets.mid(0, 1);
+        else if (code == u'i' && !entry.icon.isEmpty())
+            command += { u"--icon"_s, entry.icon };
         else if (word.isQuoted)
             command += word.text;
         else if (!isField || code == u'%' || code == u'c' || code == u'k')
