@@ -43,26 +43,27 @@ struct HostStage
     [[nodiscard]] XUser &user() const { return stage.session.user(); }
 };
 
-/// A notification server that notes what it is asked to show.
-class NotificationServer final : public QDBusVirtualObject
+/// A service of the session bus that notes what it is asked for.
+class RecordingService final : public QDBusVirtualObject
 {
 public:
-    explicit NotificationServer(const QString &address)
-        : m_bus(QDBusConnection::connectToBus(address, u"notifications"_s))
+    explicit RecordingService(const QString &name)
+        : m_name(name)
+        , m_path(u'/' + QString(name).replace(u'.', u'/'))
+        , m_bus(
+              QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name))
     {
-        m_bus.registerVirtualObject(u"/org/freedesktop/Notifications"_s, this);
-        m_bus.registerService(u"org.freedesktop.Notifications"_s);
+        m_bus.registerVirtualObject(m_path, this);
+        m_bus.registerService(name);
     }
-    ~NotificationServer() override { QDBusConnection::disconnectFromBus(u"notifications"_s); }
+    ~RecordingService() override { QDBusConnection::disconnectFromBus(m_name); }
 
-    QList<QVariantList> shown;
+    QList<QVariantList> calls; ///< their arguments
 
-    void invoke(const QString &action)
+    void emitSignal(const QString &name, const QVariantList &arguments)
     {
-        auto signal
-            = QDBusMessage::createSignal(u"/org/freedesktop/Notifications"_s,
-                                         u"org.freedesktop.Notifications"_s, u"ActionInvoked"_s);
-        signal.setArguments({ uint(7), action });
+        auto signal = QDBusMessage::createSignal(m_path, m_name, name);
+        signal.setArguments(arguments);
         m_bus.send(signal);
     }
 
@@ -71,13 +72,26 @@ public:
     {
         if (message.member() == u"GetCapabilities")
             return bus.send(message.createReply(QStringList { u"actions"_s, u"body-markup"_s }));
-        shown += message.arguments();
-        return bus.send(message.createReply(uint(7)));
+        calls += message.arguments();
+        return bus.send(message.createReply(notificationId));
     }
 
+    static constexpr uint notificationId = 7;
+
 private:
+    QString m_name;
+    QString m_path;
     QDBusConnection m_bus;
 };
+
+/// Makes a blocking call while the test's own services answer.
+template <typename Call> QString reasonOf(const Call &call)
+{
+    auto result = std::async(std::launch::async, call);
+    const bool isDone = QTest::qWaitFor(
+        [&result] { return result.wait_for(0s) == std::future_status::ready; }, 10000);
+    return isDone ? reason(result.get()) : u"it does not return"_s;
+}
 
 }
 
@@ -185,26 +199,38 @@ private Q_SLOTS:
         QVERIFY(stage.prepare());
         osascript::Dialogs &dialogs = stage.host().dialogs;
         QVERIFY(dialogs.notify(u"text"_s, {}, {}, {}).has_value()); // nobody shows any
-        NotificationServer server(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+        RecordingService server(u"org.freedesktop.Notifications"_s);
         const auto notify = [&dialogs](const QString &title, const QString &file) {
-            auto sent = std::async(std::launch::async, [&dialogs, title, file] {
+            return reasonOf([&dialogs, title, file] {
                 return dialogs.notify(u"1 < 2 & \"3\""_s, title, u"sub"_s, file);
             });
-            const bool isDone = QTest::qWaitFor(
-                [&sent] { return sent.wait_for(0s) == std::future_status::ready; }, 10000);
-            return isDone ? reason(sent.get()) : u"it does not return"_s;
         };
         QCOMPARE(notify(u"Title"_s, {}), QString());
-        QCOMPARE(server.shown.size(), 1);
-        QCOMPARE(server.shown[0][3].toString(), u"Title"_s);
-        QCOMPARE(server.shown[0][4].toString(), u"sub\n1 &lt; 2 &amp; &quot;3&quot;"_s);
-        QVERIFY(server.shown[0][5].toStringList().isEmpty());
+        QCOMPARE(server.calls.size(), 1);
+        QCOMPARE(server.calls[0][3].toString(), u"Title"_s);
+        QCOMPARE(server.calls[0][4].toString(), u"sub\n1 &lt; 2 &amp; &quot;3&quot;"_s);
+        QVERIFY(server.calls[0][5].toStringList().isEmpty());
 
         QCOMPARE(notify({}, u"tessel-test:note"_s), QString());
-        QCOMPARE(server.shown[1][3].toString(), u"1 < 2 & \"3\""_s);
-        server.invoke(u"open"_s);
+        QCOMPARE(server.calls[1][3].toString(), u"1 < 2 & \"3\""_s);
+        server.emitSignal(u"ActionInvoked"_s, { server.notificationId, u"open"_s });
         QCOMPARE(stage.stage.session.urlRecorder().waitForUrls(1),
                  QStringList { u"tessel-test:note"_s });
+    }
+
+    void reveals()
+    {
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        const QString home = stage.stage.session.homePath();
+        const QString file = home + u"/a, b%.txt"_s;
+        QVERIFY(writeFile(file, u"x"_s));
+        osascript::Desktop &desktop = stage.host().desktop;
+        RecordingService manager(u"org.freedesktop.FileManager1"_s);
+        QCOMPARE(reasonOf([&] { return desktop.reveal(file); }), QString());
+        QCOMPARE(manager.calls.value(0).value(0).toStringList(),
+                 QStringList { u"file://"_s + home + u"/a%2C%20b%25.txt"_s });
+        QVERIFY(desktop.reveal(home + u"/missing"_s).has_value());
     }
 
     void calendarShortcut()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Detachment.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>

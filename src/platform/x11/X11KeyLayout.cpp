@@ -4,6 +4,7 @@
 
 #include "platform/x11/X11Connection.h"
 
+#include <algorithm>
 #include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
