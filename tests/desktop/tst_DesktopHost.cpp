@@ -233,6 +233,24 @@ private Q_SLOTS:
         QVERIFY(desktop.reveal(home + u"/missing"_s).has_value());
     }
 
+    void shortcutsCommand()
+    {
+        Stage stage;
+        QVERIFY(stage.prepare());
+        stage.write(u"in"_s, "한글\n");
+        QCOMPARE(stage.run(u"shortcuts list >list && shortcuts run 'Save as Text File' -i in -o out"
+                           " && shortcuts run 'Save as Text File' <in >>out"_s),
+                 0);
+        QCOMPARE(stage.file(u"list"_s), "Append to Journal\nSave as Text File\n일정 추가\n");
+        const QByteArray path = stage.file(u"out"_s).split('\n').first();
+        QVERIFY(path.startsWith(stage.session.homePath().toUtf8() + "/Documents/Text "));
+        QCOMPARE(stage.run(u"cmp in \""_s + QString::fromUtf8(path) + u'"'), 0);
+        QCOMPARE(stage.run(u"shortcuts run None <in 2>err"_s), 1);
+        QVERIFY(stage.file(u"err"_s).startsWith("shortcuts: There is no shortcut “None”"));
+        QCOMPARE(stage.run(u"shortcuts run None -x 2>err"_s), 1);
+        QVERIFY(stage.file(u"err"_s).startsWith("Usage:"));
+    }
+
     void calendarShortcut()
     {
         HostStage stage;
