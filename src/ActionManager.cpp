@@ -6,6 +6,7 @@
 #include "Log.h"
 #include "NotificationCenter.h"
 #include "Placeholder.h"
+#include "ScriptAction.h"
 #include "ShellAction.h"
 #include "TextRules.h"
 #include "platform/Pasteboard.h"
@@ -22,6 +23,12 @@ namespace {
 
 /// The application below needs this long to be active again.
 constexpr auto handOver = 100ms;
+
+void logUnlessEmpty(const QString &line)
+{
+    if (!line.isEmpty())
+        Log::print(line);
+}
 
 }
 
@@ -65,11 +72,10 @@ void ActionManager::run(const ActionConfig &action, const QString &text)
         performShellScript(action.templateText, text);
         break;
     case ActionType::appleScript:
+        performAppleScript(action.templateText, text);
+        break;
     case ActionType::shortcut:
-        Q_EMIT commandFailed(
-            action.title,
-            u"Actions of type \"%1\" cannot be run by this version of Tessel."_s.arg(
-                rawValue(action.type)));
+        performShortcut(action.templateText, text);
         break;
     case ActionType::builtin:
         performBuiltin(action.templateText, text);
@@ -94,11 +100,29 @@ void ActionManager::performShellScript(const QString &commandTemplate, const QSt
     m_commands.run(shellCommandRequest(commandTemplate, text, defaultShell()),
                    [this](const CommandResult &result) {
                        const ShellReport report = shellReport(result);
-                       if (!report.logLine.isEmpty())
-                           Log::print(report.logLine);
+                       logUnlessEmpty(report.logLine);
                        if (report.error)
                            Q_EMIT commandFailed(report.error->title, report.error->message);
                    });
+}
+
+void ActionManager::performAppleScript(const QString &script, const QString &text)
+{
+    m_commands.run(appleScriptRequest(script, text, scriptRunner()),
+                   [](const CommandResult &result) {
+                       logUnlessEmpty(scriptLogLine(u"AppleScript"_s, result));
+                   });
+}
+
+void ActionManager::performShortcut(const QString &name, const QString &text)
+{
+    if (name.isEmpty())
+        return;
+    const QString stored = shortcutName(name);
+    Log::print(u"Action: Requesting shortcut '"_s + stored + u"'"_s);
+    m_commands.run(shortcutRequest(stored, text, scriptRunner()), [](const CommandResult &result) {
+        logUnlessEmpty(scriptLogLine(u"Shortcut"_s, result));
+    });
 }
 
 void ActionManager::performBuiltin(const QString &type, const QString &text)

@@ -41,6 +41,10 @@ public:
     void performURLAction(const QString &urlTemplate, const QString &text);
     /// Runs a shell command; its outcome is logged, its failure announced.
     void performShellScript(const QString &commandTemplate, const QString &text);
+    /// Runs an AppleScript; its output, and what is wrong with it, is logged.
+    void performAppleScript(const QString &script, const QString &text);
+    /// Runs the user's shortcut of that name; the outcome is logged.
+    void performShortcut(const QString &name, const QString &text);
     void performBuiltin(const QString &type, const QString &text);
 
 Q_SIGNALS:

@@ -58,6 +58,8 @@ private:
     int m_number = -1;
 };
 
+constexpr int mergedPipeSize = 256 << 10; ///< bytes: runners quote their input, up to 128 KiB
+
 struct Pipe
 {
     Descriptor readEnd;
@@ -166,6 +168,8 @@ std::variant<Child, QString> launch(const CommandRequest &request)
 
     const bool isMerged = request.output == CommandRequest::Output::merged;
     Pipe output = makePipe();
+    if (isMerged)
+        ::fcntl(output.writeEnd.number(), F_SETPIPE_SZ, mergedPipeSize);
     Pipe errorOutput = isMerged || !output.readEnd.isValid() ? Pipe() : makePipe();
     const Descriptor &errorEnd = isMerged ? output.writeEnd : errorOutput.writeEnd;
     if (!errorEnd.isValid())

@@ -35,8 +35,8 @@ struct CommandResult
 ///
 /// Children have the process's standard input, pipes as standard output and standard error, no
 /// other descriptors, and no signal ignored or blocked. There is no time limit, and nothing is read
-/// before the child has exited: one that writes more than a pipe holds (pipe(7): 64 KiB) never
-/// does.
+/// before the child has exited: one that writes more than a pipe holds (64 KiB, or 256 KiB when
+/// merged) never does.
 ///
 /// Programs that a command leaves in the background do not delay its result, which has what was
 /// written until the command itself exited. What they write later is read and dropped, so that they
