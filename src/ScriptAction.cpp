@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto shortcutScript = uR"(on run {t, n}
+constexpr QStringView shortcutScript = uR"(on run {t, n}
     tell application "Shortcuts"
         -- The shortcut of exactly this name comes first.
         try
@@ -64,7 +64,7 @@ QString shortcutName(const QString &typed)
 
 CommandRequest shortcutRequest(const QString &name, const QString &text, const QString &runner)
 {
-    return request(runner, { u"-e"_s, QString(shortcutScript), text, name });
+    return request(runner, { u"-e"_s, shortcutScript.toString(), text, name });
 }
 
 QString scriptLogLine(const QString &what, const CommandResult &result)
