@@ -64,7 +64,7 @@ void tst_CalendarEntry::lines()
     QVERIFY(text.startsWith(u"BEGIN:VCALENDAR\r\nVERSION:2.0\r\n"_s));
     QVERIFY(text.endsWith(u"\r\nEND:VCALENDAR\r\n"_s));
     for (const QString &line : expected)
-        QVERIFY2(lines.contains(line), qPrintable(line + u" is not in\n" + text));
+        QVERIFY2(lines.contains(line), qPrintable(line + u" is not in\n"_s + text));
 }
 
 void tst_CalendarEntry::foldsLongLines()

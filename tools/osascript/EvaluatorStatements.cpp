@@ -1,0 +1,242 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Evaluator.h"
+
+#include "Coercion.h"
+#include "Printer.h"
+#include "Scoped.h"
+#include "ScriptError.h"
+#include "StackLimit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace osascript {
+
+namespace {
+
+QString usualMessage(int number)
+{
+    return number == ScriptError::userCanceled ? u"User canceled."_s
+                                               : u"An error of type %1 has occurred."_s.arg(number);
+}
+
+void apply(ConsideringStatement::Attribute attribute, bool considers, TextRules &rules)
+{
+    using enum ConsideringStatement::Attribute;
+    switch (attribute) {
+    case letterCase:
+        rules.ignoresCase = !considers;
+        break;
+    case diacriticals:
+        rules.ignoresDiacriticals = !considers;
+        break;
+    case whiteSpace:
+        rules.ignoresWhiteSpace = !considers;
+        break;
+    case punctuation:
+        rules.ignoresPunctuation = !considers;
+        break;
+    case hyphens:
+        rules.ignoresHyphens = !considers;
+        break;
+    case numericStrings:
+        rules.comparesNumbers = considers;
+        break;
+    }
+}
+
+}
+
+Evaluator::Flow Evaluator::execute(const Statements &statements)
+{
+    checkStack();
+    for (const Statement &statement : statements) {
+        try {
+            const Flow flow = std::visit([this](const auto &form) { return executeForm(form); },
+                                         statement.form);
+            if (flow != Flow::next)
+                return flow;
+        } catch (ScriptError &error) {
+            if (!error.where)
+                error.where = statement.where;
+            throw;
+        }
+    }
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const ExpressionStatement &statement)
+{
+    frame().result = evaluate(*statement.value);
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const Assignment &assignment)
+{
+    // "set x to a reference to y" keeps the reference; "copy" takes what it refers to.
+    const Value value = valueOf(assignment.value);
+    const Value assigned = assignment.copies ? deepCopy(resolved(value)) : value;
+    assign(*assignment.target, assigned);
+    frame().result = assigned;
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const IfStatement &statement)
+{
+    for (const auto &[test, body] : statement.branches) {
+        if (!test || toBoolean(valueOf(test)))
+            return execute(body);
+    }
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const RepeatStatement &repeat)
+{
+    if (repeat.form == RepeatStatement::Form::counting)
+        return repeatCounting(repeat);
+    if (repeat.form == RepeatStatement::Form::iterating)
+        return repeatOver(repeat);
+    qint64 left
+        = repeat.form == RepeatStatement::Form::times ? toInteger(valueOf(repeat.value)) : 0;
+    while (continues(repeat, left)) {
+        const Flow flow = execute(repeat.body);
+        if (flow != Flow::next)
+            return flow == Flow::exitRepeat ? Flow::next : flow;
+    }
+    return Flow::next;
+}
+
+bool Evaluator::continues(const RepeatStatement &repeat, qint64 &left)
+{
+    using enum RepeatStatement::Form;
+    switch (repeat.form) {
+    case times:
+        return left-- > 0;
+    case whileTrue:
+        return toBoolean(valueOf(repeat.value));
+    case untilTrue:
+        return !toBoolean(valueOf(repeat.value));
+    default:
+        return true;
+    }
+}
+
+Evaluator::Flow Evaluator::repeatCounting(const RepeatStatement &repeat)
+{
+    const qint64 first = toInteger(valueOf(repeat.value));
+    const qint64 last = toInteger(valueOf(repeat.last));
+    const qint64 step = repeat.step ? toInteger(valueOf(repeat.step)) : 1;
+    if (step == 0)
+        failToCoerce(u"0"_s, u"number other than 0"_s);
+    for (qint64 i = first; step > 0 ? i <= last : i >= last; i += step) {
+        setVariable(repeat.variable, Value(i));
+        const Flow flow = execute(repeat.body);
+        if (flow != Flow::next)
+            return flow == Flow::exitRepeat ? Flow::next : flow;
+    }
+    return Flow::next;
+}
+
+/// The variable refers to the items, so that `set contents of x` changes the list.
+Evaluator::Flow Evaluator::repeatOver(const RepeatStatement &repeat)
+{
+    const Value value = valueOf(repeat.value);
+    const Value list = value.isList()
+        ? value
+        : Value::list(value.isText() ? ValueElements(value, u"item"_s, context()).all()
+                                     : toItems(value));
+    const auto literal = [](const Value &part) {
+        return std::make_unique<Expression>(Expression { Literal { part }, {} });
+    };
+    const qsizetype count = list.items().size();
+    for (qsizetype i = 1; i <= count; ++i) {
+        ElementExpression item { .className = u"item"_s, .form = ElementExpression::Form::index };
+        item.key = literal(Value(qint64 { i }));
+        item.container = literal(list);
+        auto place = std::make_unique<Expression>(Expression { std::move(item), {} });
+        setVariable(repeat.variable,
+                    Value(ReferencePointer(
+                        std::make_shared<const Reference>(Reference { std::move(place) }))));
+        const Flow flow = execute(repeat.body);
+        if (flow != Flow::next)
+            return flow == Flow::exitRepeat ? Flow::next : flow;
+    }
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const ExitRepeat & /*statement*/)
+{
+    return Flow::exitRepeat;
+}
+
+Evaluator::Flow Evaluator::executeForm(const ReturnStatement &statement)
+{
+    frame().result = statement.value ? evaluate(*statement.value) : Value();
+    return Flow::returned;
+}
+
+Evaluator::Flow Evaluator::executeForm(const TryStatement &statement)
+{
+    std::optional<ScriptError> caught;
+    try {
+        return execute(statement.body);
+    } catch (const ScriptError &error) {
+        if (statement.onlyNumber && *statement.onlyNumber != error.number)
+            throw;
+        caught = error;
+    }
+    if (!statement.message.isEmpty())
+        setVariable(statement.message, Value(caught->message));
+    if (!statement.number.isEmpty())
+        setVariable(statement.number, Value(qint64 { caught->number }));
+    return execute(statement.handler);
+}
+
+Evaluator::Flow Evaluator::executeForm(const ErrorStatement &error)
+{
+    const int number = error.number ? static_cast<int>(toInteger(valueOf(error.number)))
+                                    : int { ScriptError::failed };
+    failWith(number,
+             error.message ? toText(valueOf(error.message), context()) : usualMessage(number));
+}
+
+Evaluator::Flow Evaluator::executeForm(const TellStatement &tell)
+{
+    const Scoped<Value> told(frame().it, valueOf(tell.target));
+    return execute(tell.body);
+}
+
+Evaluator::Flow Evaluator::executeForm(const ConsideringStatement &statement)
+{
+    TextRules rules = m_rules;
+    for (const auto attribute : statement.considered)
+        apply(attribute, true, rules);
+    for (const auto attribute : statement.ignored)
+        apply(attribute, false, rules);
+    const Scoped<TextRules> changed(m_rules, rules);
+    return execute(statement.body);
+}
+
+Evaluator::Flow Evaluator::executeForm(const Declaration &declaration)
+{
+    const bool isGlobal = declaration.scope == Declaration::Scope::global;
+    for (const QString &name : declaration.names)
+        (isGlobal ? frame().globals : frame().locals).insert(name.toLower());
+    return Flow::next;
+}
+
+Evaluator::Flow Evaluator::executeForm(const Block &block)
+{
+    return execute(block.body);
+}
+
+Evaluator::Flow Evaluator::executeForm(const ScriptStatement &statement)
+{
+    ScriptObject *script = instantiate(*statement.script, frame().me);
+    if (!script->name.isEmpty())
+        setVariable(script->name, Value(script));
+    frame().result = Value(script);
+    return Flow::next;
+}
+
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Value.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace osascript {
+
+struct ScriptBlock;
+
+/// Variables by name in lower case.
+using Variables = QHash<QString, Value>;
+
+/// A script while it runs: the main one, or what a `script` block makes.
+struct ScriptObject
+{
+    const ScriptBlock *block = nullptr;
+    ScriptObject *outer = nullptr; ///< the script around it, whose properties it sees
+    QString name;
+    Variables properties;
+    Variables runVariables; ///< of its run handler, which references can name
+    QSet<QString> globals; ///< names declared global for all of its handlers
+};
+
+}

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace osascript {
+
+/// A stretch of a text, in UTF-16 code units.
+struct TextRange
+{
+    qsizetype start = 0;
+    qsizetype length = 0;
+};
+
+/// Grapheme clusters (Unicode Standard Annex 29); a carriage return and a line feed are two.
+[[nodiscard]] QList<TextRange> characterRanges(const QString &text);
+/// How many there are.
+[[nodiscard]] qsizetype characterCount(const QString &text);
+/// Words by Annex 29, whatever the locale.
+[[nodiscard]] QList<TextRange> wordRanges(const QString &text);
+/// Divided at LF, CR, CR LF, U+2028 and U+2029. An empty text has none; what follows the last line
+/// break is one, even when it is empty.
+[[nodiscard]] QList<TextRange> paragraphRanges(const QString &text);
+
+}

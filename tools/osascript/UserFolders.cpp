@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "UserFolders.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace osascript {
+
+QString userFolder(QStringView words)
+{
+    using enum QStandardPaths::StandardLocation;
+    static constexpr std::pair<QStringView, QStandardPaths::StandardLocation> folders[] {
+        { u"desktop", DesktopLocation },      { u"documents", DocumentsLocation },
+        { u"downloads", DownloadLocation },   { u"music", MusicLocation },
+        { u"pictures", PicturesLocation },    { u"movies", MoviesLocation },
+        { u"temporary items", TempLocation }, { u"home", HomeLocation },
+    };
+    for (const auto &[name, location] : folders) {
+        if (words == name || words == name.toString() + u" folder"_s)
+            return QStandardPaths::writableLocation(location);
+    }
+    return QStandardPaths::writableLocation(GenericDataLocation) + u"/Trash/files"_s; // "trash"
+}
+
+}

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace osascript {
+
+/// The absolute path of a folder by the words of `path to`: "home folder", "desktop", "documents
+/// folder" … as the user's user-dirs.dirs names it, else its usual name in the home folder.
+[[nodiscard]] QString userFolder(QStringView words);
+
+}

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Applications.h"
+
+#include "CalendarApplication.h"
+#include "Finder.h"
+#include "Mail.h"
+#include "Notes.h"
+#include "Shortcuts.h"
+#include "SystemEvents.h"
+
+using namespace Qt::StringLiterals;
+
+namespace osascript {
+
+Applications::Applications(Host &host)
+    : m_host(host)
+{
+}
+
+Application *Applications::find(const QString &name)
+{
+    const Suite suite = suiteOf(name);
+    // All names of an adapter are one application.
+    const QString key
+        = suite == Suite::application ? name.toLower() : QString::number(static_cast<int>(suite));
+    std::unique_ptr<Application> &application = m_applications[key];
+    if (!application)
+        application = make(name);
+    return application.get();
+}
+
+std::unique_ptr<Application> Applications::make(const QString &name)
+{
+    switch (suiteOf(name)) {
+    case Suite::systemEvents:
+        return std::make_unique<SystemEvents>(m_host);
+    case Suite::notes:
+        return std::make_unique<Notes>(m_host);
+    case Suite::shortcuts:
+        return std::make_unique<Shortcuts>(m_host);
+    case Suite::finder:
+        return std::make_unique<Finder>(m_host);
+    case Suite::calendar:
+        return std::make_unique<CalendarApplication>(u"Calendar"_s, m_host);
+    case Suite::reminders:
+        return std::make_unique<CalendarApplication>(u"Reminders"_s, m_host);
+    case Suite::mail:
+        return std::make_unique<Mail>(m_host);
+    default:
+        return m_host.desktop.isInstalled(name) ? std::make_unique<Application>(name, m_host)
+                                                : nullptr;
+    }
+}
+
+void Applications::finish()
+{
+    for (const auto &[name, application] : m_applications) {
+        if (application)
+            ask(*application, [&] { application->finish(); });
+    }
+}
+
+}

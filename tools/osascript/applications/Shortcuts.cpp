@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "Shortcuts.h"
+
+#include "../Coercion.h"
+
+using namespace Qt::StringLiterals;
+
+namespace osascript {
+
+Shortcuts::Shortcuts(Host &host)
+    : Application(u"Shortcuts"_s, host)
+{
+}
+
+QList<Object> Shortcuts::elements(const Object &container, const QString &className)
+{
+    if (className != u"shortcut")
+        return Application::elements(container, className);
+    QList<Object> objects;
+    for (const QString &name : host().shortcuts.names())
+        objects.append(element(className, name));
+    return objects;
+}
+
+Value Shortcuts::perform(const Invocation &invocation)
+{
+    const auto *object = invocation.direct.as<Object>();
+    if (!invocation.is(u"run") || !object || object->className != u"shortcut")
+        return Application::perform(invocation);
+    const ShortcutResult result
+        = host().shortcuts.run(object->key, textOf(invocation.argument(u"with input")));
+    check(result.failure);
+    return result.output.isEmpty() ? Value() : Value(result.output);
+}
+
+}

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Application.h"
+
+namespace osascript {
+
+/// Runs the user's shortcuts.
+class Shortcuts final : public Application
+{
+public:
+    explicit Shortcuts(Host &host);
+
+    [[nodiscard]] QList<Object> elements(const Object &container,
+                                         const QString &className) override;
+    [[nodiscard]] Value perform(const Invocation &invocation) override;
+};
+
+}
