@@ -57,15 +57,18 @@ Value Evaluator::evaluateForm(const ElementExpression &element)
 Value Evaluator::namedValue(const ElementExpression &element)
 {
     const QString &name = element.className;
-    const bool isFile = (name == u"alias" || name == u"file") && !frame().it.is<Object>();
+    const bool isFile = name == u"alias" || name == u"file";
     const bool isNamed = name == u"application" || name == u"date" || isFile;
     const bool hasKey = element.key && element.form <= Form::identifier;
     if (!isNamed || !hasKey || element.container)
         return {};
     const Value key = valueOf(element.key);
     if (!key.isText())
-        return isFile || key.is<File>() ? coerced(key, name, context()) : Value();
+        return isFile && key.is<File>() ? coerced(key, name, context()) : Value();
     const QString text = key.get<QString>();
+    // In an application, the name of one of its files; a whole path is a path everywhere.
+    if (name == u"file" && frame().it.is<Object>() && !text.startsWith(u'/'))
+        return {};
     if (name == u"application") {
         Application *application = m_applications.find(text);
         if (!application)

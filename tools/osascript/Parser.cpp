@@ -111,6 +111,13 @@ Vocabulary::Match Parser::matchTerm() const
                                             : Vocabulary::Match();
 }
 
+/// "the" says nothing, unless a term starts with it.
+void Parser::skipArticle()
+{
+    if (matchTerm().length == 0)
+        accept(u"the");
+}
+
 bool Parser::isIdentifier(qsizetype ahead) const
 {
     const Token &token = peek(ahead);
@@ -240,6 +247,8 @@ HandlerDefinition Parser::readHandler()
     expectLineEnd();
     handler.body = readBody();
     readEnd(firstName);
+    while (handler.name.contains(u':') && !isAtLineEnd())
+        ++m_at; // the rest of the name
     return handler;
 }
 
@@ -288,13 +297,13 @@ void Parser::readLabelledParameters(HandlerDefinition &handler)
 void Parser::readInterleavedParameters(HandlerDefinition &handler)
 {
     QString name = handler.name;
-    do {
-        if (!isAt(u":"))
-            name += readIdentifier();
+    for (bool isFirst = true; !isAtLineEnd(); isFirst = false) {
+        if (!isFirst)
+            name += m_tokens.at(m_at++).text;
         expect(u":");
         name += u':';
         addParameter(handler, readPrimary());
-    } while (!isAtLineEnd());
+    }
     handler.name = name;
 }
 

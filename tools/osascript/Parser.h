@@ -69,6 +69,7 @@ private:
     [[nodiscard]] Vocabulary::Match matchTerm() const;
     [[nodiscard]] bool isIdentifier(qsizetype ahead = 0) const;
     QString readIdentifier();
+    void skipArticle();
     template <typename Form> [[nodiscard]] ExpressionPointer make(Form form, qsizetype from) const
     {
         return std::make_unique<Expression>(Expression { std::move(form), since(from) });

@@ -216,13 +216,12 @@ ExpressionPointer Parser::readLabelledCall(const QString &name, qsizetype from)
 ExpressionPointer Parser::readInterleavedCall(const QString &name, qsizetype from)
 {
     CallExpression call { .name = name };
-    do {
-        if (!isAt(u":"))
-            call.name += readIdentifier();
-        expect(u":");
+    while (accept(u":")) {
         call.name += u':';
         call.arguments.push_back(readExpression(coercion));
-    } while (isIdentifier() && peek(1).text == u":");
+        if (peek().kind <= Token::Kind::name && peek(1).text == u":")
+            call.name += m_tokens.at(m_at++).text;
+    }
     return make(std::move(call), from);
 }
 

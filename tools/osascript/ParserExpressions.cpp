@@ -147,7 +147,7 @@ ExpressionPointer Parser::readExistence(ExpressionPointer subject)
 ExpressionPointer Parser::readPrimary()
 {
     const qsizetype from = m_at;
-    accept(u"the");
+    skipArticle();
     if (isAt(u"("))
         return readParenthesized();
     if (isAt(u"{"))

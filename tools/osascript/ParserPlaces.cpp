@@ -114,7 +114,7 @@ ExpressionPointer Parser::readPronoun()
 ExpressionPointer Parser::readPart()
 {
     const qsizetype from = m_at;
-    accept(u"the");
+    skipArticle();
     if (ExpressionPointer element = readOrdinal())
         return element;
     const Vocabulary::Match match = matchTerm();

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "RecordingHost.h"
+
+#include <Printer.h>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+using namespace osascript;
+
+namespace {
+
+/// The name of the call and what it was given that is not empty; texts are quoted.
+void record(const QString &call, const QStringList &parts)
+{
+    QString line = u"» "_s + call;
+    for (const QString &part : parts)
+        line += part.isEmpty() ? QString() : u' ' + part;
+    std::fputs((line + u'\n').toUtf8().constData(), stderr);
+}
+
+QString text(const QString &label, const QString &value)
+{
+    const QString escaped
+        = quoted(value).replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s).replace(u'\t', u"\\t"_s);
+    return value.isEmpty() ? QString() : label + escaped;
+}
+
+QString names(Modifiers modifiers)
+{
+    QStringList names;
+    if (modifiers.command)
+        names.append(u"command"_s);
+    if (modifiers.control)
+        names.append(u"control"_s);
+    if (modifiers.option)
+        names.append(u"option"_s);
+    if (modifiers.shift)
+        names.append(u"shift"_s);
+    return names.join(u'+');
+}
+
+QString flag(bool isSet, const QString &name)
+{
+    return isSet ? name : QString();
+}
+
+}
+
+RecordingHost::RecordingHost()
+    : m_answer(qEnvironmentVariable("OSASCRIPT_ANSWER"))
+{
+    if (qEnvironmentVariableIsSet("OSASCRIPT_CLIPBOARD"))
+        m_clipboard = qEnvironmentVariable("OSASCRIPT_CLIPBOARD");
+}
+
+std::optional<QString> RecordingHost::text()
+{
+    return m_clipboard;
+}
+
+Failure RecordingHost::setText(const QString &text)
+{
+    record(u"copy"_s, { ::text({}, text) });
+    m_clipboard = text;
+    return {};
+}
+
+Failure RecordingHost::type(const QString &text, Modifiers modifiers)
+{
+    record(u"type"_s, { ::text({}, text), ::names(modifiers) });
+    return {};
+}
+
+Failure RecordingHost::press(int keyCode, Modifiers modifiers)
+{
+    record(u"press"_s, { QString::number(keyCode), ::names(modifiers) });
+    return {};
+}
+
+std::optional<DialogAnswer> RecordingHost::ask(const DialogRequest &request)
+{
+    static constexpr QStringView icons[] { u"", u"note", u"caution", u"stop" };
+    record(u"ask"_s,
+           { ::text({}, request.message), ::text(u"detail "_s, request.detail),
+             ::text(u"title "_s, request.title), u'[' + request.buttons.join(u'|') + u']',
+             ::text(u"default "_s, request.defaultButton),
+             ::text(u"cancel "_s, request.cancelButton),
+             ::text(u"answer "_s, request.defaultAnswer.value_or(QString())),
+             flag(request.hiddenAnswer, u"hidden"_s),
+             icons[static_cast<size_t>(request.icon)].toString(),
+             request.givingUpAfter ? u"%1 ms"_s.arg(request.givingUpAfter->count()) : QString() });
+    if (m_answer == u"(none)")
+        return {};
+    const bool gaveUp = m_answer == u"(gives up)";
+    const QString button = m_answer.isEmpty() ? request.defaultButton : m_answer;
+    return DialogAnswer { button, request.defaultAnswer.value_or(QString()), gaveUp };
+}
+
+std::optional<std::optional<QStringList>> RecordingHost::choose(const ListRequest &request)
+{
+    record(u"choose"_s,
+           { u'[' + request.items.join(u'|') + u']', ::text(u"title "_s, request.title),
+             ::text(u"prompt "_s, request.prompt),
+             ::text(u"default "_s, request.defaultItems.join(u'|')),
+             ::text(u"ok "_s, request.okButton), ::text(u"cancel "_s, request.cancelButton),
+             flag(request.multipleSelections, u"several"_s),
+             flag(request.emptySelection, u"none"_s) });
+    if (m_answer == u"Cancel")
+        return std::optional<QStringList>();
+    return m_answer.isEmpty() ? request.items.mid(0, 1) : m_answer.split(u'|');
+}
+
+Failure RecordingHost::notify(const QString &text, const QString &title, const QString &subtitle,
+                              const QString &file)
+{
+    record(u"notify"_s,
+           { ::text({}, text), ::text(u"title "_s, title), ::text(u"subtitle "_s, subtitle),
+             ::text(u"file "_s, file) });
+    return {};
+}
+
+void RecordingHost::beep()
+{
+    record(u"beep"_s, {});
+}
+
+Failure RecordingHost::say(const QString &text)
+{
+    record(u"say"_s, { ::text({}, text) });
+    return {};
+}
+
+QList<Process> RecordingHost::processes()
+{
+    return {
+        { u"Text Editor"_s, u"org.example.editor"_s, 101, true, true },
+        { u"Terminal"_s, u"org.example.terminal"_s, 102, false, true },
+        { u"Files"_s, u"org.example.files"_s, 103, false, false },
+    };
+}
+
+bool RecordingHost::isInstalled(const QString &application)
+{
+    static const QStringList installed { u"text editor"_s, u"terminal"_s, u"files"_s,
+                                         u"firefox"_s };
+    return installed.contains(application.toLower());
+}
+
+bool RecordingHost::isRunning(const QString &application)
+{
+    return isInstalled(application) && application.compare(u"Firefox", Qt::CaseInsensitive) != 0;
+}
+
+Failure RecordingHost::activate(const QString &application)
+{
+    record(u"activate"_s, { ::text({}, application) });
+    return {};
+}
+
+Failure RecordingHost::launch(const QString &application)
+{
+    record(u"launch"_s, { ::text({}, application) });
+    return {};
+}
+
+Failure RecordingHost::quit(const QString &application)
+{
+    record(u"quit"_s, { ::text({}, application) });
+    return {};
+}
+
+Failure RecordingHost::open(const QString &target, const QString &application)
+{
+    record(u"open"_s, { ::text({}, target), ::text(u"with "_s, application) });
+    return {};
+}
+
+Failure RecordingHost::reveal(const QString &path)
+{
+    record(u"reveal"_s, { ::text({}, path) });
+    return {};
+}
+
+QStringList RecordingHost::names()
+{
+    return { u"Broken"_s, u"Count Words"_s, u"Silent"_s, u"일정 추가"_s };
+}
+
+ShortcutResult RecordingHost::run(const QString &name, const QString &input)
+{
+    record(u"shortcut"_s, { ::text({}, name), ::text(u"input "_s, input) });
+    if (name == u"Broken")
+        return { u"The shortcut failed"_s, {} };
+    return { {}, name == u"Silent" ? QString() : u'<' + input + u'>' };
+}

@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int patience = 20000; // ms
+
+/// What the program leaves: "0 output" or "1 errors".
+QString run(const QStringList &arguments, const QByteArray &input = {})
+{
+    QProcess process;
+    process.setProgram(QStringLiteral(OSASCRIPT));
+    process.setArguments(arguments);
+    process.start();
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
+        return u"did not end"_s;
+    return QString::number(process.exitCode()) + u' '
+        + QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError());
+}
+
+bool isAlive(qint64 process)
+{
+    return ::kill(static_cast<pid_t>(process), 0) == 0;
+}
+
+}
+
+class tst_OsascriptCommandLine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void output_data();
+    void output();
+    void runsFile();
+    void endsAtOnce_data();
+    void endsAtOnce();
+};
+
+void tst_OsascriptCommandLine::output_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const QStringList &arguments, const QString &expected,
+                        const QByteArray &input = {}) {
+        QTest::newRow(name) << arguments << input << expected;
+    };
+    const auto one = [](const QString &script) { return QStringList { u"-e"_s, script }; };
+    row("text", one(u"\"a\" & quote"_s), u"0 a\"\n"_s);
+    row("list", one(u"{1, {\"a\", true}, {x:1}}"_s), u"0 1, a, true, x:1\n"_s);
+    row("date", one(u"date \"2026-11-21\""_s),
+        u"0 date Saturday, November 21, 2026 at 12:00:00 AM\n"_s);
+    row("empty text", one(u"\"\""_s), u"0 \n"_s);
+    row("missing value", one(u"missing value"_s), u"0 missing value\n"_s);
+    row("application", one(u"application \"Firefox\""_s), u"0 application Firefox\n"_s);
+    row("no result", one(u"delay 0"_s), u"0 "_s);
+    row("empty script", one(u""_s), u"0 "_s);
+    row("source form", { u"-ss"_s, u"-e"_s, u"{\"a\", 1}"_s }, u"0 {\"a\", 1}\n"_s);
+    row("human form last", { u"-s"_s, u"sh"_s, u"-e"_s, u"{\"a\"}"_s }, u"0 a\n"_s);
+    row("several lines", { u"-e"_s, u"set x to 2"_s, u"-e"_s, u"x * 2"_s }, u"0 4\n"_s);
+    row("language", { u"-l"_s, u"AppleScript"_s, u"-e"_s, u"1"_s }, u"0 1\n"_s);
+    row("arguments after the script", { u"-e"_s, u"on run a\na\nend"_s, u"-x"_s, u"y"_s },
+        u"2 usage: osascript [-l AppleScript] [-s flags] [-e statement | file | -] "
+        u"[argument …]\n"_s);
+    row("arguments after two hyphens", { u"-e"_s, u"on run a\na\nend"_s, u"--"_s, u"-x"_s, u"y"_s },
+        u"0 -x, y\n"_s);
+    row("standard input", {}, u"0 3\n"_s, "1 + 2\n");
+    row("standard input with arguments", { u"-"_s, u"a"_s }, u"0 a\n"_s,
+        "on run argv\nitem 1 of argv\nend run\n");
+    row("carriage returns", {}, u"0 3\n"_s, "set x to 1\rset y to 2\rx + y\r");
+    row("both", {}, u"0 3\n"_s, "set x to 1 + \302\254\r\n 1\r\nx + 1\r\n");
+    row("line of a shell", {}, u"0 3\n"_s, "#!/usr/bin/osascript\n3\n");
+    row("byte order mark", {}, u"0 3\n"_s, "\357\273\2773\n");
+    row("execution error", { u"-e"_s, u"set x to 1"_s, u"-e"_s, u"set y to item 5 of {1}"_s },
+        u"1 20:33: execution error: Can’t get item 5 of {1}. (-1728)\n"_s);
+    row("undefined variable", one(u"1 + nothingThere"_s),
+        u"1 4:16: execution error: The variable nothingThere is not defined. (-2753)\n"_s);
+    row("cancelled", one(u"error number -128"_s),
+        u"1 0:17: execution error: User canceled. (-128)\n"_s);
+    row("syntax error", one(u"foo bar"_s),
+        u"1 4:7: syntax error: Expected end of line, etc. but found identifier. (-2741)\n"_s);
+    row("unknown application", one(u"tell application \"Nope\" to quit"_s),
+        u"1 5:23: execution error: Can’t get application \"Nope\". (-1728)\n"_s);
+    row("unknown option", { u"-z"_s, u"1"_s },
+        u"2 usage: osascript [-l AppleScript] [-s flags] [-e statement | file | -] "
+        u"[argument …]\n"_s);
+    row("other language", { u"-l"_s, u"JavaScript"_s, u"-e"_s, u"1"_s },
+        u"2 usage: osascript [-l AppleScript] [-s flags] [-e statement | file | -] "
+        u"[argument …]\n"_s);
+    row("no such file", { u"/nowhere/x.applescript"_s },
+        u"1 osascript: /nowhere/x.applescript: No such file or directory\n"_s);
+}
+
+void tst_OsascriptCommandLine::output()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QByteArray, input);
+    QTEST(run(arguments, input), "expected");
+}
+
+void tst_OsascriptCommandLine::runsFile()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"a script.applescript"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("on run {a}\n  \"<\" & a & \">\"\nend run\n");
+    file.close();
+    QCOMPARE(run({ file.fileName(), u"x y"_s }), u"0 <x y>\n"_s);
+}
+
+void tst_OsascriptCommandLine::endsAtOnce_data()
+{
+    QTest::addColumn<QString>("script");
+    // What tells its number first, so that the test knows that it runs.
+    QTest::newRow("delay") << u"log (do shell script \"echo $PPID\")\ndelay 1000"_s;
+    QTest::newRow("loop") << u"log (do shell script \"echo $PPID\")\nrepeat\nend repeat"_s;
+    QTest::newRow("child") << u"do shell script \"sleep 1000 & echo $! >$OSASCRIPT_PIPE; wait\""_s;
+    QTest::newRow("child that takes no hints")
+        << u"do shell script \"sh -c 'trap \\\"\\\" HUP; sleep 1000' & echo $! >$OSASCRIPT_PIPE; "
+           u"wait\""_s;
+}
+
+void tst_OsascriptCommandLine::endsAtOnce()
+{
+    QFETCH(const QString, script);
+    const QTemporaryDir folder;
+    const QString childFile = folder.filePath(u"child"_s);
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"OSASCRIPT_PIPE"_s, childFile);
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QStringLiteral(OSASCRIPT), { u"-e"_s, script });
+    const auto hasStarted = [&] {
+        process.waitForReadyRead(20);
+        return process.bytesAvailable() > 0 || QFileInfo(childFile).size() > 0;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasStarted(), patience);
+    QElapsedTimer timer;
+    timer.start();
+    process.terminate();
+    QVERIFY(process.waitForFinished(patience));
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit); // by the signal itself
+    QVERIFY(timer.elapsed() < 1000);
+    QFile file(childFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const qint64 child = file.readAll().trimmed().toLongLong();
+    QVERIFY(child > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(!isAlive(child), patience);
+}
+
+QTEST_GUILESS_MAIN(tst_OsascriptCommandLine)
+#include "tst_OsascriptCommandLine.moc"
