@@ -85,6 +85,19 @@ std::optional<Request> parseArguments(QStringList arguments)
     return request;
 }
 
+/// All of it, up to the limit: a pipe gives what it has at the moment.
+QByteArray readAll(QFile &file)
+{
+    QByteArray bytes;
+    while (bytes.size() < longestScript) {
+        const QByteArray some = file.read(longestScript - bytes.size());
+        if (some.isEmpty())
+            break;
+        bytes += some;
+    }
+    return bytes;
+}
+
 /// Of the file, or of standard input for "-" and for nothing at all; nothing when it cannot be
 /// read.
 std::optional<QString> readScript(QStringList &arguments)
@@ -97,8 +110,7 @@ std::optional<QString> readScript(QStringList &arguments)
         print(u"osascript: "_s + name + u": "_s + file.errorString() + u'\n', stderr);
         return std::nullopt;
     }
-    QString script = QString::fromUtf8(file.read(longestScript));
-    return script;
+    return QString::fromUtf8(readAll(file));
 }
 
 QString described(const ScriptError &error)

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace osascript {
+
+/// What the runner understands, as Markdown, made from the tables that the parser reads.
+[[nodiscard]] QString manual();
+
+}
