@@ -4,6 +4,8 @@
 
 #include "Terms.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 namespace osascript {
@@ -124,8 +126,10 @@ QString commands(Suite suite)
         for (const ParameterTerm &parameter : term.parameters) {
             const bool isFlag = parameter.kind == ParameterTerm::Kind::flag;
             const QString choices = parameter.choices.toString().replace(u'|', u", "_s);
-            text += u"  "_s + item(code((isFlag ? u"with "_s : QString()) + parameter.label), parameter.help)
-                        .chopped(1)
+            text += u"  "_s
+                + item(code((isFlag ? u"with "_s : QString()) + parameter.label.toString()),
+                       parameter.help)
+                      .chopped(1)
                 + (choices.isEmpty() ? QString() : u" ("_s + choices + u')') + u'\n';
         }
     }
@@ -138,7 +142,7 @@ QString manual()
 {
     QString text = introduction.toString() + statements() + operators();
     for (const auto &[suite, title] : sections) {
-        text += u"\n## "_s + title + u'\n';
+        text += u"\n## "_s + title.toString() + u'\n';
         text += names(suite, NameTerm::Kind::element, u"Classes"_s);
         text += names(suite, NameTerm::Kind::type, u"Classes without elements"_s);
         text += names(suite, NameTerm::Kind::property, u"Properties"_s);
