@@ -35,8 +35,11 @@ Outcome run(const Case &row, const QString &home)
     process.setProgram(QStringLiteral(OSASCRIPT));
     process.setArguments(QStringList { u"-s"_s, u"s"_s, u"-e"_s, row.script } + row.arguments);
     process.start();
-    if (!process.waitForFinished(patience))
+    if (!process.waitForFinished(patience)) {
+        process.kill();
+        process.waitForFinished();
         return {};
+    }
     Outcome outcome { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
                       QString::fromUtf8(process.readAllStandardOutput()),
                       {},

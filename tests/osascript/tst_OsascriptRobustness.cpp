@@ -26,8 +26,10 @@ End run(const QString &script)
     process.write(script.toUtf8());
     process.closeWriteChannel();
     const bool hasEnded = process.waitForFinished(patience);
-    if (!hasEnded)
+    if (!hasEnded) {
         process.kill();
+        process.waitForFinished();
+    }
     return { hasEnded && process.exitStatus() == QProcess::NormalExit && process.exitCode() <= 1,
              QString::fromUtf8(process.readAllStandardError()) };
 }

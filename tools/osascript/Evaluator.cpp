@@ -132,6 +132,14 @@ Value Evaluator::evaluateForm(const OperatorExpression &expression)
     }
 }
 
+/// Elements of applications know themselves what they can be.
+Value Evaluator::coercedTo(const Value &value, const QString &className)
+{
+    const auto *object = value.as<Object>();
+    const Value own = object ? object->application->property(*object, className) : Value();
+    return own.isNothing() ? coerced(value, className, context()) : own;
+}
+
 /// The first of the classes that the value can be made into.
 Value Evaluator::coercedTo(const Value &value, const Expression &classes)
 {
@@ -139,7 +147,7 @@ Value Evaluator::coercedTo(const Value &value, const Expression &classes)
     const QList<Value> choices = toItems(target);
     for (qsizetype i = 0; i < choices.size(); ++i) {
         try {
-            return coerced(value, choices.at(i).get<ClassName>().name, context());
+            return coercedTo(value, choices.at(i).get<ClassName>().name);
         } catch (const ScriptError &) {
             if (i + 1 == choices.size())
                 throw;

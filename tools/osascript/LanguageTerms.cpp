@@ -136,19 +136,19 @@ constexpr OperatorTerm operators[] {
 };
 
 constexpr QStringView reserved[] {
-    u"about",    u"above",   u"after",       u"against", u"and",         u"apart",   u"around",
-    u"as",       u"aside",   u"at",          u"before",  u"behind",      u"below",   u"beneath",
-    u"beside",   u"between", u"but",         u"by",      u"considering", u"contain", u"contains",
-    u"continue", u"copy",    u"div",         u"does",    u"doesn't",     u"else",    u"end",
-    u"equal",    u"equals",  u"error",       u"every",   u"exit",        u"false",   u"first",
-    u"for",      u"from",    u"get",         u"given",   u"global",      u"if",      u"ignoring",
-    u"in",       u"instead", u"into",        u"is",      u"isn't",       u"it",      u"its",
-    u"last",     u"local",   u"me",          u"middle",  u"mod",         u"my",      u"not",
-    u"of",       u"on",      u"onto",        u"or",      u"out",         u"over",    u"parent",
-    u"property", u"repeat",  u"return",      u"script",  u"set",         u"since",   u"some",
-    u"tell",     u"that",    u"the",         u"then",    u"through",     u"thru",    u"timeout",
-    u"times",    u"to",      u"transaction", u"true",    u"try",         u"under",   u"until",
-    u"using",    u"where",   u"while",       u"whose",   u"with",        u"without",
+    u"about",   u"above",   u"after",       u"against",  u"and",      u"around",      u"as",
+    u"at",      u"before",  u"behind",      u"below",    u"beneath",  u"beside",      u"between",
+    u"but",     u"by",      u"considering", u"contain",  u"contains", u"continue",    u"copy",
+    u"div",     u"does",    u"doesn't",     u"else",     u"end",      u"equal",       u"equals",
+    u"error",   u"every",   u"exit",        u"false",    u"first",    u"for",         u"from",
+    u"get",     u"given",   u"global",      u"if",       u"ignoring", u"in",          u"into",
+    u"is",      u"isn't",   u"it",          u"its",      u"last",     u"local",       u"me",
+    u"middle",  u"mod",     u"my",          u"not",      u"of",       u"on",          u"onto",
+    u"or",      u"over",    u"parent",      u"property", u"repeat",   u"return",      u"script",
+    u"set",     u"since",   u"some",        u"tell",     u"that",     u"the",         u"then",
+    u"through", u"thru",    u"timeout",     u"times",    u"to",       u"transaction", u"true",
+    u"try",     u"under",   u"until",       u"using",    u"where",    u"while",       u"whose",
+    u"with",    u"without",
 };
 
 constexpr QStringView labels[] {

@@ -15,14 +15,15 @@ bool isLineBreak(QChar c)
     return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
+/// Guillemets belong to the words of raw codes, of which a few are terms.
 bool startsWord(QChar c)
 {
-    return c.isLetter() || c == u'_' || c.isSurrogate();
+    return c.isLetter() || c == u'_' || c == u'«' || c.isSurrogate();
 }
 
 bool continuesWord(QChar c)
 {
-    return c.isLetterOrNumber() || c == u'_' || c.isMark() || c.isSurrogate();
+    return c.isLetterOrNumber() || c == u'_' || c == u'»' || c.isMark() || c.isSurrogate();
 }
 
 bool isDigit(QChar c)
@@ -154,6 +155,7 @@ void Lexer::readContinuation()
 
 void Lexer::readWord()
 {
+    ++m_at;
     while (m_at < m_script.size() && continuesWord(peek()))
         ++m_at;
     // "isn't" and "doesn't" are words; "x's" is a word and a possessive.

@@ -25,7 +25,10 @@ to standard error, or to standard output with `-s o`, and the exit status is 1.
 
 The language is the one of the public AppleScript Language Guide. All of a script is read before any
 of it runs: a word that is not in these tables, or an application that is not there, is an error
-before the clipboard or the keyboard are touched. Comments, continuation lines (¬), possessives
+before the clipboard or the keyboard are touched. Elements are named by index (`word 2 of x`,
+`item -1 of x`, `first word of x`, `3rd item of x`), by name (`process "x"`), all at once (`every word
+of x`, `words of x`), in part (`items 2 thru -1 of x`, `text from word 1 to word 3 of x`), or as
+`last`, `middle`, `some`; those of applications also with `whose` and a test. Comments, continuation lines (¬), possessives
 (`'s`), the article “the” and names between bars are what they are in the guide. No locale matters.
 
 What is different here:
@@ -33,7 +36,7 @@ What is different here:
 - Command is Ctrl, and Ctrl+Shift where the keys go to a terminal.
 - A file is a POSIX path, as a text, too; there are no volumes and no paths with colons.
 - The variable of `repeat with x in list` stands for the item wherever it is used.
-- Script objects have no parents, and frameworks and raw codes (`«event …»`) are not known.
+- Script objects have no parents, and frameworks and raw codes (`«event …»`) are not known, but for `«class utf8»`.
 - A text is at most 32 Mi code units long and a list 4 Mi items; more is error -108. What nests or
   recurses too deeply is error -2741 or -2706.
 )";
