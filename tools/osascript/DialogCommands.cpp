@@ -5,6 +5,7 @@
 #include "Coercion.h"
 #include "Printer.h"
 #include "ScriptError.h"
+#include "TextElements.h"
 
 #include <cmath>
 
@@ -19,7 +20,7 @@ constexpr qsizetype mostButtons = 3;
 QString textArgument(const Invocation &call, QStringView label, const TextContext &context)
 {
     const Value value = call.argument(label);
-    return value.isNothing() ? QString() : toText(value, context);
+    return value.isNothing() ? QString() : withLineFeeds(toText(value, context));
 }
 
 bool flagArgument(const Invocation &call, QStringView label)
@@ -65,7 +66,7 @@ DialogRequest request(const Invocation &call, const QStringList &usualButtons,
                       const TextContext &context)
 {
     DialogRequest request;
-    request.message = toText(call.direct, context);
+    request.message = withLineFeeds(toText(call.direct, context));
     const Value buttons = call.argument(u"buttons");
     request.buttons = buttons.isNothing() ? usualButtons : texts(buttons, context);
     if (request.buttons.isEmpty() || request.buttons.size() > mostButtons)
@@ -132,7 +133,7 @@ Value displayAlert(const Invocation &call, const TextContext &context, Host &hos
 
 Value displayNotification(const Invocation &call, const TextContext &context, Host &host)
 {
-    const Failure failure = host.dialogs.notify(toText(call.direct, context),
+    const Failure failure = host.dialogs.notify(withLineFeeds(toText(call.direct, context)),
                                                 textArgument(call, u"with title", context),
                                                 textArgument(call, u"subtitle", context), {});
     if (failure)

@@ -62,9 +62,8 @@ Value Evaluator::evaluateForm(const CommandExpression &command)
 
 Value Evaluator::perform(const Invocation &invocation)
 {
-    if (invocation.is(u"count")) {
+    if (invocation.is(u"count"))
         return Value(valueLength(invocation.direct));
-    }
     if (invocation.is(u"run script")) {
         const Value arguments = invocation.argument(u"with parameters");
         return run(sourceOf(invocation.direct, context()),

@@ -35,6 +35,7 @@ What is different here:
 
 - Command is Ctrl, and Ctrl+Shift where the keys go to a terminal.
 - A file is a POSIX path, as a text, too; there are no volumes and no paths with colons.
+- On the clipboard and in dialogs a return alone becomes a line feed, which is what ends lines here.
 - The variable of `repeat with x in list` stands for the item wherever it is used.
 - Script objects have no parents, and frameworks and raw codes (`«event …»`) are not known, but for `«class utf8»`.
 - A text is at most 32 Mi code units long and a list 4 Mi items; more is error -108. What nests or

@@ -68,7 +68,10 @@ Value calculatedWithDate(Operation operation, const QDateTime &left, const Value
     if (operation != Operation::add && operation != Operation::subtract)
         failToCoerce(printed(Value::date(left)), u"number"_s);
     const qint64 seconds = toInteger(right);
-    return Value::date(left.addSecs(operation == Operation::add ? seconds : -seconds));
+    const QDateTime moved = left.addSecs(operation == Operation::add ? seconds : -seconds);
+    if (!moved.isValid())
+        fail(ScriptError::numberTooLarge, u"The result of a numeric operation was too large."_s);
+    return Value::date(moved);
 }
 
 Value concatenatedRecords(const RecordPointer &left, const RecordPointer &right)

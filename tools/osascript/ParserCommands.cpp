@@ -24,11 +24,13 @@ ExpressionPointer Parser::readCommand(const CommandTerm &command, qsizetype leng
     const bool isStatement = from == m_statementStart;
     m_at += length;
     CommandExpression call { &command, nullptr, {} };
-    const bool hasAs
-        = std::any_of(command.parameters.begin(), command.parameters.end(),
-                      [](const ParameterTerm &parameter) { return parameter.label == u"as"; });
-    const bool hasIn = command.words == u"offset";
-    const Scoped<Allowed> allowed(m_allowed, { .of = m_allowed.of, .in = !hasIn, .as = !hasAs });
+    const auto hasLabel = [&command](QStringView label) {
+        return std::any_of(
+            command.parameters.begin(), command.parameters.end(),
+            [&](const ParameterTerm &parameter) { return parameter.label == label; });
+    };
+    const Scoped<Allowed> allowed(
+        m_allowed, { .of = m_allowed.of, .in = !hasLabel(u"in"), .as = !hasLabel(u"as") });
     const Scoped<const CommandTerm *> current(m_command, &command);
     readDirect(call, isStatement ? disjunction : coercion);
     while (readArgument(call) || readFlags(call)) {

@@ -137,8 +137,8 @@ ExpressionPointer Parser::readTerm(const Vocabulary::Match &match)
     m_at += match.length;
     const auto property = match.name(NameTerm::Kind::property);
     const auto constant = match.name(NameTerm::Kind::constant);
-    const auto isPossessed
-        = isBeforeContainer() || (m_at >= 2 && m_tokens.at(from - 1).text == u"'s");
+    const bool isPossessed
+        = isBeforeContainer() || (from > 0 && m_tokens.at(from - 1).text == u"'s");
     if (property && (isPossessed || !constant))
         return make(PropertyExpression { property->term->words.toString(), nullptr }, from);
     if (constant)

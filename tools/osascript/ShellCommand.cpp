@@ -127,7 +127,7 @@ public:
     ~RunningGroup()
     {
         if (!m_isOver)
-            kill(-m_leader, SIGTERM);
+            kill(-m_leader, SIGKILL);
         static_cast<void>(wait());
         runningGroup = 0;
     }

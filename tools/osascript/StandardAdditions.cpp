@@ -10,6 +10,7 @@
 #include "Printer.h"
 #include "ScriptError.h"
 #include "ShellCommand.h"
+#include "TextElements.h"
 #include "UserFolders.h"
 #include "ValueProperties.h"
 
@@ -39,7 +40,7 @@ Value clipboard(const Invocation & /*call*/, const TextContext & /*context*/, Ho
 
 Value setClipboard(const Invocation &call, const TextContext &context, Host &host)
 {
-    check(host.clipboard.setText(toText(call.direct, context)));
+    check(host.clipboard.setText(withLineFeeds(toText(call.direct, context))));
     return {};
 }
 

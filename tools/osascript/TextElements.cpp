@@ -94,4 +94,13 @@ QList<TextRange> paragraphRanges(const QString &text)
     return ranges;
 }
 
+QString withLineFeeds(QString text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i) == u'\r' && text.mid(i + 1, 1) != u"\n")
+            text[i] = u'\n';
+    }
+    return text;
+}
+
 }

@@ -24,4 +24,8 @@ struct TextRange
 /// break is one, even when it is empty.
 [[nodiscard]] QList<TextRange> paragraphRanges(const QString &text);
 
+/// Carriage returns, with which scripts end lines, as the line feeds that end lines on this
+/// desktop. CR LF stays.
+[[nodiscard]] QString withLineFeeds(QString text);
+
 }
