@@ -131,6 +131,7 @@ constexpr NameTerm names[] {
       u"notes" },
     { u"folder", element, notes, u"A folder of notes.", u"folders" },
     { u"account", element, notes, u"Accepted; there is one place for notes.", u"accounts" },
+    { u"default account", property, notes, u"An account." },
     { u"body", property, notes, u"Of a note: its text or HTML." },
     { u"plaintext", property, notes, u"Of a note: its text." },
 

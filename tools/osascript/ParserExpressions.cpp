@@ -177,6 +177,7 @@ ExpressionPointer Parser::readParenthesized()
     const Scoped<Allowed> allowed(m_allowed, {});
     const Scoped<const CommandTerm *> none(m_command, nullptr);
     expect(u"(");
+    accept(u"get");
     m_statementStart = m_at; // a command in parentheses takes all that follows it
     ExpressionPointer value = readExpression();
     expect(u")");

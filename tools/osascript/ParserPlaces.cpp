@@ -137,8 +137,12 @@ ExpressionPointer Parser::readTerm(const Vocabulary::Match &match)
     m_at += match.length;
     const auto property = match.name(NameTerm::Kind::property);
     const auto constant = match.name(NameTerm::Kind::constant);
-    const bool isPossessed
-        = isBeforeContainer() || (from > 0 && m_tokens.at(from - 1).text == u"'s");
+    static constexpr QStringView owners[] { u"'s", u"its", u"my" };
+    const bool hasOwner
+        = from > 0 && std::any_of(std::begin(owners), std::end(owners), [&](QStringView owner) {
+              return matchWords(owner, m_tokens, from - 1) > 0;
+          });
+    const bool isPossessed = hasOwner || isBeforeContainer();
     if (property && (isPossessed || !constant))
         return make(PropertyExpression { property->term->words.toString(), nullptr }, from);
     if (constant)

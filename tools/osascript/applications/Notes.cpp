@@ -102,6 +102,8 @@ QString Notes::nameOf(const Object &object) const
 
 Value Notes::property(const Object &object, const QString &name)
 {
+    if (name == u"default account")
+        return Value(element(u"account"_s, u"Notes"_s));
     if (object.className != u"note" || (name != u"body" && name != u"plaintext"))
         return Application::property(object, name);
     QFile file(object.key);
