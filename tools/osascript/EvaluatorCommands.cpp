@@ -19,6 +19,12 @@ namespace {
 
 constexpr qint64 longestScript = 8 << 20; // bytes
 
+[[noreturn]] void failNotUnderstanding(const Value &receiver, const QString &message)
+{
+    fail(ScriptError::notUnderstood,
+         printed(receiver) + u" doesn’t understand the “"_s + message + u"” message."_s);
+}
+
 QString sourceOf(const Value &script, const TextContext &context)
 {
     if (!script.is<File>())
@@ -93,26 +99,19 @@ Value Evaluator::performOnApplication(const Invocation &invocation)
     const auto *direct = invocation.direct.as<Object>();
     const bool isToDirect = direct && direct->className == u"application"
         && invocation.command->suite == Suite::application;
-    const auto *told = invocation.target.as<Object>();
-    const Object *object = isToDirect ? direct : told;
-    if (!object) {
-        // Without an application, what is opened goes to its default handler.
-        Application *application = m_applications.find(u"Finder"_s);
-        if (invocation.is(u"open") && !told)
-            return m_applications.ask(*application,
-                                      [&] { return application->perform(invocation); });
-        fail(ScriptError::notUnderstood,
-             printed(invocation.direct.isNothing() ? invocation.target : invocation.direct)
-                 + u" doesn’t understand the “"_s + invocation.command->words.toString()
-                 + u"” message."_s);
-    }
     Invocation meant = invocation;
     if (isToDirect) {
         meant.target = invocation.direct;
         meant.direct = Value();
     }
-    Application &application = *object->application;
-    return m_applications.ask(application, [&] { return application.perform(meant); });
+    const auto *told = meant.target.as<Object>();
+    Application *application = told ? told->application : nullptr;
+    if (!application && invocation.is(u"open"))
+        application = m_applications.find(u"Finder"_s); // which asks for the default handler
+    if (!application)
+        failNotUnderstanding(invocation.direct.isNothing() ? invocation.target : invocation.direct,
+                             invocation.command->words.toString());
+    return m_applications.ask(*application, [&] { return application->perform(meant); });
 }
 
 const HandlerDefinition *Evaluator::findHandler(ScriptObject *&owner, const QString &name)
@@ -147,8 +146,7 @@ Value Evaluator::evaluateForm(const CallExpression &expression)
         owner = held->owner;
     }
     if (!handler)
-        fail(ScriptError::notUnderstood,
-             printed(target) + u" doesn’t understand the “"_s + expression.name + u"” message."_s);
+        failNotUnderstanding(target, expression.name);
     return call(owner, *handler, orderedArguments(expression, *handler));
 }
 
@@ -159,9 +157,9 @@ QList<Value> Evaluator::orderedArguments(const CallExpression &expression,
     QList<Value> values;
     for (const ExpressionPointer &argument : expression.arguments)
         values.append(valueOf(argument));
-    if (expression.labels.isEmpty() && handler.labels.isEmpty()) {
-        if (static_cast<size_t>(values.size()) != handler.parameters.size()
-            && !handler.takesOptionalArguments)
+    if (handler.labels.isEmpty()) {
+        const bool fits = static_cast<size_t>(values.size()) == handler.parameters.size();
+        if (!fits || !expression.labels.isEmpty())
             failWith(-1721,
                      printed(Value::list(values)) + u" doesn’t match the parameters for "_s
                          + handler.name + u'.');
