@@ -123,6 +123,12 @@ bool Editor::selectAll()
     return false;
 }
 
+std::optional<QString> Editor::content()
+{
+    selectByKeyboard();
+    return m_session.clipboard().text(XClipboard::Selection::Primary);
+}
+
 void Editor::selectByKeyboard()
 {
     m_session.user().tap(XKB_KEY_Home, { XKB_KEY_Control_L });

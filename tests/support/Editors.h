@@ -24,6 +24,8 @@ public:
     [[nodiscard]] bool open(const QString &text);
     // Selects the whole text as a user does, whatever the keyboard layout; true once it is PRIMARY.
     [[nodiscard]] bool selectAll();
+    // What is in the editor, as selecting all of it shows.
+    [[nodiscard]] std::optional<QString> content();
     // How often the program in the terminal was interrupted.
     [[nodiscard]] int interrupts() const;
 

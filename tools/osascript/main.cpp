@@ -1,23 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "CommandLine.h"
-#include "HeadlessHost.h"
+#include "DesktopHost.h"
 
-namespace {
-
-osascript::Host makeHost()
-{
-    static osascript::HeadlessHost headless;
-    return headless.host();
-}
-
-}
+#include <QCoreApplication>
 
 int main(int argc, char *argv[])
 {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromUtf8(argv[i]));
-    osascript::Host host = makeHost();
+    const QCoreApplication application(argc, argv);
+    DesktopHost desktop;
+    osascript::Host host = desktop.host();
     return osascript::runCommandLine(arguments, host);
 }
