@@ -7,6 +7,7 @@
 #include "XClipboard.h"
 
 #include <QDeadlineTimer>
+#include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
@@ -125,8 +126,14 @@ bool Editor::selectAll()
 
 std::optional<QString> Editor::content()
 {
+    constexpr auto primary = XClipboard::Selection::Primary;
+    XClipboard &clipboard = m_session.clipboard();
+    const int before = clipboard.changes(primary);
     selectByKeyboard();
-    return m_session.clipboard().text(XClipboard::Selection::Primary);
+    // The selection before is given up first.
+    const bool isSelected = clipboard.waitForChange(before, primary, retryAfter)
+        && QTest::qWaitFor([&] { return clipboard.owner(primary) != 0; }, 1000);
+    return isSelected ? clipboard.text(primary) : std::nullopt;
 }
 
 void Editor::selectByKeyboard()
