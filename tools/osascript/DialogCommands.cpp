@@ -44,8 +44,7 @@ QString button(const Invocation &call, QStringView label, const QStringList &but
     const Value value = call.argument(label);
     if (value.isNothing())
         return {};
-    const QString name
-        = value.isNumber() ? buttons.value(toInteger(value) - 1) : toText(value, context);
+    QString name = value.isNumber() ? buttons.value(toInteger(value) - 1) : toText(value, context);
     if (!buttons.contains(name))
         failToGet(label.toString() + u' ' + printed(value));
     return name;

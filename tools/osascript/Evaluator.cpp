@@ -61,7 +61,7 @@ Value Evaluator::evaluate(const Expression &expression)
 
 Value Evaluator::valueOf(const ExpressionPointer &expression)
 {
-    const Value value = evaluate(*expression);
+    Value value = evaluate(*expression);
     if (value.isNothing())
         throw ScriptError { u"No result was returned from some part of this expression."_s,
                             ScriptError::noResult, ScriptError::Phase::execution,

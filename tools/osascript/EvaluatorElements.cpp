@@ -42,7 +42,7 @@ bool isDistributed(const ElementExpression &element)
 
 Value Evaluator::evaluateForm(const ElementExpression &element)
 {
-    if (const Value named = namedValue(element); !named.isNothing())
+    if (Value named = namedValue(element); !named.isNothing())
         return named;
     const Value container = element.container ? valueOf(element.container) : frame().it;
     if (!isDistributed(element) || !container.isList())
@@ -65,7 +65,7 @@ Value Evaluator::namedValue(const ElementExpression &element)
     const Value key = valueOf(element.key);
     if (!key.isText())
         return isFile && key.is<File>() ? coerced(key, name, context()) : Value();
-    const QString text = key.get<QString>();
+    const QString &text = key.get<QString>();
     // In an application, the name of one of its files; a whole path is a path everywhere.
     if (name == u"file" && frame().it.is<Object>() && !text.startsWith(u'/'))
         return {};
@@ -124,7 +124,7 @@ Value Evaluator::rangeOf(const ElementExpression &element, const ValueElements &
             || std::holds_alternative<ElementExpression>(element.lastKey->form));
     if (!isBounded)
         return elements.range(toInteger(valueOf(element.key)), toInteger(valueOf(element.lastKey)));
-    const QString text = container.get<QString>();
+    const QString &text = container.get<QString>();
     return textBetween(text, boundary(element.key, text), boundary(element.lastKey, text));
 }
 
@@ -193,7 +193,7 @@ Value Evaluator::objectOf(const ElementExpression &element, const Object &contai
     QList<Value> values;
     for (const Object &object : objects)
         values.append(Value(object));
-    const Value all = Value::list(values);
+    Value all = Value::list(values);
     if (element.form != Form::range)
         return all;
     return ValueElements(all, u"item"_s, context())

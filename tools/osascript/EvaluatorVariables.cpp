@@ -110,7 +110,7 @@ Value Evaluator::propertyOf(const Value &container, const QString &name)
             return Value((*script)->name);
     }
     const bool isLanguageOrScript = isLanguage(container) || container.is<ScriptObject *>();
-    const Value language = isLanguageOrScript ? languageProperty(name) : Value();
+    Value language = isLanguageOrScript ? languageProperty(name) : Value();
     if (!language.isNothing())
         return language;
     if (!areObjects(container) || name == u"length" || name == u"reverse" || name == u"rest"
@@ -141,7 +141,7 @@ Value Evaluator::ownProperty(const QString &name)
         return frame().result;
     }
     if (const auto *object = frame().it.as<Object>()) {
-        const Value value = m_applications.ask(
+        Value value = m_applications.ask(
             *object->application, [&] { return object->application->property(*object, name); });
         if (!value.isNothing())
             return value;

@@ -107,13 +107,13 @@ bool compared(Operation operation, const Value &left, const Value &right,
     using enum Operation;
     switch (operation) {
     case less:
-        return ordered(left, right, context) < 0;
+        return std::is_lt(ordered(left, right, context));
     case lessOrEqual:
-        return ordered(left, right, context) <= 0;
+        return std::is_lteq(ordered(left, right, context));
     case greater:
-        return ordered(left, right, context) > 0;
+        return std::is_gt(ordered(left, right, context));
     case greaterOrEqual:
-        return ordered(left, right, context) >= 0;
+        return std::is_gteq(ordered(left, right, context));
     case equal:
         return areEqual(left, right, context);
     case notEqual:

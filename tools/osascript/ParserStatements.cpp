@@ -243,7 +243,7 @@ Statement::Form Parser::readTry()
 void Parser::readErrorPattern(TryStatement &statement)
 {
     const auto readVariable = [this] {
-        const QString name = readIdentifier();
+        QString name = readIdentifier();
         m_assigned.insert(name.toLower());
         return name;
     };

@@ -141,7 +141,7 @@ struct IfStatement
     struct Branch
     {
         ExpressionPointer test = {}; ///< nullptr: else
-        Statements body = {};
+        Statements body;
     };
     std::vector<Branch> branches;
 };
@@ -154,7 +154,7 @@ struct RepeatStatement
     ExpressionPointer value = {}; ///< count, test, first number, or list
     ExpressionPointer last = {};
     ExpressionPointer step = {};
-    Statements body = {};
+    Statements body;
 };
 
 struct ExitRepeat
@@ -168,8 +168,8 @@ struct ReturnStatement
 
 struct TryStatement
 {
-    Statements body = {};
-    Statements handler = {};
+    Statements body;
+    Statements handler;
     QString message = {}; ///< a variable, or empty
     QString number = {}; ///< a variable, or empty
     std::optional<int> onlyNumber = std::nullopt; ///< the only error that is caught
@@ -184,7 +184,7 @@ struct ErrorStatement
 struct TellStatement
 {
     ExpressionPointer target = {};
-    Statements body = {};
+    Statements body;
 };
 
 /// How texts are compared inside a block.
@@ -200,7 +200,7 @@ struct ConsideringStatement
     };
     QList<Attribute> considered;
     QList<Attribute> ignored;
-    Statements body = {};
+    Statements body;
 };
 
 struct Declaration
@@ -212,7 +212,7 @@ struct Declaration
 
 struct Block
 {
-    Statements body = {};
+    Statements body;
 };
 
 struct ScriptStatement

@@ -85,6 +85,10 @@ using RecordPointer = std::shared_ptr<Record>;
 using DatePointer = std::shared_ptr<QDateTime>;
 using ReferencePointer = std::shared_ptr<const Reference>;
 
+template <typename T, typename Variant> inline constexpr bool isAlternative = false;
+template <typename T, typename... Ts>
+inline constexpr bool isAlternative<T, std::variant<Ts...>> = (std::same_as<T, Ts> || ...);
+
 /// Any value of a script, or nothing: what a command without a result leaves. Cheap to copy. Lists,
 /// records and dates are shared between copies and can change; all else is immutable.
 class Value final
@@ -96,7 +100,7 @@ public:
 
     Value() = default;
     template <typename T>
-    requires(std::constructible_from<Data, std::in_place_type_t<T>, T>) explicit Value(T data)
+    requires(isAlternative<T, Data>) explicit Value(T data)
         : m_data(std::in_place_type<T>, std::move(data))
     {
     }

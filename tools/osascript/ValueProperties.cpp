@@ -143,7 +143,7 @@ Value valueProperty(const Value &value, const QString &name, const TextContext &
         if (const Value *field = (*record)->find(name))
             return *field;
     }
-    const Value own = ownProperty(value, name);
+    Value own = ownProperty(value, name);
     if (!own.isNothing())
         return own;
     if (name == u"class")

@@ -55,8 +55,8 @@ std::unique_ptr<Application> Applications::make(const QString &name)
 
 void Applications::finish()
 {
-    for (const auto &[name, application] : m_applications) {
-        if (application)
+    for (const auto &entry : m_applications) {
+        if (Application *application = entry.second.get())
             ask(*application, [&] { application->finish(); });
     }
 }

@@ -15,7 +15,7 @@ constexpr qsizetype longestName = 120; // bytes; file systems take 255, and " 2.
 
 constexpr auto caseless = QRegularExpression::CaseInsensitiveOption;
 
-QString decoded(QString text)
+QString decoded(const QString &text)
 {
     static const QRegularExpression entity(u"&(#[0-9]{1,7}|#x[0-9a-f]{1,6}|[a-z]{2,6});"_s,
                                            caseless);
