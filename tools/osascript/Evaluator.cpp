@@ -115,6 +115,8 @@ Value Evaluator::evaluateForm(const Negation &negation)
 Value Evaluator::evaluateForm(const OperatorExpression &expression)
 {
     using enum Operation;
+    if (expression.operation == isRunning || expression.operation == isNotRunning)
+        return Value(runs(expression.left) == (expression.operation == isRunning));
     const Value left = valueOf(expression.left);
     switch (expression.operation) {
     case conjunction:
@@ -123,13 +125,21 @@ Value Evaluator::evaluateForm(const OperatorExpression &expression)
         return Value(toBoolean(left) || toBoolean(valueOf(expression.right)));
     case coerce:
         return coercedTo(left, *expression.right);
-    case isRunning:
-        return propertyOf(left, u"running"_s);
-    case isNotRunning:
-        return Value(!toBoolean(propertyOf(left, u"running"_s)));
     default:
         return applied(expression.operation, left, valueOf(expression.right), context());
     }
+}
+
+/// An application that is not there does not run.
+bool Evaluator::runs(const ExpressionPointer &application)
+{
+    try {
+        return toBoolean(propertyOf(valueOf(application), u"running"_s));
+    } catch (const ScriptError &error) {
+        if (error.number != ScriptError::cannotGet)
+            throw;
+    }
+    return false;
 }
 
 /// Elements of applications know themselves what they can be.

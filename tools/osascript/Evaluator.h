@@ -72,6 +72,7 @@ private:
     Value evaluateForm(const Pronoun &pronoun);
     Value evaluateForm(const ReferenceExpression &reference);
     Value evaluateForm(const ExistsExpression &exists);
+    bool runs(const ExpressionPointer &application);
     Value coercedTo(const Value &value, const QString &className);
     Value coercedTo(const Value &value, const Expression &classes);
 

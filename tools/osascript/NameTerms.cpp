@@ -207,13 +207,22 @@ std::span<const NameTerm> nameTerms()
     return names;
 }
 
-Suite suiteOf(QStringView name)
+QStringView bareName(QStringView name)
 {
+    constexpr QStringView suffix = u".app";
+    if (name.endsWith(suffix, Qt::CaseInsensitive))
+        name.chop(suffix.size());
+    return name.sliced(name.lastIndexOf(u'/') + 1);
+}
+
+Suite suiteOf(QStringView application)
+{
+    const QStringView name = bareName(application);
     for (const auto &[known, suite] : applications) {
         if (name.compare(known, Qt::CaseInsensitive) == 0)
             return suite;
     }
-    return application;
+    return Suite::application;
 }
 
 }

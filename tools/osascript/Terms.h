@@ -155,6 +155,9 @@ struct CommandTerm
 /// The words before parameters of handlers.
 [[nodiscard]] std::span<const QStringView> handlerLabels();
 
+/// An application's name without the path and the ".app" that it can be written with.
+[[nodiscard]] QStringView bareName(QStringView application);
+
 /// The suite that opens with the name or the identifier of an application.
 [[nodiscard]] Suite suiteOf(QStringView application);
 

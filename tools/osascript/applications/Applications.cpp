@@ -18,8 +18,9 @@ Applications::Applications(Host &host)
 {
 }
 
-Application *Applications::find(const QString &name)
+Application *Applications::find(const QString &written)
 {
+    const QString name = bareName(written).toString();
     const Suite suite = suiteOf(name);
     // All names of an adapter are one application.
     const QString key

@@ -16,9 +16,9 @@ class Applications final
 public:
     explicit Applications(Host &host);
 
-    /// By name or identifier, whatever the case; nullptr when there is none. The same object each
-    /// time.
-    [[nodiscard]] Application *find(const QString &name);
+    /// By name or identifier, whatever the case, with or without ".app"; nullptr when there is
+    /// none. The same object each time.
+    [[nodiscard]] Application *find(const QString &written);
     /// Lets all applications do what they have put off.
     void finish();
 
