@@ -127,10 +127,9 @@ void tst_OsascriptCommandLine::endsAtOnce_data()
     // What tells its number first, so that the test knows that it runs.
     QTest::newRow("delay") << u"log (do shell script \"echo $PPID\")\ndelay 1000"_s;
     QTest::newRow("loop") << u"log (do shell script \"echo $PPID\")\nrepeat\nend repeat"_s;
-    QTest::newRow("child") << u"do shell script \"sleep 1000 & echo $! >$OSASCRIPT_PIPE; wait\""_s;
-    QTest::newRow("child that takes no hints")
-        << u"do shell script \"sh -c 'trap \\\"\\\" HUP; sleep 1000' & echo $! >$OSASCRIPT_PIPE; "
-           u"wait\""_s;
+    QTest::newRow("child") << u"do shell script \"sleep 1000 & echo $! >$OSASCRIPT_CHILD; wait\""_s;
+    QTest::newRow("child of a child")
+        << u"do shell script \"sh -c 'sleep 1000; true' & echo $! >$OSASCRIPT_CHILD; wait\""_s;
 }
 
 void tst_OsascriptCommandLine::endsAtOnce()
@@ -140,7 +139,7 @@ void tst_OsascriptCommandLine::endsAtOnce()
     const QString childFile = folder.filePath(u"child"_s);
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"OSASCRIPT_PIPE"_s, childFile);
+    environment.insert(u"OSASCRIPT_CHILD"_s, childFile);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QStringLiteral(OSASCRIPT), { u"-e"_s, script });

@@ -1,8 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include <Manual.h>
+#include "Cases.h"
 
+#include <Manual.h>
+#include <Terms.h>
+
+#include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +18,7 @@ class tst_OsascriptManual : public QObject
 
 private Q_SLOTS:
     void isUpToDate();
+    void hasCaseForEachTerm();
 };
 
 /// "ninja update-applescript-manual" writes it.
@@ -21,6 +27,30 @@ void tst_OsascriptManual::isUpToDate()
     QFile file(QStringLiteral(OSASCRIPT_MANUAL));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(QString::fromUtf8(file.readAll()) == osascript::manual());
+}
+
+/// What the manual promises is used in at least one of the scripts with a known outcome.
+void tst_OsascriptManual::hasCaseForEachTerm()
+{
+    QString scripts;
+    const QDir folder(QStringLiteral(OSASCRIPT_CASES));
+    for (const QString &file : folder.entryList({ u"*.txt"_s })) {
+        for (const Case &row : readCases(folder.filePath(file)))
+            scripts += row.script + u'\n';
+    }
+    QStringList terms;
+    for (const auto &term : osascript::commandTerms())
+        terms.append(term.words.toString());
+    for (const auto &term : osascript::nameTerms())
+        terms.append(term.words.toString());
+    for (const auto &term : osascript::operatorTerms())
+        terms.append(term.words.toString());
+    for (const QString &term : std::as_const(terms)) {
+        const QRegularExpression use(u"(?<![a-z])"_s + QRegularExpression::escape(term)
+                                         + u"(?![a-z])"_s,
+                                     QRegularExpression::CaseInsensitiveOption);
+        QVERIFY2(use.match(scripts).hasMatch(), qPrintable(term));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_OsascriptManual)

@@ -120,8 +120,6 @@ constexpr CommandTerm commands[] {
     { u"current date", additions, Direct::none, {}, u"Now." },
     { u"random number", additions, Direct::optional, randomParameters,
       u"A real from 0 to 1, or an integer in the range." },
-    { u"some random number", additions, Direct::optional, randomParameters,
-      u"The same as random number." },
     { u"round", additions, Direct::required, roundParameters, u"An integer." },
     { u"offset", additions, Direct::none, offsetParameters,
       u"Where a text first is in another, from 1; or 0." },

@@ -61,6 +61,11 @@ Value Evaluator::evaluate(const Expression &expression)
 
 Value Evaluator::valueOf(const ExpressionPointer &expression)
 {
+    return resolved(heldBy(expression));
+}
+
+Value Evaluator::heldBy(const ExpressionPointer &expression)
+{
     Value value = evaluate(*expression);
     if (value.isNothing())
         throw ScriptError { u"No result was returned from some part of this expression."_s,
@@ -94,7 +99,7 @@ Value Evaluator::evaluateForm(const ListExpression &list)
     QList<Value> items;
     items.reserve(static_cast<qsizetype>(list.items.size()));
     for (const ExpressionPointer &item : list.items)
-        items.append(valueOf(item));
+        items.append(heldBy(item));
     return Value::list(items);
 }
 
@@ -102,7 +107,7 @@ Value Evaluator::evaluateForm(const RecordExpression &record)
 {
     QList<Field> fields;
     for (qsizetype i = 0; i < record.names.size(); ++i)
-        fields.append({ record.names.at(i), valueOf(record.values[static_cast<size_t>(i)]) });
+        fields.append({ record.names.at(i), heldBy(record.values[static_cast<size_t>(i)]) });
     return Value::record(fields);
 }
 
@@ -168,8 +173,8 @@ Value Evaluator::coercedTo(const Value &value, const Expression &classes)
 
 Value Evaluator::evaluateForm(const PropertyExpression &property)
 {
-    return property.container ? propertyOf(valueOf(property.container), property.name)
-                              : ownProperty(property.name);
+    return resolved(property.container ? propertyOf(valueOf(property.container), property.name)
+                                       : ownProperty(property.name));
 }
 
 Value Evaluator::evaluateForm(const Pronoun &pronoun)

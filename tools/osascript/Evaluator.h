@@ -58,6 +58,8 @@ private:
     // Expressions (Evaluator.cpp)
     [[nodiscard]] Value evaluate(const Expression &expression); ///< may be nothing
     [[nodiscard]] Value valueOf(const ExpressionPointer &expression); ///< raises -2763 for nothing
+    /// The same, but a reference stays one: for what is kept rather than used.
+    [[nodiscard]] Value heldBy(const ExpressionPointer &expression);
     [[nodiscard]] Value optionalValueOf(const ExpressionPointer &expression);
     Value evaluateForm(const Literal &literal);
     Value evaluateForm(const Variable &variable);

@@ -156,7 +156,7 @@ QList<Value> Evaluator::orderedArguments(const CallExpression &expression,
 {
     QList<Value> values;
     for (const ExpressionPointer &argument : expression.arguments)
-        values.append(valueOf(argument));
+        values.append(heldBy(argument));
     if (handler.labels.isEmpty()) {
         const bool fits = static_cast<size_t>(values.size()) == handler.parameters.size();
         if (!fits || !expression.labels.isEmpty())

@@ -74,7 +74,7 @@ Evaluator::Flow Evaluator::executeForm(const ExpressionStatement &statement)
 Evaluator::Flow Evaluator::executeForm(const Assignment &assignment)
 {
     // "set x to a reference to y" keeps the reference; "copy" takes what it refers to.
-    const Value value = valueOf(assignment.value);
+    const Value value = heldBy(assignment.value);
     const Value assigned = assignment.copies ? deepCopy(resolved(value)) : value;
     assign(*assignment.target, assigned);
     frame().result = assigned;

@@ -129,8 +129,11 @@ Value roundNumber(const Invocation &call, const TextContext & /*context*/, Host 
 
 Value offset(const Invocation &call, const TextContext &context, Host & /*host*/)
 {
-    const QString part = toText(call.argument(u"of"), context);
-    return Value(qint64 { offsetOf(part, toText(call.argument(u"in"), context), context) });
+    const Value part = call.argument(u"of");
+    const Value text = call.argument(u"in");
+    if (part.isNothing() || text.isNothing())
+        fail(ScriptError::missingParameter, u"The offset needs a text of it and a text in it."_s);
+    return Value(qint64 { offsetOf(toText(part, context), toText(text, context), context) });
 }
 
 Value textOfId(const Invocation &call, const TextContext & /*context*/, Host & /*host*/)
@@ -180,7 +183,6 @@ Value StandardAdditions::perform(const Invocation &invocation, const TextContext
         { u"log", writeLog },
         { u"current date", currentDate },
         { u"random number", randomNumber },
-        { u"some random number", randomNumber },
         { u"round", roundNumber },
         { u"offset", offset },
         { u"character id", textOfId },
