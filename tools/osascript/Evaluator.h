@@ -103,6 +103,9 @@ private:
     Value namedValue(const ElementExpression &element);
     Value elementOf(const ElementExpression &element, const Value &container);
     Value objectOf(const ElementExpression &element, const Object &container);
+    Value objectNamed(const QString &name, const QString &className, const QList<Object> &objects);
+    Value objectAmong(const QList<Object> &objects, const ElementExpression &element,
+                      const Value &key);
     Value insertedAt(const ElementExpression &element, const Value &container);
     QList<Object> filtered(QList<Object> objects, const ExpressionPointer &filter);
     Value rangeOf(const ElementExpression &element, const ValueElements &elements,

@@ -160,44 +160,43 @@ Value Evaluator::objectOf(const ElementExpression &element, const Object &contai
     const QList<Object> objects = filtered(
         m_applications.ask(application, [&] { return application.elements(container, className); }),
         element.filter);
-    const auto fail = [&](ScriptError::Number number, const QString &what) {
-        m_applications.ask(application, [&] {
-            osascript::fail(number, u"Can’t get "_s + className + u' ' + what);
-        });
-    };
-    const auto at = [&](qint64 index) {
-        const qsizetype position = index < 0 ? objects.size() + index : index - 1;
-        if (index == 0 || position < 0 || position >= objects.size())
-            fail(ScriptError::invalidIndex, u"%1. Invalid index."_s.arg(index));
-        return Value(objects.at(position));
-    };
-    if (isNamed) {
-        const QString name = toText(key, context());
-        for (const Object &object : objects) {
-            if (application.nameOf(object).compare(name, Qt::CaseInsensitive) == 0)
-                return Value(object);
-        }
-        fail(ScriptError::cannotGet, quoted(name) + u'.');
+    return m_applications.ask(application, [&] {
+        return isNamed ? objectNamed(toText(key, context()), className, objects)
+                       : objectAmong(objects, element, key);
+    });
+}
+
+Value Evaluator::objectNamed(const QString &name, const QString &className,
+                             const QList<Object> &objects)
+{
+    for (const Object &object : objects) {
+        if (object.application->nameOf(object).compare(name, Qt::CaseInsensitive) == 0)
+            return Value(object);
     }
-    switch (element.form) {
-    case Form::some:
-        return at(objects.isEmpty() ? 1 : randomIndex(objects.size()));
-    case Form::middle:
-        return at((objects.size() + 1) / 2);
-    case Form::index:
-    case Form::insertion:
-        return at(toInteger(key));
-    default:
-        break;
-    }
+    failToGet(className + u' ' + quoted(name));
+}
+
+Value Evaluator::objectAmong(const QList<Object> &objects, const ElementExpression &element,
+                             const Value &key)
+{
     QList<Value> values;
     for (const Object &object : objects)
         values.append(Value(object));
     Value all = Value::list(values);
-    if (element.form != Form::range)
+    if (element.form == Form::every)
         return all;
-    return ValueElements(all, u"item"_s, context())
-        .range(toInteger(key), toInteger(valueOf(element.lastKey)));
+    if (element.form == Form::range)
+        return ValueElements(all, u"item"_s, context())
+            .range(toInteger(key), toInteger(valueOf(element.lastKey)));
+    const qsizetype count = objects.size();
+    const qint64 index = element.form == Form::some ? randomIndex(std::max<qsizetype>(count, 1))
+        : element.form == Form::middle              ? (count + 1) / 2
+                                                    : toInteger(key);
+    const qsizetype position = index < 0 ? count + index : index - 1;
+    if (index == 0 || position < 0 || position >= count)
+        fail(ScriptError::invalidIndex,
+             u"Can’t get %1 %2. Invalid index."_s.arg(element.className).arg(index));
+    return values.at(position);
 }
 
 }

@@ -112,6 +112,7 @@ private:
     Statements readBodyTold(const Expression &target, QStringView name, bool inOneLine);
 
     // Expressions (ParserExpressions.cpp)
+    [[nodiscard]] static Precedence precedenceOf(Operation operation);
     ExpressionPointer readExpression(Precedence loosest = disjunction);
     ExpressionPointer readOperand();
     ExpressionPointer readPrefixed(Precedence loosest);

@@ -27,39 +27,41 @@ void Parser::countOperator()
         failSyntax(u"The expression has too many operators."_s);
 }
 
+Parser::Precedence Parser::precedenceOf(Operation operation)
+{
+    using enum Operation;
+    switch (operation) {
+    case Operation::power:
+        return Precedence::power;
+    case multiply:
+    case divide:
+    case integerDivide:
+    case modulo:
+        return multiplication;
+    case add:
+    case subtract:
+        return addition;
+    case concatenate:
+        return concatenation;
+    case coerce:
+        return coercion;
+    case less:
+    case lessOrEqual:
+    case greater:
+    case greaterOrEqual:
+        return relation;
+    case Operation::conjunction:
+        return Precedence::conjunction;
+    case Operation::disjunction:
+        return Precedence::disjunction;
+    default:
+        return equality;
+    }
+}
+
 /// Precedence climbing over binary operators.
 ExpressionPointer Parser::readExpression(Precedence loosest)
 {
-    static constexpr auto precedenceOf = [](Operation operation) {
-        using enum Operation;
-        switch (operation) {
-        case Operation::power:
-            return Precedence::power;
-        case multiply:
-        case divide:
-        case integerDivide:
-        case modulo:
-            return multiplication;
-        case add:
-        case subtract:
-            return addition;
-        case concatenate:
-            return concatenation;
-        case coerce:
-            return coercion;
-        case less:
-        case lessOrEqual:
-        case greater:
-        case greaterOrEqual:
-            return relation;
-        case Operation::conjunction:
-            return Precedence::conjunction;
-        case Operation::disjunction:
-            return Precedence::disjunction;
-        default:
-            return equality;
-        }
-    };
     const Scoped<int> deeper(m_depth, m_depth + 1);
     if (m_depth > deepestNesting)
         failSyntax(u"The expression is nested too deeply."_s);
