@@ -13,6 +13,7 @@ namespace {
 
 constexpr double radius = 5;
 constexpr int scrollBarWidth = 10;
+constexpr int itemPadding = 6;
 
 /// A rectangle whose outline falls on whole pixels.
 QRectF outlined(const QRect &rect)
@@ -48,6 +49,15 @@ void drawButton(QPainter *painter, const QStyleOption *option)
     const bool hasFocus = option->state & QStyle::State_HasFocus;
     drawBox(painter, option->rect, fill,
             palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid));
+}
+
+/// What Return presses has the accent colour.
+void emphasize(QPalette &palette)
+{
+    palette.setColor(QPalette::Button, palette.color(QPalette::Highlight));
+    palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
+    palette.setColor(QPalette::Mid, palette.color(QPalette::Highlight));
+    palette.setColor(QPalette::Highlight, palette.color(QPalette::WindowText)); // the focus
 }
 
 void drawField(QPainter *painter, const QStyleOption *option)
@@ -200,8 +210,10 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption *option
     if (element == CE_PushButton) {
         // The focus is in the button's own outline.
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
-            drawPrimitive(PE_PanelButtonCommand, option, painter, widget);
             QStyleOptionButton label = *button;
+            if (button->features & QStyleOptionButton::DefaultButton)
+                emphasize(label.palette);
+            drawPrimitive(PE_PanelButtonCommand, &label, painter, widget);
             label.rect = subElementRect(SE_PushButtonContents, button, widget);
             return QProxyStyle::drawControl(CE_PushButtonLabel, &label, painter, widget);
         }
@@ -224,6 +236,15 @@ void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
             proxy()->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget));
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QSize WindowStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                    const QSize &size, const QWidget *widget) const
+{
+    QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_ItemViewItem)
+        result.rheight() += itemPadding;
+    return result;
 }
 
 int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,

@@ -62,7 +62,7 @@ QListWidget *ListDialog::list(const ListRequest &request) const
         list->addItem(displayable(withNormalizedLineEnds(item)));
     for (const QString &item : request.defaultItems) {
         if (QListWidgetItem *entry = list->item(static_cast<int>(request.items.indexOf(item)))) {
-            entry->setSelected(true);
+            list->setCurrentItem(entry, QItemSelectionModel::Select);
             list->scrollToItem(entry);
         }
     }

@@ -49,13 +49,16 @@ MessageDialog::MessageDialog(const DialogRequest &request)
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(spacing);
     column->addLayout(messageRow(request), 1);
-    auto *buttons = buttonRow(request);
-    if (request.defaultAnswer) {
-        QWidget *field = answerField(request);
+    QWidget *field = request.defaultAnswer ? answerField(request) : nullptr;
+    if (field)
         column->addWidget(field);
-        field->setFocus();
+    column->addLayout(buttonRow(request));
+    for (auto *button : findChildren<QPushButton *>()) {
+        if (!field && button->isDefault())
+            field = button;
     }
-    column->addLayout(buttons);
+    if (field)
+        field->setFocus();
     if (request.givingUpAfter)
         QTimer::singleShot(*request.givingUpAfter, this, [this] { answer(-1); });
 }
@@ -112,10 +115,7 @@ QLayout *MessageDialog::buttonRow(const DialogRequest &request)
         QPushButton *button = DialogParts::button(request.buttons[i]);
         row->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, i] { answer(i); });
-        if (request.buttons[i] == request.defaultButton) {
-            button->setDefault(true);
-            button->setFocus();
-        }
+        button->setDefault(request.buttons[i] == request.defaultButton);
     }
     return row;
 }

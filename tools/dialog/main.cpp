@@ -4,13 +4,13 @@
 #include "DialogProtocol.h"
 #include "ListDialog.h"
 #include "MessageDialog.h"
+#include "WindowStyle.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QJsonDocument>
-#include <QPalette>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,26 +27,6 @@ bool hasDisplay()
         return true;
     QString error;
     return X11Connection::open(&error) != nullptr;
-}
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(58, 58, 60), QColor(44, 44, 46));
-    palette.setColor(QPalette::Base, QColor(30, 30, 30));
-    palette.setColor(QPalette::Highlight, QColor(10, 108, 255));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
-/// Qt 6.4 follows the desktop's colour scheme only where it has a theme plugin for that desktop.
-void followColorScheme(PortalAppearance &appearance)
-{
-    const bool isDarkByItself = QApplication::palette().color(QPalette::Window).lightness() < 128;
-    QObject::connect(&appearance, &Appearance::changed, qApp, [&appearance, isDarkByItself] {
-        if (!isDarkByItself)
-            QApplication::setPalette(appearance.isDark() ? darkPalette() : QPalette());
-    });
-    appearance.start();
 }
 
 void print(const QJsonObject &answer)
@@ -86,7 +66,8 @@ int main(int argc, char *argv[])
         return EXIT_FAILURE;
     const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
     PortalAppearance appearance;
-    followColorScheme(appearance);
+    WindowStyle::apply(appearance);
+    appearance.start();
     const auto dialog = dialogFor(request);
     DialogParts::present(dialog.get());
     return QApplication::exec();
