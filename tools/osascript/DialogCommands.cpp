@@ -87,7 +87,7 @@ Value ask(const DialogRequest &request, Host &host)
 {
     const std::optional<DialogAnswer> answer = host.dialogs.ask(request);
     if (!answer)
-        fail(ScriptError::failed, u"No user interaction allowed: there is no display."_s);
+        fail(ScriptError::noUserInteraction, u"No user interaction allowed."_s);
     if (!answer->gaveUp && !request.cancelButton.isEmpty()
         && answer->button == request.cancelButton)
         fail(ScriptError::userCanceled, u"User canceled."_s);
@@ -161,7 +161,7 @@ Value chooseFromList(const Invocation &call, const TextContext &context, Host &h
         list.cancelButton = u"Cancel"_s;
     const auto choice = host.dialogs.choose(list);
     if (!choice)
-        fail(ScriptError::failed, u"No user interaction allowed: there is no display."_s);
+        fail(ScriptError::noUserInteraction, u"No user interaction allowed."_s);
     return *choice ? Value::texts(**choice) : Value(false);
 }
 

@@ -21,6 +21,7 @@ struct ScriptError
         failed = -2700,
         cannotCoerce = -1700,
         notUnderstood = -1708,
+        noUserInteraction = -1713,
         invalidIndex = -1719,
         cannotGet = -1728,
         notAllowed = -10004,
