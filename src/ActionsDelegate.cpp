@@ -139,7 +139,7 @@ void ActionsDelegate::paintButton(QPainter *painter, const QStyleOptionViewItem 
 void ActionsDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &option,
                                 const QModelIndex &index) const
 {
-    QString text = index.data().toString().left(mostDrawn);
+    QString text = index.data().toString().left(mostDrawn).simplified(); // of several lines, one
     QColor color = textColor(option);
     const bool isSelected = option.state & QStyle::State_Selected;
     const bool isInvalid = index.data(ActionsModel::invalidRole).toBool();
@@ -149,7 +149,6 @@ void ActionsDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &o
         text = index.data(ActionsModel::placeholderRole).toString();
         color.setAlphaF(0.5F);
     }
-    text.replace(u'\n', u' ');
     painter->setPen(color);
     QFont font = option.font;
     font.setUnderline(isInvalid && isSelected); // red on the selection's colour cannot be read

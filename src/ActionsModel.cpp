@@ -57,6 +57,8 @@ void ActionsModel::toggle(int row)
 
 void ActionsModel::setType(int row, ActionType type)
 {
+    if (const ActionConfig *current = action(row); current && current->type == type)
+        return; // which else would lose its template
     change(row, [type](ActionConfig &action) { action = ActionEditing::withType(action, type); });
 }
 

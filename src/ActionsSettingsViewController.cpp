@@ -26,7 +26,6 @@ ActionsSettingsViewController::ActionsSettingsViewController(Dependencies depend
     , m_hint(secondaryLabel(u"Use {text} as placeholder\nPress ⌘+Enter to save"_s, 11))
     , m_resetButton(new QPushButton(u"Reset Defaults"_s))
 {
-    setFocusPolicy(Qt::ClickFocus); // a click beside the table ends editing
     setupUI();
     connect(m_tableView, &ActionsTableView::iconPickerRequested, this,
             &ActionsSettingsViewController::showIconPicker);
@@ -46,7 +45,8 @@ void ActionsSettingsViewController::setupUI()
     connect(addButton, &QPushButton::clicked, this, &ActionsSettingsViewController::addAction);
     connect(removeButton, &QPushButton::clicked, this, [this] {
         m_tableView->endEditing();
-        m_model->remove(m_tableView->currentIndex().row());
+        if (const auto row = m_tableView->selectedRow())
+            m_model->remove(*row);
     });
     connect(m_resetButton, &QPushButton::clicked, this, [this] {
         m_tableView->endEditing();
@@ -84,14 +84,15 @@ void ActionsSettingsViewController::addAction()
 
 void ActionsSettingsViewController::showIconPicker(int row, const QRect &cell)
 {
-    m_iconPickerPopover = new IconPickerViewController(
+    auto *picker = new IconPickerViewController(
         { m_dependencies.config, m_dependencies.bundle, m_dependencies.icons }, this);
-    connect(m_iconPickerPopover, &IconPickerViewController::didSelectIcon, this,
-            [this, index = QPersistentModelIndex(m_model->index(row, ActionsModel::iconColumn))](
+    m_iconPickerPopover = picker;
+    connect(picker, &IconPickerViewController::didSelectIcon, this,
+            [this, picker,
+             index = QPersistentModelIndex(m_model->index(row, ActionsModel::iconColumn))](
                 const QString &iconName) {
                 m_model->setIcon(index.row(), iconName);
-                if (m_iconPickerPopover)
-                    m_iconPickerPopover->close();
+                picker->close();
             });
     m_iconPickerPopover->showBeside(
         QRect(m_tableView->viewport()->mapToGlobal(cell.topLeft()), cell.size()));

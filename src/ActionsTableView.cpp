@@ -4,16 +4,17 @@
 
 #include "ActionEditing.h"
 #include "ActionsDelegate.h"
+#include "ActionsHeaderView.h"
 #include "ActionsModel.h"
 #include "RowTextView.h"
 
+#include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
-#include <QScrollBar>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -21,28 +22,15 @@ namespace {
 
 constexpr int plainRowHeight = 30;
 constexpr int expandedRowHeight = 100;
-constexpr int longestTitle = 240; ///< pixels that the titles may take of the first layout
+constexpr int pictureDistance = 14;
 const QString dragType = u"application/x-tessel-action-row"_s;
-
-constexpr ActionType actionTypes[]
-    = { ActionType::url, ActionType::shortcut, ActionType::shellScript, ActionType::appleScript,
-        ActionType::builtin };
-
-/// Columns that share what the window is wider.
-struct Resizable
-{
-    int column;
-    int minimum;
-};
-constexpr Resizable resizables[] = { { ActionsModel::titleColumn, 100 },
-                                     { ActionsModel::templateColumn, 100 },
-                                     { ActionsModel::regexColumn, 50 } };
 
 }
 
 ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icons, QWidget *parent)
     : QTableView(parent)
     , m_model(model)
+    , m_header(new ActionsHeaderView(*model, this))
 {
     setModel(model);
     setItemDelegate(new ActionsDelegate(icons, this));
@@ -60,61 +48,32 @@ ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icon
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(plainRowHeight);
     verticalHeader()->setDefaultSectionSize(plainRowHeight);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(30);
-    layoutColumns();
+    setHorizontalHeader(m_header);
+    m_header->setSectionsClickable(false);
+    m_header->layoutColumns(fontMetrics());
     connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
         if (!index.flags().testFlag(Qt::ItemIsEditable))
             press(index);
     });
     connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
-        if (index.flags().testFlag(Qt::ItemIsEditable))
+        // The second of two quick clicks makes no further click.
+        if (index.flags().testFlag(Qt::ItemIsEditable)
+            || index.column() == ActionsModel::enabledColumn)
             press(index);
     });
 }
 
-void ActionsTableView::layoutColumns()
+void ActionsTableView::changeEvent(QEvent *event)
 {
-    QHeaderView *header = horizontalHeader();
-    QFont font = header->font();
-    font.setPixelSize(11);
-    header->setFont(font);
-    header->setFixedHeight(26);
-
-    int title = 0;
-    for (int row = 0; row < m_model->rowCount(); ++row)
-        title = std::max(
-            title,
-            fontMetrics().horizontalAdvance(m_model->action(row)->title.left(longestTitle / 4)));
-    int type = 90;
-    for (const ActionType actionType : actionTypes)
-        type = std::max(type, ActionsDelegate::buttonWidth(fontMetrics(), rawValue(actionType)));
-    const int widths[] = { 45, 35, std::clamp(title + 20, 100, longestTitle), type, 280, 90 };
-    for (int column = 0; column < ActionsModel::columns; ++column) {
-        const bool isFixed = column == ActionsModel::enabledColumn
-            || column == ActionsModel::iconColumn || column == ActionsModel::typeColumn;
-        header->setSectionResizeMode(column,
-                                     isFixed ? QHeaderView::Fixed : QHeaderView::Interactive);
-        const QString label
-            = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-        const int labelWidth = QFontMetrics(font).horizontalAdvance(label) + 10;
-        header->resizeSection(column, std::max(widths[column], labelWidth));
-    }
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        m_header->layoutColumns(fontMetrics());
 }
 
-/// What the window grows or shrinks is shared evenly.
 void ActionsTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
-    int rest = viewport()->width() - horizontalHeader()->length();
-    int sharing = int(std::size(resizables));
-    for (const Resizable &resizable : resizables) {
-        const int width = columnWidth(resizable.column);
-        const int share = rest / sharing--;
-        const int newWidth = std::max(resizable.minimum, width + share);
-        horizontalHeader()->resizeSection(resizable.column, newWidth);
-        rest -= newWidth - width;
-    }
+    m_header->fit(viewport()->width());
 }
 
 void ActionsTableView::press(const QModelIndex &index)
@@ -160,7 +119,7 @@ void ActionsTableView::openMenu(const QModelIndex &index)
             menu->setActiveAction(choice);
     };
     if (index.column() == ActionsModel::typeColumn) {
-        for (const ActionType type : actionTypes)
+        for (const ActionType type : ActionsModel::actionTypes)
             add(rawValue(type), [this, type](int row) { m_model->setType(row, type); });
     } else {
         for (const char *builtin : { "COPY", "COUNT", "LARGE_TYPE" }) {
@@ -175,38 +134,38 @@ void ActionsTableView::openMenu(const QModelIndex &index)
 
 void ActionsTableView::editScript(int row)
 {
+    const QPersistentModelIndex cell = m_model->index(row, ActionsModel::templateColumn);
+    if (m_scriptEditor && indexWidget(cell) == m_scriptEditor)
+        return;
     endEditing();
-    const QModelIndex cell = m_model->index(row, ActionsModel::templateColumn);
     setRowHeight(row, expandedRowHeight);
-    m_scriptEditor = new RowTextView(m_model->action(row)->templateText);
-    m_scriptEditor->setAccessibleName(
+    const QPointer editor = new RowTextView(m_model->action(row)->templateText);
+    editor->setAccessibleName(
         m_model->headerData(cell.column(), Qt::Horizontal, Qt::DisplayRole).toString());
-    setIndexWidget(cell, m_scriptEditor);
-    connect(m_scriptEditor, &RowTextView::editingEnded, this,
-            [this, cell = QPersistentModelIndex(cell)](const QString &text) {
-                m_model->setTemplate(cell.row(), text);
-                // Not before the click that ended it has found the row that it was meant for.
-                QMetaObject::invokeMethod(
-                    this, [this, cell] { collapse(cell.row()); }, Qt::QueuedConnection);
-            });
-    QMetaObject::invokeMethod(
-        m_scriptEditor,
-        [this, cell = QPersistentModelIndex(cell)] {
-            m_scriptEditor->setFocus();
-            m_scriptEditor->moveCursor(QTextCursor::Start);
-            scrollTo(cell);
-        },
-        Qt::QueuedConnection);
+    setIndexWidget(cell, editor);
+    m_scriptEditor = editor;
+    connect(editor, &RowTextView::editingEnded, this, [this, cell, editor](const QString &text) {
+        m_scriptEditor = nullptr;
+        m_model->setTemplate(cell.row(), text);
+        // Rows must not move before the click, or double click, that ended it has found its own.
+        const bool isClick = QGuiApplication::mouseButtons() != Qt::NoButton;
+        QTimer::singleShot(isClick ? QApplication::doubleClickInterval() : 0, this,
+                           [this, cell, editor] { collapse(cell, editor); });
+    });
+    QTimer::singleShot(0, editor, [this, cell, editor] {
+        editor->setFocus();
+        editor->moveCursor(QTextCursor::Start);
+        scrollTo(cell);
+    });
 }
 
-void ActionsTableView::collapse(int row)
+void ActionsTableView::collapse(const QModelIndex &cell, const RowTextView *editor)
 {
-    if (row < 0)
+    if (!cell.isValid() || !editor || indexWidget(cell) != editor)
         return;
-    const QModelIndex cell = m_model->index(row, ActionsModel::templateColumn);
-    const bool hadFocus = indexWidget(cell) && indexWidget(cell)->hasFocus();
+    const bool hadFocus = editor->hasFocus();
     setIndexWidget(cell, nullptr);
-    setRowHeight(row, plainRowHeight);
+    setRowHeight(cell.row(), plainRowHeight);
     if (hadFocus)
         setFocus();
 }
@@ -215,8 +174,14 @@ void ActionsTableView::endEditing()
 {
     if (m_scriptEditor)
         m_scriptEditor->endEditing();
-    if (QWidget *field = indexWidget(currentIndex()); !field && state() == EditingState)
+    if (state() == EditingState)
         setFocus(); // a field that loses the focus stores its text
+}
+
+std::optional<int> ActionsTableView::selectedRow() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? std::nullopt : std::optional(rows.first().row());
 }
 
 void ActionsTableView::selectRow(int row)
@@ -270,7 +235,8 @@ void ActionsTableView::startDrag(Qt::DropActions)
     auto *drag = new QDrag(this);
     drag->setMimeData(content);
     drag->setPixmap(viewport()->grab(row));
-    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    // Below the pointer, or it would hide the mark of where the row would go.
+    drag->setHotSpot({ viewport()->mapFromGlobal(QCursor::pos()).x(), -pictureDistance });
     drag->exec(Qt::MoveAction);
 }
 

@@ -5,9 +5,11 @@
 #include <QPointer>
 #include <QTableView>
 
+#include <optional>
+
+class ActionsHeaderView;
 class ActionsModel;
 class IconResolver;
-class QMenu;
 class RowTextView;
 
 /// The table in which the actions are edited. A click acts on check boxes, icons and menus, a
@@ -22,11 +24,13 @@ public:
 
     void endEditing(); ///< stores what is being typed
     void selectRow(int row); ///< and makes it visible
+    [[nodiscard]] std::optional<int> selectedRow() const;
 
 Q_SIGNALS:
-    void iconPickerRequested(int row, const QRect &cell);
+    void iconPickerRequested(int row, const QRect &cell); ///< in the viewport's coordinates
 
 protected:
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -37,17 +41,17 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void layoutColumns();
     void press(const QModelIndex &index);
     void editText(const QModelIndex &index);
     void editScript(int row);
-    void collapse(int row);
+    void collapse(const QModelIndex &cell, const RowTextView *editor);
     void openMenu(const QModelIndex &index);
     void moveCurrent(int dropRow);
     [[nodiscard]] std::optional<int> dropRowAt(const QDropEvent &event) const;
     void setDropRow(std::optional<int> row);
 
     ActionsModel *m_model;
+    ActionsHeaderView *m_header;
     QPointer<RowTextView> m_scriptEditor;
     std::optional<int> m_dropRow;
 };

@@ -2,18 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "ApplicationChooser.h"
 
+#include "IconResolver.h"
 #include "ImageFile.h"
 #include "LocalizationManager.h"
 #include "Log.h"
+#include "TemplateImage.h"
 #include "platform/Workspace.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHash>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QPushButton>
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
@@ -30,9 +34,11 @@ constexpr int searchRole = Qt::UserRole + 1;
 class Applications final : public QAbstractListModel
 {
 public:
-    Applications(QList<InstalledApplication> applications, QObject *parent)
+    /// `fallback`: the picture of those that have none.
+    Applications(QList<InstalledApplication> applications, QPixmap fallback, QObject *parent)
         : QAbstractListModel(parent)
         , m_applications(std::move(applications))
+        , m_fallback(std::move(fallback))
     {
     }
 
@@ -62,21 +68,36 @@ public:
     }
 
 private:
-    /// Section "Icon" of the Desktop Entry Specification: a path or a name in the icon theme.
-    static QIcon icon(const QString &nameOrPath)
+    /// Section "Icon" of the Desktop Entry Specification: a path or a name in the icon theme. All
+    /// have one size, so that the names stand below each other.
+    [[nodiscard]] QPixmap icon(const QString &nameOrPath) const
     {
-        if (nameOrPath.startsWith(u'/'))
-            return QPixmap::fromImage(readImageFile(nameOrPath, iconExtent * 2));
-        return QIcon::fromTheme(nameOrPath, QIcon::fromTheme(u"application-x-executable"_s));
+        QPixmap &picture = m_pictures[nameOrPath];
+        if (!picture.isNull())
+            return picture;
+        const QIcon icon = nameOrPath.startsWith(u'/')
+            ? QIcon(QPixmap::fromImage(readImageFile(nameOrPath, iconExtent * 2)))
+            : QIcon::fromTheme(nameOrPath);
+        if (icon.pixmap(iconExtent).isNull())
+            return picture = m_fallback;
+        picture = QPixmap(m_fallback.size());
+        picture.setDevicePixelRatio(m_fallback.devicePixelRatio());
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        icon.paint(&painter, 0, 0, iconExtent, iconExtent);
+        return picture;
     }
 
     QList<InstalledApplication> m_applications;
+    QPixmap m_fallback;
+    mutable QHash<QString, QPixmap> m_pictures;
 };
 
 }
 
 ApplicationChooser::ApplicationChooser(Workspace &workspace,
-                                       const LocalizationManager &localization, QWidget *parent)
+                                       const LocalizationManager &localization,
+                                       const IconResolver &icons, QWidget *parent)
     : QDialog(parent)
     , m_workspace(workspace)
     , m_searchField(new QLineEdit)
@@ -87,7 +108,17 @@ ApplicationChooser::ApplicationChooser(Workspace &workspace,
     setWindowTitle(localization.localizedString(u"Add App"_s));
     resize(420, 400);
 
-    m_filtered->setSourceModel(new Applications(workspace.installedApplications(), this));
+    const QPixmap fallback = TemplateImage::tintedPixmap(icons.image(u"phosphor_app-window"_s),
+                                                         palette().color(QPalette::PlaceholderText),
+                                                         iconExtent, devicePixelRatioF());
+    m_filtered->setSourceModel(new Applications(workspace.installedApplications(), fallback, this));
+    setupControls(localization);
+    selectFirst();
+    m_searchField->setFocus();
+}
+
+void ApplicationChooser::setupControls(const LocalizationManager &localization)
+{
     m_filtered->setFilterRole(searchRole);
     m_filtered->setFilterCaseSensitivity(Qt::CaseInsensitive);
     m_list->setModel(m_filtered);
@@ -120,8 +151,6 @@ ApplicationChooser::ApplicationChooser(Workspace &workspace,
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, select,
             [select](const QModelIndex &current) { select->setEnabled(current.isValid()); });
     select->setDefault(true);
-    selectFirst();
-    m_searchField->setFocus();
 }
 
 /// The keys that move in a list do so while the user types.

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class IconResolver;
 class LocalizationManager;
 class QLineEdit;
 class QListView;
@@ -18,7 +19,7 @@ class ApplicationChooser final : public QDialog
 
 public:
     ApplicationChooser(Workspace &workspace, const LocalizationManager &localization,
-                       QWidget *parent);
+                       const IconResolver &icons, QWidget *parent);
 
 Q_SIGNALS:
     void chosen(const QString &bundleIdentifier);
@@ -27,6 +28,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void setupControls(const LocalizationManager &localization);
     void acceptCurrent();
     void chooseFile();
     void selectFirst();

@@ -8,6 +8,9 @@
 #include <QObject>
 #include <QProperty>
 
+#include <functional>
+#include <optional>
+
 class LocalizationManager;
 class NotificationCenter;
 

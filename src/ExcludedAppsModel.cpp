@@ -8,18 +8,18 @@ ExcludedAppsModel::ExcludedAppsModel(ConfigManager &config, QString title, QObje
     : QAbstractTableModel(parent)
     , m_config(config)
     , m_title(std::move(title))
+    , m_identifiers(config.excludedBundleIds)
 {
 }
 
 void ExcludedAppsModel::add(const QString &bundleIdentifier)
 {
-    QStringList &identifiers = m_config.excludedBundleIds;
-    if (identifiers.contains(bundleIdentifier))
+    if (m_identifiers.contains(bundleIdentifier))
         return;
-    beginInsertRows({}, int(identifiers.size()), int(identifiers.size()));
-    identifiers.append(bundleIdentifier);
+    beginInsertRows({}, rowCount(), rowCount());
+    m_identifiers.append(bundleIdentifier);
     endInsertRows();
-    m_config.save();
+    store();
 }
 
 void ExcludedAppsModel::remove(int row)
@@ -27,14 +27,29 @@ void ExcludedAppsModel::remove(int row)
     if (row < 0 || row >= rowCount())
         return;
     beginRemoveRows({}, row, row);
-    m_config.excludedBundleIds.removeAt(row);
+    m_identifiers.removeAt(row);
     endRemoveRows();
+    store();
+}
+
+void ExcludedAppsModel::store()
+{
+    m_config.excludedBundleIds = m_identifiers;
     m_config.save();
+}
+
+void ExcludedAppsModel::refresh()
+{
+    if (m_identifiers == m_config.excludedBundleIds)
+        return;
+    beginResetModel();
+    m_identifiers = m_config.excludedBundleIds;
+    endResetModel();
 }
 
 int ExcludedAppsModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_config.excludedBundleIds.size());
+    return parent.isValid() ? 0 : int(m_identifiers.size());
 }
 
 int ExcludedAppsModel::columnCount(const QModelIndex &parent) const
@@ -45,7 +60,7 @@ int ExcludedAppsModel::columnCount(const QModelIndex &parent) const
 QVariant ExcludedAppsModel::data(const QModelIndex &index, int role) const
 {
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
-    return isText ? m_config.excludedBundleIds.value(index.row()) : QVariant();
+    return isText ? m_identifiers.value(index.row()) : QVariant();
 }
 
 QVariant ExcludedAppsModel::headerData(int, Qt::Orientation orientation, int role) const
@@ -64,10 +79,10 @@ bool ExcludedAppsModel::setData(const QModelIndex &index, const QVariant &value,
 {
     if (role != Qt::EditRole || index.row() >= rowCount())
         return false;
-    if (m_config.excludedBundleIds[index.row()] == value.toString())
+    if (m_identifiers[index.row()] == value.toString())
         return true;
-    m_config.excludedBundleIds[index.row()] = value.toString();
+    m_identifiers[index.row()] = value.toString();
     Q_EMIT dataChanged(index, index);
-    m_config.save();
+    store();
     return true;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStringList>
 
 class ConfigManager;
 
@@ -20,6 +21,9 @@ public:
     void add(const QString &bundleIdentifier);
     void remove(int row);
 
+    /// Takes over what others have changed in the configuration.
+    void refresh();
+
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -29,6 +33,9 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
 private:
+    void store();
+
     ConfigManager &m_config;
     QString m_title;
+    QStringList m_identifiers; ///< as they are shown
 };

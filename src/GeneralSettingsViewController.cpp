@@ -20,6 +20,7 @@
 #include <QHeaderView>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTableView>
 #include <QWheelEvent>
 
@@ -68,7 +69,6 @@ GeneralSettingsViewController::GeneralSettingsViewController(Dependencies depend
     : QWidget(parent)
     , m_dependencies(dependencies)
 {
-    setFocusPolicy(Qt::ClickFocus); // a click beside a control ends what it records
     stack(this, Qt::Vertical, 0);
     setupUI();
     connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
@@ -78,7 +78,6 @@ GeneralSettingsViewController::GeneralSettingsViewController(Dependencies depend
 void GeneralSettingsViewController::setupUI()
 {
     auto *content = new QWidget;
-    content->setFocusPolicy(Qt::ClickFocus);
     QBoxLayout *column = stack(content, Qt::Vertical, 30);
     column->setContentsMargins(30, 24, 30, 30);
     for (QWidget *section : { appearanceSection(), behaviorSection(), exclusionSection() })
@@ -98,6 +97,7 @@ void GeneralSettingsViewController::setupUI()
 void GeneralSettingsViewController::reloadUI()
 {
     const int position = m_scrollArea->verticalScrollBar()->value();
+    const bool hadFocus = m_languageButton->hasFocus();
     m_iconButtons.clear();
     m_scrollArea->hide();
     layout()->removeWidget(m_scrollArea);
@@ -105,6 +105,8 @@ void GeneralSettingsViewController::reloadUI()
     setupUI();
     m_scrollArea->show();
     m_scrollArea->verticalScrollBar()->setValue(position);
+    if (hadFocus)
+        m_languageButton->setFocus(Qt::OtherFocusReason);
 }
 
 QString GeneralSettingsViewController::text(const char *key) const
@@ -129,12 +131,12 @@ QWidget *GeneralSettingsViewController::appearanceSection()
 QWidget *GeneralSettingsViewController::languageRow()
 {
     using Manager = LocalizationManager;
-    auto *button = popUpButton(
+    m_languageButton = popUpButton(
         { { u"English"_s, u"en"_s }, { u"한국어"_s, u"ko"_s }, { u"中文"_s, u"zh"_s } },
         Manager::code(m_dependencies.localization.currentLanguage), text("Language"));
-    connect(button, &QComboBox::activated, this,
-            [this, button] { changeLanguage(button->currentData().toString()); });
-    return row(10, { label(text("Language") + u':'), button });
+    connect(m_languageButton, &QComboBox::activated, this,
+            [this] { changeLanguage(m_languageButton->currentData().toString()); });
+    return row(10, { label(text("Language") + u':'), m_languageButton });
 }
 
 QWidget *GeneralSettingsViewController::themeRow()
@@ -234,6 +236,7 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_tableView->setModel(m_excludedApps);
     m_tableView->setFixedSize(500, 160);
     m_tableView->setAccessibleName(text("Excluded Apps"));
+    m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tableView->setSelectionMode(QAbstractItemView::SingleSelection);
     m_tableView->setEditTriggers(QAbstractItemView::DoubleClicked
                                  | QAbstractItemView::SelectedClicked
@@ -246,6 +249,12 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_tableView->horizontalHeader()->setHighlightSections(false);
     m_tableView->verticalHeader()->hide();
     m_tableView->verticalHeader()->setDefaultSectionSize(24);
+    auto *edit = new QShortcut(Qt::Key_Return, m_tableView);
+    edit->setContext(Qt::WidgetShortcut);
+    connect(edit, &QShortcut::activated, m_tableView,
+            [this] { m_tableView->edit(m_tableView->currentIndex()); });
+    connect(&m_dependencies.notifications, &NotificationCenter::configDidChange, m_excludedApps,
+            &ExcludedAppsModel::refresh);
     return m_tableView;
 }
 
@@ -275,14 +284,14 @@ void GeneralSettingsViewController::handleExcludedAppsAction(int segment)
 {
     if (segment == 0)
         addExcludedApp();
-    else if (const QModelIndex current = m_tableView->currentIndex(); current.isValid())
-        m_excludedApps->remove(current.row());
+    else if (const auto rows = m_tableView->selectionModel()->selectedRows(); !rows.isEmpty())
+        m_excludedApps->remove(rows.first().row());
 }
 
 void GeneralSettingsViewController::addExcludedApp()
 {
-    auto *chooser
-        = new ApplicationChooser(m_dependencies.workspace, m_dependencies.localization, window());
+    auto *chooser = new ApplicationChooser(m_dependencies.workspace, m_dependencies.localization,
+                                           m_dependencies.icons, window());
     connect(chooser, &ApplicationChooser::chosen, m_excludedApps, &ExcludedAppsModel::add);
     chooser->open();
 }

@@ -13,9 +13,9 @@ class IconResolver;
 class IconSelectionButton;
 class LocalizationManager;
 class NotificationCenter;
+class QComboBox;
 class QScrollArea;
 class QTableView;
-class QVBoxLayout;
 class ResourceBundle;
 class Workspace;
 
@@ -63,6 +63,7 @@ private:
 
     Dependencies m_dependencies;
     QScrollArea *m_scrollArea = nullptr;
+    QComboBox *m_languageButton = nullptr;
     QTableView *m_tableView = nullptr;
     ExcludedAppsModel *m_excludedApps = nullptr;
     QHash<AppIconType, IconSelectionButton *> m_iconButtons;

@@ -17,6 +17,7 @@ bool isCommandReturn(const QKeyEvent &event)
 
 RowTextView::RowTextView(const QString &text, QWidget *parent)
     : QPlainTextEdit(text, parent)
+    , m_original(text)
 {
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -31,7 +32,19 @@ void RowTextView::endEditing()
         return;
     m_hasEnded = true;
     qApp->removeEventFilter(this);
-    Q_EMIT editingEnded(toPlainText());
+    setReadOnly(true);
+    Q_EMIT editingEnded(text());
+}
+
+/// The document's own form, in which no-break spaces are what they are.
+QString RowTextView::text() const
+{
+    if (!document()->isModified())
+        return m_original;
+    return document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
 }
 
 /// Watches the clicks in the window. They are passed on.
@@ -63,6 +76,7 @@ void RowTextView::keyPressEvent(QKeyEvent *event)
         endEditing();
     else
         QPlainTextEdit::keyPressEvent(event);
+    event->accept(); // the table around it must not act on what is left over
 }
 
 void RowTextView::focusOutEvent(QFocusEvent *event)

@@ -13,7 +13,7 @@ class RowTextView final : public QPlainTextEdit
 public:
     explicit RowTextView(const QString &text, QWidget *parent = nullptr);
 
-    /// Announces the end; once only.
+    /// Announces the end; once only. Afterwards nothing can be typed any more.
     void endEditing();
 
 Q_SIGNALS:
@@ -26,5 +26,8 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    [[nodiscard]] QString text() const;
+
+    QString m_original;
     bool m_hasEnded = false;
 };

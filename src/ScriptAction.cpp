@@ -64,7 +64,10 @@ QString shortcutName(const QString &typed)
 
 CommandRequest shortcutRequest(const QString &name, const QString &text, const QString &runner)
 {
-    return request(runner, { u"-e"_s, shortcutScript.toString(), text, name });
+    QStringList arguments { u"-e"_s, shortcutScript.toString() };
+    if (text.startsWith(u'-') || name.startsWith(u'-'))
+        arguments += u"--"_s; // or the runner would take them for options, "-e" among them
+    return request(runner, arguments + QStringList { text, name });
 }
 
 QString scriptLogLine(const QString &what, const CommandResult &result)

@@ -15,9 +15,13 @@
 #include "WindowCommands.h"
 #include "platform/Workspace.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QWindow>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +78,7 @@ void SettingsWindowController::setupTabs()
     }
 
     auto *content = new QWidget;
+    content->setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
     QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
     column->addSpacing(4);
     column->addWidget(m_tabs, 0, Qt::AlignHCenter);
@@ -81,7 +86,7 @@ void SettingsWindowController::setupTabs()
     column->addWidget(SettingsLayout::separator());
     column->addWidget(pages);
     setCentralWidget(content);
-    m_general->setFocus(); // no control is marked before the keyboard is used
+    content->setFocus(); // no control is marked before the keyboard is used
 }
 
 void SettingsWindowController::showWindow()
@@ -92,6 +97,9 @@ void SettingsWindowController::showWindow()
         m_dependencies.workspace.bringToFront(winId());
         return;
     }
+    const QScreen *userScreen = QGuiApplication::screenAt(QCursor::pos());
+    const QRect area = (userScreen ? userScreen : screen())->availableGeometry();
+    move(area.center() - rect().center());
     show();
     raise();
     activateWindow();

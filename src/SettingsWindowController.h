@@ -7,7 +7,6 @@
 #include <functional>
 
 class ActionsSettingsViewController;
-class Appearance;
 class ConfigManager;
 class GeneralSettingsViewController;
 class IconResolver;
@@ -37,6 +36,8 @@ public:
 
     std::function<void()> onClose; ///< called once, at the end of the clean-up
 
+    /// Shows the window in the middle of the screen; one that is there already comes to the user's
+    /// desktop and to the front.
     void showWindow();
     void setFloating(bool isFloating); ///< above other windows or among them
 

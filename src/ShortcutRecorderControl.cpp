@@ -88,10 +88,12 @@ void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
 
 void ShortcutRecorderControl::focusInEvent(QFocusEvent *event)
 {
+    QWidget::focusInEvent(event);
+    if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
+        return; // nobody asked for it when the window comes back
     m_cameByTab
         = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     setRecording(true);
-    QWidget::focusInEvent(event);
 }
 
 void ShortcutRecorderControl::focusOutEvent(QFocusEvent *event)

@@ -90,13 +90,13 @@ private Q_SLOTS:
     {
         Stage stage;
         QVERIFY(stage.prepare());
-        stage.tap(XKB_KEY_Tab, 6); // to the recorder
+        stage.tap(XKB_KEY_Tab, 7); // to the recorder
         QTest::qWait(300); // asking at the very moment of the grab would prevent it
         QTRY_VERIFY(stage.user().isKeyboardGrabbed());
         stage.user().tap(XKB_KEY_F4, { XKB_KEY_Alt_L }); // the window manager's key to close
         QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 118);
         QCOMPARE(stage.tessel.configuration().value(u"triggerModifiers"_s), 0x80000);
-        stage.tap(XKB_KEY_Tab, 7); // from the tabs on: nothing has the focus
+        stage.tap(XKB_KEY_Tab, 7); // again
         stage.user().tap(XKB_KEY_F6, { XKB_KEY_Control_L });
         QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 97);
         QVERIFY(stage.closeSettings());
@@ -112,7 +112,7 @@ private Q_SLOTS:
     {
         Stage stage;
         QVERIFY(stage.prepare());
-        stage.tap(XKB_KEY_Tab);
+        stage.tap(XKB_KEY_Tab, 2);
         stage.tap(XKB_KEY_Down);
         QTRY_COMPARE(stage.tessel.configuration().value(u"language"_s), u"ko"_s);
         QVERIFY(stage.closeSettings());
@@ -122,7 +122,7 @@ private Q_SLOTS:
         const auto again = stage.tessel.openSettings();
         QVERIFY(again);
         // From Korean one more is Chinese.
-        stage.tap(XKB_KEY_Tab);
+        stage.tap(XKB_KEY_Tab, 2);
         stage.tap(XKB_KEY_Down);
         QTRY_COMPARE(stage.tessel.configuration().value(u"language"_s), u"zh"_s);
     }
@@ -131,7 +131,7 @@ private Q_SLOTS:
     {
         Stage stage;
         QVERIFY(stage.prepare());
-        stage.tap(XKB_KEY_Tab, 11); // to "+"
+        stage.tap(XKB_KEY_Tab, 12); // to "+"
         stage.tap(XKB_KEY_space);
         QVERIFY(dialog(stage, u"Add App"_s));
         QVERIFY(stage.user().typeText(u"org.xfce.mousepad"_s));

@@ -3,6 +3,7 @@
 #include "ShellAction.h"
 
 #include "Placeholder.h"
+#include "ScriptAction.h"
 
 #include <QDir>
 #include <QFile>
@@ -231,6 +232,36 @@ private Q_SLOTS:
             qputenv("PATH", original);
             QCOMPARE(changed, QFile::encodeName(helperFolder()) + expected);
         }
+    }
+
+    /// The text must stay a text, also where it looks like an option.
+    void textIsNoOptionOfTheScriptRunner_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("plain") << u"it's \"\\"_s << u"n"_s;
+        QTest::newRow("list") << u"- item"_s << u"n"_s;
+        QTest::newRow("script") << u"-ereturn \"run\""_s << u"n"_s;
+        QTest::newRow("end of options") << u"--"_s << u"n"_s;
+        QTest::newRow("name") << u"text"_s << u"-l"_s;
+    }
+
+    void textIsNoOptionOfTheScriptRunner()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, name);
+        CommandRequest request = shortcutRequest(name, text, helperFolder() + u"/osascript"_s);
+        QCOMPARE(request.arguments.size() > 4, text.startsWith(u'-') || name.startsWith(u'-'));
+        request.arguments[1] = u"on run {t, n}\nreturn t & \"|\" & n\nend run"_s;
+        QByteArray output;
+        QTestEventLoop loop;
+        CommandRunner runner;
+        runner.run(request, [&](const CommandResult &result) {
+            output = result.output;
+            loop.exitLoop();
+        });
+        loop.enterLoopMSecs(bound);
+        QCOMPARE(output, (text + u'|' + name + u'\n').toUtf8());
     }
 };
 

@@ -149,6 +149,7 @@ private Q_SLOTS:
         SettingsFixture fixture;
         auto *language = fixture.control<QComboBox>(u"Language"_s);
         QVERIFY(language);
+        language->setFocus();
         QTest::keyClick(language, Qt::Key_Down); // 한국어
         const auto *tabs = fixture.window->findChild<QTabBar *>();
         QCOMPARE(tabs->tabText(0), u"일반"_s);
@@ -157,6 +158,7 @@ private Q_SLOTS:
         QVERIFY(fixture.control<QComboBox>(u"Theme"_s)); // has one text for all languages
         QCOMPARE(fixture.saved().language, u"ko"_s);
         QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
+        QVERIFY(fixture.control<QComboBox>(u"언어"_s)->hasFocus());
 
         fixture.showActions();
         QVERIFY(fixture.control<QWidget>(u"Actions"_s));
@@ -194,7 +196,7 @@ private Q_SLOTS:
         auto *table = fixture.control<QAbstractItemView>(u"Excluded Apps"_s);
         auto *remove = fixture.control<QAbstractButton>(u"Remove"_s);
         table->clearSelection();
-        table->setCurrentIndex({});
+        table->setFocus(); // which makes an entry current, but selects none
         remove->click();
         QCOMPARE(fixture.saved().excludedBundleIds.size(), 2);
         table->setCurrentIndex(table->model()->index(0, 0));
@@ -268,6 +270,10 @@ private Q_SLOTS:
         QTest::mouseClick(recorder->parentWidget()->parentWidget()->parentWidget(), Qt::LeftButton,
                           {}, { 5, 5 });
         QCOMPARE(recorder->text(), u"F2"_s);
+        // A window that comes back to the front records nothing.
+        recorder->setFocus(Qt::ActiveWindowFocusReason);
+        QCOMPARE(recorder->text(), u"F2"_s);
+        recorder->clearFocus();
         // Who comes by Tab goes on by Tab.
         recorder->setFocus(Qt::TabFocusReason);
         QCOMPARE(recorder->text(), u"Type shortcut..."_s);
@@ -331,6 +337,9 @@ private Q_SLOTS:
         fixture.click(0, ActionsModel::templateColumn);
         fixture.pick(u"LARGE_TYPE"_s);
         QCOMPARE(fixture.saved(0).templateText, u"LARGE_TYPE"_s);
+        fixture.click(0, ActionsModel::typeColumn);
+        fixture.pick(u"builtin"_s); // as it is already
+        QCOMPARE(fixture.saved(0).templateText, u"LARGE_TYPE"_s);
         // By the keyboard.
         fixture.table().setCurrentIndex(
             fixture.table().model()->index(0, ActionsModel::typeColumn));
@@ -364,13 +373,16 @@ private Q_SLOTS:
         QTest::keyClicks(editor, u"  ls"_s);
         QTest::keyClick(editor, Qt::Key_Return);
         QTest::mouseClick(editor->viewport(), Qt::LeftButton, {}, { 5, 5 });
-        QVERIFY(fixture.saved(0).templateText.isEmpty() || fixture.scriptEditor());
+        QTest::keyClick(editor, Qt::Key_Down, Qt::AltModifier); // not a key of the table's
+        QTest::keyClick(editor, Qt::Key_F2);
+        QCOMPARE(fixture.scriptEditor(), editor);
+        QCOMPARE(fixture.config.customActions[1].title, u"two"_s);
         if (end == u"Ctrl+Return")
             QTest::keyClick(editor, Qt::Key_Return, Qt::ControlModifier);
         else if (end == u"Super+Return")
             QTest::keyClick(editor, Qt::Key_Return, Qt::MetaModifier);
         else if (end == u"click")
-            fixture.click(1, ActionsModel::regexColumn);
+            fixture.click(1, ActionsModel::enabledColumn); // which is still where it was
         else if (end == u"right click")
             QTest::mouseClick(fixture.table().viewport(), Qt::RightButton, {},
                               fixture.cell(1, ActionsModel::regexColumn));
@@ -379,10 +391,32 @@ private Q_SLOTS:
         else
             fixture.window->close();
         QCOMPARE(fixture.saved(0).templateText, u"  ls\necho "_s);
+        QCOMPARE(fixture.saved(1).isEnabled, end != u"click");
         if (end != u"close") {
             QTRY_VERIFY(!fixture.scriptEditor());
             QCOMPARE(fixture.table().rowHeight(0), 30);
         }
+    }
+
+    void scriptStaysAsItIs()
+    {
+        SettingsFixture fixture;
+        fixture.setActions({ { u"one"_s, {} } });
+        const QString text = u"a\u00a0b\r\nc\u2028d"_s;
+        fixture.config.customActions[0].type = ActionType::appleScript;
+        fixture.config.customActions[0].templateText = text;
+        fixture.open();
+        fixture.showActions();
+        fixture.doubleClick(0, ActionsModel::templateColumn);
+        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
+        fixture.scriptEditor()->endEditing();
+        QCOMPARE(fixture.saved(0).templateText, text);
+        QTRY_VERIFY(!fixture.scriptEditor());
+        fixture.doubleClick(0, ActionsModel::templateColumn);
+        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
+        QTest::keyClicks(fixture.scriptEditor(), u"x"_s);
+        fixture.scriptEditor()->endEditing();
+        QCOMPARE(fixture.saved(0).templateText, u"xa\u00a0b\nc\nd"_s);
     }
 
     void addRemoveReset()
@@ -399,15 +433,22 @@ private Q_SLOTS:
         QCOMPARE(fixture.table().currentIndex().row(), int(count));
         fixture.control<QPushButton>(u"Remove Action"_s)->click();
         QCOMPARE(fixture.saved().customActions.size(), count);
-        fixture.table().setCurrentIndex({});
+        fixture.table().clearSelection();
+        fixture.table().setFocus(); // which makes an action current, but selects none
         fixture.control<QPushButton>(u"Remove Action"_s)->click();
         QCOMPARE(fixture.saved().customActions.size(), count);
         fixture.table().selectRow(0);
         fixture.control<QPushButton>(u"Remove Action"_s)->click();
+        fixture.config.excludedBundleIds = { u"org.test.Editor"_s };
+        fixture.config.save();
+        auto *excluded = fixture.window->findChild<GeneralSettingsViewController *>()
+                             ->findChild<QTableView *>();
+        QCOMPARE(excluded->model()->rowCount(), 1);
         for (auto *button : fixture.window->findChildren<QPushButton *>()) {
             if (button->text() == u"Reset Defaults")
                 button->click();
         }
+        QCOMPARE(excluded->model()->rowCount(), 0);
         QCOMPARE(fixture.saved().customActions.size(), 9);
     }
 
