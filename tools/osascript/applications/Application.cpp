@@ -50,7 +50,7 @@ Value Application::property(const Object &object, const QString &name)
     if (name == u"name")
         return Value(m_name);
     if (name == u"running")
-        return Value(desktop.isRunning(m_name));
+        return Value(!desktop.isInstalled(m_name) || desktop.isRunning(m_name));
     if (name == u"frontmost") {
         const QList<Process> processes = desktop.processes();
         return Value(!processes.isEmpty() && processes.constFirst().isFrontmost
@@ -78,15 +78,16 @@ bool Application::acceptsName(const QString & /*className*/) const
 Value Application::perform(const Invocation &invocation)
 {
     Desktop &desktop = m_host.desktop;
+    const bool isInstalled = desktop.isInstalled(m_name);
     if (invocation.is(u"activate"))
-        check(desktop.activate(m_name));
+        isInstalled ? check(desktop.activate(m_name)) : activate();
     else if (invocation.is(u"launch") || invocation.is(u"run"))
-        check(desktop.launch(m_name));
+        check(isInstalled ? desktop.launch(m_name) : Failure());
     else if (invocation.is(u"quit"))
-        check(desktop.quit(m_name));
+        check(isInstalled ? desktop.quit(m_name) : Failure());
     else if (invocation.is(u"open"))
         for (const Value &target : toItems(invocation.direct))
-            check(desktop.open(textOf(target), m_name));
+            check(desktop.open(textOf(target), isInstalled ? m_name : QString()));
     else
         failNotUnderstanding(invocation);
     return {};

@@ -23,6 +23,9 @@ struct Invocation
 
 /// What an application lets scripts see and do. This class knows what every application does; the
 /// adapters add elements, properties and commands. All raise script errors.
+///
+/// An application of the desktop that has an adapter's name is activated and quit in its place.
+/// Without one, the adapter is always running.
 class Application
 {
 public:
@@ -54,6 +57,8 @@ protected:
     [[nodiscard]] Object element(const QString &className, const QString &key);
     /// Raises the failure as an error of the application.
     void check(const Failure &failure) const;
+    /// How an adapter is activated: it shows what it has, if anything.
+    virtual void activate() { }
     [[noreturn]] void failNotUnderstanding(const Invocation &invocation) const;
     /// The text of an argument, or of a field of the properties.
     [[nodiscard]] static QString textOf(const Value &value);

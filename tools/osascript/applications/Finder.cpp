@@ -71,6 +71,11 @@ QString Finder::pathOf(const Value &value)
     return object ? object->key : textOf(value);
 }
 
+void Finder::activate()
+{
+    check(host().desktop.open(userFolder(u"home"), {}));
+}
+
 Value Finder::perform(const Invocation &invocation)
 {
     const bool reveals = invocation.is(u"reveal");

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Value perform(const Invocation &invocation) override;
 
 private:
+    void activate() override;
     [[nodiscard]] Object objectAt(const QString &path);
     /// The path that a file, a text or an element stands for.
     [[nodiscard]] static QString pathOf(const Value &value);

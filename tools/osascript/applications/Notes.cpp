@@ -136,6 +136,13 @@ Value Notes::make(const Invocation &invocation)
     return Value(element(u"note"_s, file.fileName()));
 }
 
+void Notes::activate()
+{
+    if (!QDir().mkpath(notesFolder()))
+        fail(ScriptError::notAllowed, u"The folder “"_s + notesFolder() + u"” cannot be made."_s);
+    check(host().desktop.open(notesFolder(), {}));
+}
+
 Value Notes::perform(const Invocation &invocation)
 {
     if (invocation.is(u"make"))

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] Value perform(const Invocation &invocation) override;
 
 private:
+    void activate() override;
     Value make(const Invocation &invocation);
     /// Of the folder that is named, or the one for all notes.
     [[nodiscard]] QString pathOf(const Value &place) const;
