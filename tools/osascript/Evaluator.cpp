@@ -173,8 +173,15 @@ Value Evaluator::coercedTo(const Value &value, const Expression &classes)
 
 Value Evaluator::evaluateForm(const PropertyExpression &property)
 {
-    return resolved(property.container ? propertyOf(valueOf(property.container), property.name)
+    return resolved(property.container ? propertyOf(property.container, property.name)
                                        : ownProperty(property.name));
+}
+
+Value Evaluator::evaluateForm(const DistributedExpression &distributed)
+{
+    const Scoped<Value> told(frame().it, valueOf(distributed.container));
+    const Scoped<bool> many(frame().isMany, isMany(*distributed.container));
+    return evaluate(*distributed.list);
 }
 
 Value Evaluator::evaluateForm(const Pronoun &pronoun)

@@ -48,6 +48,7 @@ private:
         QSet<QString> globals = {};
         QSet<QString> locals = {};
         Value it = {}; ///< what is told
+        bool isMany = false; ///< it is a list of elements that are told one by one
         Value result = {};
         Variables own = {};
     };
@@ -74,6 +75,7 @@ private:
     Value evaluateForm(const Pronoun &pronoun);
     Value evaluateForm(const ReferenceExpression &reference);
     Value evaluateForm(const ExistsExpression &exists);
+    Value evaluateForm(const DistributedExpression &distributed);
     bool runs(const ExpressionPointer &application);
     Value coercedTo(const Value &value, const QString &className);
     Value coercedTo(const Value &value, const Expression &classes);
@@ -84,7 +86,10 @@ private:
     [[nodiscard]] Value *findScriptVariable(ScriptObject *script, const QString &name);
     [[nodiscard]] bool isGlobal(const QString &key) const;
     void setVariable(const QString &name, const Value &value);
+    [[nodiscard]] bool isMany(const Expression &expression) const;
+    Value propertyOf(const ExpressionPointer &container, const QString &name);
     Value propertyOf(const Value &container, const QString &name);
+    Value propertyOfEach(const Value &container, const QString &name);
     Value ownProperty(const QString &name); ///< of what is told
     Value languageProperty(const QString &name); ///< of AppleScript; nothing when there is none
     ExpressionPointer closed(const ExpressionPointer &place);
@@ -94,12 +99,15 @@ private:
     void assignForm(const PropertyExpression &target, const Value &value);
     void assignForm(const ElementExpression &target, const Value &value);
     void assignForm(const ListExpression &target, const Value &value);
+    void assignForm(const DistributedExpression &target, const Value &value);
     void assignForm(const RecordExpression &target, const Value &value);
+    void setProperty(const ExpressionPointer &container, const QString &name, const Value &value);
     void setProperty(const Value &container, const QString &name, const Value &value);
     void setOwnProperty(const QString &name, const Value &value);
     bool setContents(const ExpressionPointer &place, const Value &value);
 
     // Elements (EvaluatorElements.cpp)
+    [[nodiscard]] static bool isDistributed(const ElementExpression &element);
     Value namedValue(const ElementExpression &element);
     Value elementOf(const ElementExpression &element, const Value &container);
     Value objectOf(const ElementExpression &element, const Object &container);

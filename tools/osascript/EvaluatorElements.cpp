@@ -29,15 +29,15 @@ bool isTextClass(const QString &className)
         || className == u"text" || className == u"text item";
 }
 
+}
+
 /// `word 1 of every paragraph`: of each of them, not of the list.
-bool isDistributed(const ElementExpression &element)
+bool Evaluator::isDistributed(const ElementExpression &element)
 {
     const auto *container
         = element.container ? std::get_if<ElementExpression>(&element.container->form) : nullptr;
     return container && container->form == Form::every && container->className != u"item"
         && isTextClass(element.className);
-}
-
 }
 
 Value Evaluator::evaluateForm(const ElementExpression &element)
@@ -143,6 +143,7 @@ QList<Object> Evaluator::filtered(QList<Object> objects, const ExpressionPointer
         return objects;
     objects.removeIf([&](const Object &object) {
         const Scoped<Value> told(frame().it, Value(object));
+        const Scoped<bool> one(frame().isMany, false);
         return !toBoolean(valueOf(filter));
     });
     return objects;

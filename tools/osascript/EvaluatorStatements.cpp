@@ -203,6 +203,7 @@ Evaluator::Flow Evaluator::executeForm(const ErrorStatement &error)
 Evaluator::Flow Evaluator::executeForm(const TellStatement &tell)
 {
     const Scoped<Value> told(frame().it, valueOf(tell.target));
+    const Scoped<bool> many(frame().isMany, isMany(*tell.target));
     return execute(tell.body);
 }
 

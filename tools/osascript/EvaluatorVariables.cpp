@@ -4,6 +4,7 @@
 
 #include "Coercion.h"
 #include "Printer.h"
+#include "Scoped.h"
 #include "ScriptError.h"
 #include "ValueProperties.h"
 
@@ -33,12 +34,10 @@ bool isLanguage(const Value &value)
     return constant && constant->name == u"AppleScript";
 }
 
-/// Elements of applications are asked one by one.
-bool areObjects(const Value &value)
+/// Asked of many things, it is a property of their list.
+bool isOfList(const QString &name)
 {
-    return value.isList() && !value.items().isEmpty()
-        && std::all_of(value.items().cbegin(), value.items().cend(),
-                       [](const Value &item) { return item.is<Object>(); });
+    return name == u"length" || name == u"number" || name == u"reverse" || name == u"rest";
 }
 
 }
@@ -96,6 +95,36 @@ Value Evaluator::resolved(const Value &value)
     return reference ? evaluate(*(*reference)->place) : value;
 }
 
+/// Whether the expression stands for any number of elements, which are asked one by one: `name of
+/// every process`.
+bool Evaluator::isMany(const Expression &expression) const
+{
+    if (const auto *pronoun = std::get_if<Pronoun>(&expression.form))
+        return pronoun->kind == Pronoun::Kind::it && m_frame->isMany;
+    if (const auto *property = std::get_if<PropertyExpression>(&expression.form))
+        return property->container && !isOfList(property->name) && isMany(*property->container);
+    const auto *element = std::get_if<ElementExpression>(&expression.form);
+    return element
+        && (element->form == ElementExpression::Form::every
+            || element->form == ElementExpression::Form::range || isDistributed(*element));
+}
+
+Value Evaluator::propertyOf(const ExpressionPointer &container, const QString &name)
+{
+    const Value value = valueOf(container);
+    return isMany(*container) ? propertyOfEach(value, name) : propertyOf(value, name);
+}
+
+Value Evaluator::propertyOfEach(const Value &container, const QString &name)
+{
+    if (!container.isList() || isOfList(name))
+        return propertyOf(container, name);
+    QList<Value> values;
+    for (const Value &item : container.items())
+        values.append(propertyOf(item, name));
+    return Value::list(values);
+}
+
 Value Evaluator::propertyOf(const Value &container, const QString &name)
 {
     if (const auto *object = container.as<Object>()) {
@@ -111,15 +140,7 @@ Value Evaluator::propertyOf(const Value &container, const QString &name)
     }
     const bool isLanguageOrScript = isLanguage(container) || container.is<ScriptObject *>();
     Value language = isLanguageOrScript ? languageProperty(name) : Value();
-    if (!language.isNothing())
-        return language;
-    if (!areObjects(container) || name == u"length" || name == u"reverse" || name == u"rest"
-        || name == u"class" || name == u"number")
-        return valueProperty(container, name, context());
-    QList<Value> values;
-    for (const Value &item : container.items())
-        values.append(propertyOf(item, name));
-    return Value::list(values);
+    return language.isNothing() ? valueProperty(container, name, context()) : language;
 }
 
 Value Evaluator::languageProperty(const QString &name)
@@ -149,7 +170,9 @@ Value Evaluator::ownProperty(const QString &name)
     if (const Value *variable = findVariable(name))
         return resolved(*variable);
     const Value language = languageProperty(name);
-    return language.isNothing() ? propertyOf(frame().it, name) : language;
+    if (!language.isNothing())
+        return language;
+    return frame().isMany ? propertyOfEach(frame().it, name) : propertyOf(frame().it, name);
 }
 
 /// The place with values for all of its parts. Variables of handlers are no places: they are gone
@@ -211,7 +234,16 @@ void Evaluator::assignForm(const PropertyExpression &target, const Value &value)
     if (!target.container)
         setOwnProperty(target.name, value);
     else if (target.name != u"contents" || !setContents(target.container, value))
-        setProperty(valueOf(target.container), target.name, value);
+        setProperty(target.container, target.name, value);
+}
+
+void Evaluator::setProperty(const ExpressionPointer &container, const QString &name,
+                            const Value &value)
+{
+    const Value owner = valueOf(container);
+    for (const Value &each :
+         isMany(*container) && owner.isList() ? owner.items() : QList<Value> { owner })
+        setProperty(each, name, value);
 }
 
 /// False when the place holds no reference.
@@ -260,9 +292,6 @@ void Evaluator::setProperty(const Value &container, const QString &name, const V
         if (!own)
             failToSet(name + u" of "_s + printed(container), printed(value));
         *own = value;
-    } else if (areObjects(container)) {
-        for (const Value &item : container.items())
-            setProperty(item, name, value);
     } else {
         setValueProperty(container, name, value);
     }
@@ -300,6 +329,13 @@ void Evaluator::assignForm(const ListExpression &target, const Value &value)
             failToGet(u"item %1 of "_s.arg(at + 1) + printed(value));
         assign(*target.items[i], items.at(at));
     }
+}
+
+void Evaluator::assignForm(const DistributedExpression &target, const Value &value)
+{
+    const Scoped<Value> told(frame().it, valueOf(target.container));
+    const Scoped<bool> many(frame().isMany, isMany(*target.container));
+    assign(*target.list, value);
 }
 
 void Evaluator::assignForm(const RecordExpression &target, const Value &value)

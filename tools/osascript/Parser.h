@@ -123,6 +123,7 @@ private:
     ExpressionPointer readLiteral();
     ExpressionPointer readParenthesized();
     ExpressionPointer readBraces();
+    ExpressionPointer distributed(ExpressionPointer list, qsizetype from);
     ExpressionPointer readRecord(qsizetype from);
     qsizetype labelLength() const;
     ExpressionPointer readPronoun();

@@ -153,7 +153,7 @@ ExpressionPointer Parser::readPrimary()
     if (isAt(u"("))
         return readParenthesized();
     if (isAt(u"{"))
-        return readBraces();
+        return distributed(readBraces(), from);
     if (accept(u"exists"))
         return make(ExistsExpression { readOperand() }, from);
     if (accept(u"a reference to") || accept(u"ref to") || accept(u"reference to"))
@@ -202,6 +202,27 @@ ExpressionPointer Parser::readBraces()
     }
     expect(u"}");
     return make(std::move(list), from);
+}
+
+/// `{year, month} of x`: the list's items are said of x.
+ExpressionPointer Parser::distributed(ExpressionPointer list, qsizetype from)
+{
+    auto *parts = std::get_if<ListExpression>(&list->form);
+    if (!parts || !isBeforeContainer())
+        return list;
+    for (ExpressionPointer &part : parts->items) {
+        // In front of a comma, "text" is the class.
+        if (const auto *literal = std::get_if<Literal>(&part->form);
+            literal && literal->value.is<ClassName>())
+            part->form = PropertyExpression { literal->value.get<ClassName>().name };
+        const auto *property = std::get_if<PropertyExpression>(&part->form);
+        if (std::holds_alternative<ElementExpression>(part->form)
+            || (property && property->container))
+            continue;
+        part = within(std::move(part), make(Pronoun { Pronoun::Kind::it }, from), from);
+    }
+    ++m_at;
+    return make(DistributedExpression { std::move(list), readContainer() }, from);
 }
 
 /// How many tokens the label of a field takes here; 0 when there is none.

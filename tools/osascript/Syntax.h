@@ -63,6 +63,13 @@ struct PropertyExpression
     ExpressionPointer container = {};
 };
 
+/// `{name, id} of container`: each of the list's parts, which are said of `it`.
+struct DistributedExpression
+{
+    ExpressionPointer list = {}; ///< a list expression
+    ExpressionPointer container = {};
+};
+
 /// Elements of a class: `word 2 of x`, `every process whose frontmost is true` …
 struct ElementExpression
 {
@@ -116,10 +123,10 @@ struct ExistsExpression
 
 struct Expression
 {
-    using Form
-        = std::variant<Literal, Variable, ListExpression, RecordExpression, Negation,
-                       OperatorExpression, PropertyExpression, ElementExpression, CommandExpression,
-                       CallExpression, Pronoun, ReferenceExpression, ExistsExpression>;
+    using Form = std::variant<Literal, Variable, ListExpression, RecordExpression, Negation,
+                              OperatorExpression, PropertyExpression, ElementExpression,
+                              CommandExpression, CallExpression, Pronoun, ReferenceExpression,
+                              ExistsExpression, DistributedExpression>;
     Form form;
     SourceRange where;
 };
