@@ -25,6 +25,7 @@ Evaluator::~Evaluator()
 {
     for (const auto &script : m_scripts) {
         script->properties.clear();
+        script->captured.clear();
         script->runVariables.clear();
     }
 }

@@ -83,6 +83,7 @@ private:
     // Variables, properties, references (EvaluatorVariables.cpp)
     [[nodiscard]] Value *findVariable(const QString &name);
     [[nodiscard]] Value *findProperty(ScriptObject *script, const QString &name);
+    [[nodiscard]] Value *findVisible(ScriptObject *script, const QString &name);
     [[nodiscard]] Value *findScriptVariable(ScriptObject *script, const QString &name);
     [[nodiscard]] bool isGlobal(const QString &key) const;
     void setVariable(const QString &name, const Value &value);
@@ -129,7 +130,8 @@ private:
     [[nodiscard]] const HandlerDefinition *findHandler(ScriptObject *&owner, const QString &name);
     QList<Value> orderedArguments(const CallExpression &call, const HandlerDefinition &handler);
     void bind(const HandlerDefinition &handler, const QList<Value> &arguments);
-    ScriptObject *instantiate(const ScriptBlock &block, ScriptObject *outer);
+    ScriptObject *instantiate(const ScriptBlock &block, ScriptObject *outer,
+                              const Variables &captured = {});
     void checkApplications(const ParsedScript &parsed);
 
     // Statements (EvaluatorStatements.cpp)

@@ -212,12 +212,14 @@ void Evaluator::bind(const HandlerDefinition &handler, const QList<Value> &argum
         assign(*handler.parameters[static_cast<size_t>(i)], arguments.at(i));
 }
 
-ScriptObject *Evaluator::instantiate(const ScriptBlock &block, ScriptObject *outer)
+ScriptObject *Evaluator::instantiate(const ScriptBlock &block, ScriptObject *outer,
+                                     const Variables &captured)
 {
     m_scripts.push_back(std::make_unique<ScriptObject>());
     ScriptObject *script = m_scripts.back().get();
     script->block = &block;
     script->outer = outer;
+    script->captured = captured;
     script->name = block.name;
     for (const QString &name : block.globals)
         script->globals.insert(name.toLower());

@@ -233,7 +233,7 @@ Evaluator::Flow Evaluator::executeForm(const Block &block)
 
 Evaluator::Flow Evaluator::executeForm(const ScriptStatement &statement)
 {
-    ScriptObject *script = instantiate(*statement.script, frame().me);
+    ScriptObject *script = instantiate(*statement.script, frame().me, *frame().variables);
     if (!script->name.isEmpty())
         setVariable(script->name, Value(script));
     frame().result = Value(script);

@@ -51,6 +51,19 @@ Value *Evaluator::findProperty(ScriptObject *script, const QString &name)
     return nullptr;
 }
 
+/// What the script's handlers see without its being theirs: properties, and the variables around
+/// the script.
+Value *Evaluator::findVisible(ScriptObject *script, const QString &name)
+{
+    const QString key = name.toLower();
+    for (; script; script = script->outer) {
+        Value *property = find(script->properties, key);
+        if (Value *value = property ? property : find(script->captured, key))
+            return value;
+    }
+    return nullptr;
+}
+
 /// What can be asked of a script from outside: its properties, and the variables of its run
 /// handler.
 Value *Evaluator::findScriptVariable(ScriptObject *script, const QString &name)
@@ -75,7 +88,7 @@ Value *Evaluator::findVariable(const QString &name)
         return find(m_globals, key);
     Value *variable = find(*frame().variables, key);
     const bool isLocal = frame().locals.contains(key);
-    return variable || isLocal ? variable : findProperty(frame().me, name);
+    return variable || isLocal ? variable : findVisible(frame().me, name);
 }
 
 void Evaluator::setVariable(const QString &name, const Value &value)

@@ -21,6 +21,7 @@ struct ScriptObject
     ScriptObject *outer = nullptr; ///< the script around it, whose properties it sees
     QString name;
     Variables properties;
+    Variables captured; ///< of the handler that made it: its parameters and variables at that time
     Variables runVariables; ///< of its run handler, which references can name
     QSet<QString> globals; ///< names declared global for all of its handlers
 };
