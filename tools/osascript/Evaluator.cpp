@@ -9,6 +9,8 @@
 #include "ScriptError.h"
 #include "StackLimit.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace osascript {
@@ -200,7 +202,9 @@ Value Evaluator::evaluateForm(const ReferenceExpression &reference)
 Value Evaluator::evaluateForm(const ExistsExpression &exists)
 {
     try {
-        return Value(!evaluate(*exists.operand).isNothing());
+        const Value value = resolved(evaluate(*exists.operand));
+        const auto *file = value.as<File>();
+        return Value(file ? QFileInfo::exists(file->path) : !value.isNothing());
     } catch (const ScriptError &error) {
         const bool isAbsent = error.number == ScriptError::cannotGet
             || error.number == ScriptError::invalidIndex || error.number == -43;

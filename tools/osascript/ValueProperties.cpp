@@ -8,6 +8,7 @@
 #include "ScriptError.h"
 #include "TextElements.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -108,8 +109,15 @@ Value fileProperty(const File &file, const QString &name)
 {
     if (name == u"POSIX path")
         return Value(file.path);
+    const QFileInfo info(QDir::cleanPath(file.path));
     if (name == u"name")
-        return Value(QFileInfo(file.path).fileName());
+        return Value(info.fileName());
+    if (name == u"name extension")
+        return Value(info.suffix());
+    if (name == u"container")
+        return Value(File { info.path(), true });
+    if (name == u"URL")
+        return Value(u"file://"_s + QString::fromLatin1(file.path.toUtf8().toPercentEncoding("/")));
     return {};
 }
 

@@ -4,6 +4,7 @@
 
 #include "../Coercion.h"
 #include "../UserFolders.h"
+#include "../ValueProperties.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -51,14 +52,10 @@ Value Finder::property(const Object &object, const QString &name)
         const bool isFolder = name == u"home" || name == u"desktop";
         return isFolder ? Value(objectAt(userFolder(name))) : Application::property(object, name);
     }
-    const QFileInfo info(object.key);
     if (name == u"container")
-        return Value(objectAt(info.absolutePath()));
-    if (name == u"name extension")
-        return Value(info.suffix());
-    if (name == u"URL")
-        return Value(u"file://"_s
-                     + QString::fromLatin1(object.key.toUtf8().toPercentEncoding("/")));
+        return Value(objectAt(QFileInfo(object.key).absolutePath()));
+    if (name == u"name extension" || name == u"URL")
+        return valueProperty(Value(File { object.key }), name, {});
     if (name == u"POSIX path" || name == u"text")
         return Value(object.key);
     return name == u"alias" ? Value(File { object.key, true })
