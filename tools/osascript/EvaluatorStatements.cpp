@@ -8,16 +8,45 @@
 #include "ScriptError.h"
 #include "StackLimit.h"
 
+#include <QHash>
+
 using namespace Qt::StringLiterals;
 
 namespace osascript {
 
 namespace {
 
+/// What an error says that a script raises by its number alone: AppleScript Language Guide, "Error
+/// Numbers and Error Messages", without the parts that name what it was about.
 QString usualMessage(int number)
 {
-    return number == ScriptError::userCanceled ? u"User canceled."_s
-                                               : u"An error of type %1 has occurred."_s.arg(number);
+    static const QHash<int, QString> messages {
+        { -37, u"Bad name for file."_s },
+        { -39, u"End of file error."_s },
+        { -43, u"File not found."_s },
+        { -48, u"Duplicate file name."_s },
+        { -49, u"File already open."_s },
+        { -50, u"Parameter error."_s },
+        { -54, u"File permission error."_s },
+        { -108, u"Out of memory."_s },
+        { -120, u"Folder not found."_s },
+        { -128, u"User canceled."_s },
+        { -600, u"Application isn’t running."_s },
+        { -609, u"Connection is invalid."_s },
+        { -1700, u"Can’t make some data into the expected type."_s },
+        { -1701, u"Some parameter is missing."_s },
+        { -1708, u"The message was not understood."_s },
+        { -1712, u"AppleEvent timed out."_s },
+        { -1713, u"No user interaction allowed."_s },
+        { -1719, u"Invalid index."_s },
+        { -1728, u"Can’t get the object."_s },
+        { -2701, u"Can’t divide by zero."_s },
+        { -2702, u"The result of a numeric operation was too large."_s },
+        { -10000, u"AppleEvent handler failed."_s },
+        { -10004, u"A privilege violation occurred."_s },
+        { -10006, u"Can’t set the object."_s },
+    };
+    return messages.value(number, u"An error of type %1 has occurred."_s.arg(number));
 }
 
 void apply(ConsideringStatement::Attribute attribute, bool considers, TextRules &rules)
@@ -185,19 +214,34 @@ Evaluator::Flow Evaluator::executeForm(const TryStatement &statement)
             throw;
         caught = error;
     }
-    if (!statement.message.isEmpty())
-        setVariable(statement.message, Value(caught->message));
-    if (!statement.number.isEmpty())
-        setVariable(statement.number, Value(qint64 { caught->number }));
+    const std::pair<QString, Value> parts[] {
+        { statement.message, Value(caught->message) },
+        { statement.number, Value(qint64 { caught->number }) },
+        { statement.source, caught->source },
+        { statement.wanted, caught->wanted },
+        { statement.partialResult, caught->partialResult },
+    };
+    for (const auto &[variable, value] : parts) {
+        if (!variable.isEmpty())
+            setVariable(variable, value);
+    }
     return execute(statement.handler);
 }
 
 Evaluator::Flow Evaluator::executeForm(const ErrorStatement &error)
 {
-    const int number = error.number ? static_cast<int>(toInteger(valueOf(error.number)))
-                                    : int { ScriptError::failed };
-    failWith(number,
-             error.message ? toText(valueOf(error.message), context()) : usualMessage(number));
+    ScriptError raised;
+    if (error.number)
+        raised.number = static_cast<int>(toInteger(valueOf(error.number)));
+    raised.message
+        = error.message ? toText(valueOf(error.message), context()) : usualMessage(raised.number);
+    if (error.source)
+        raised.source = valueOf(error.source);
+    if (error.wanted)
+        raised.wanted = valueOf(error.wanted);
+    if (error.partialResult)
+        raised.partialResult = valueOf(error.partialResult);
+    throw raised;
 }
 
 Evaluator::Flow Evaluator::executeForm(const TellStatement &tell)

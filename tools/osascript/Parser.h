@@ -101,6 +101,7 @@ private:
     Statement::Form readRepeat();
     void readRepeatHead(RepeatStatement &repeat);
     Statement::Form readTry();
+    [[nodiscard]] bool isAtErrorPart() const;
     void readErrorPattern(TryStatement &statement);
     Statement::Form readError();
     Statement::Form readTell();

@@ -240,31 +240,56 @@ Statement::Form Parser::readTry()
     return statement;
 }
 
+bool Parser::isAtErrorPart() const
+{
+    return isAt(u"number") || isAt(u"from") || isAt(u"to")
+        || matchWords(u"partial result", m_tokens, m_at) > 0;
+}
+
 void Parser::readErrorPattern(TryStatement &statement)
 {
+    const auto readNumber = [this] {
+        const int sign = accept(u"-") ? -1 : 1;
+        if (peek().kind != Token::Kind::integer)
+            failExpecting(u"number"_s);
+        return m_tokens.at(m_at++).text.toInt() * sign;
+    };
     const auto readVariable = [this] {
         QString name = readIdentifier();
         m_assigned.insert(name.toLower());
         return name;
     };
-    if (!isAtLineEnd() && !isAt(u"number"))
+    if (!isAtLineEnd() && !isAtErrorPart())
         statement.message = readVariable();
-    if (!accept(u"number"))
-        return;
-    const bool isNegative = accept(u"-");
-    if (peek().kind == Token::Kind::integer)
-        statement.onlyNumber = m_tokens.at(m_at++).text.toInt() * (isNegative ? -1 : 1);
-    else
-        statement.number = readVariable();
+    while (isAtErrorPart()) {
+        if (accept(u"from"))
+            statement.source = readVariable();
+        else if (accept(u"to"))
+            statement.wanted = readVariable();
+        else if (accept(u"partial result"))
+            statement.partialResult = readVariable();
+        else if (expect(u"number"); peek().kind == Token::Kind::integer || isAt(u"-"))
+            statement.onlyNumber = readNumber();
+        else
+            statement.number = readVariable();
+    }
 }
 
 Statement::Form Parser::readError()
 {
     ErrorStatement error;
-    if (!isAtLineEnd() && !isAt(u"number"))
+    if (!isAtLineEnd() && !isAtErrorPart())
         error.message = readExpression();
-    if (accept(u"number"))
-        error.number = readExpression();
+    while (isAtErrorPart()) {
+        if (accept(u"from"))
+            error.source = readExpression();
+        else if (accept(u"to")) // the class, even if words follow that could be a key
+            error.wanted = matchTerm().length > 0 ? readClassName() : readExpression();
+        else if (accept(u"partial result"))
+            error.partialResult = readExpression();
+        else if (accept(u"number"))
+            error.number = readExpression();
+    }
     return error;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "SourceRange.h"
+#include "Value.h"
 
 #include <QString>
 
@@ -40,6 +41,9 @@ struct ScriptError
     int number = failed;
     Phase phase = Phase::execution;
     std::optional<SourceRange> where = std::nullopt; ///< set by the innermost code that knows it
+    Value source = Value(Missing()); ///< `from`: what the error is about
+    Value wanted = Value(Missing()); ///< `to`: the class that something could not be made into
+    Value partialResult = Value::list({});
 };
 
 /// The message ends with a full stop.

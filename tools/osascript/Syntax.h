@@ -179,6 +179,9 @@ struct TryStatement
     Statements handler;
     QString message = {}; ///< a variable, or empty
     QString number = {}; ///< a variable, or empty
+    QString source = {}; ///< of `from`: a variable, or empty
+    QString wanted = {}; ///< of `to`: a variable, or empty
+    QString partialResult = {}; ///< a variable, or empty
     std::optional<int> onlyNumber = std::nullopt; ///< the only error that is caught
 };
 
@@ -186,6 +189,9 @@ struct ErrorStatement
 {
     ExpressionPointer message = {};
     ExpressionPointer number = {};
+    ExpressionPointer source = {}; ///< of `from`
+    ExpressionPointer wanted = {}; ///< of `to`
+    ExpressionPointer partialResult = {};
 };
 
 struct TellStatement
