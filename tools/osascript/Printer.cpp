@@ -77,11 +77,25 @@ void Printer::operator()(const ListPointer &list)
     m_text += m_isSource ? u"}" : u"";
 }
 
-/// A name that is no word stands between bars.
+bool isProperty(const QString &name)
+{
+    const std::span<const NameTerm> terms = nameTerms();
+    return std::any_of(terms.begin(), terms.end(), [&](const NameTerm &term) {
+        return term.kind == NameTerm::Kind::property
+            && term.words.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// A name that scripts cannot have as it is stands between bars.
 QString fieldName(const QString &name)
 {
-    static const QRegularExpression words(u"\\A[\\p{L}_][\\p{L}\\p{N}_ ]*\\z"_s);
-    return words.match(name).hasMatch() ? name : u'|' + name + u'|';
+    static const QRegularExpression word(u"\\A[\\p{L}_][\\p{L}\\p{N}_]*\\z"_s);
+    const std::span<const QStringView> reserved = reservedWords();
+    const bool isReserved = std::any_of(reserved.begin(), reserved.end(), [&](QStringView known) {
+        return known.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    const bool isPlain = isProperty(name) || (word.match(name).hasMatch() && !isReserved);
+    return isPlain ? name : u'|' + name + u'|';
 }
 
 void Printer::operator()(const RecordPointer &record)
