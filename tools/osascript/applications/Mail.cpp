@@ -19,12 +19,21 @@ QString encoded(const QString &text)
     return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
+/// Header fields are one line each (RFC 6068, section 5).
+QString inOneLine(QString text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; },
+        u' ');
+    return text;
+}
+
 /// Commas divide addresses, so they and all else but "@" are encoded within one.
 QString encodedAddresses(const QStringList &addresses)
 {
     QStringList parts;
     for (const QString &address : addresses)
-        parts.append(QString::fromLatin1(QUrl::toPercentEncoding(address, "@")));
+        parts.append(QString::fromLatin1(QUrl::toPercentEncoding(inOneLine(address), "@")));
     return parts.join(u',');
 }
 
@@ -131,7 +140,7 @@ QString Mail::address(const Message &message)
     };
     add(u"cc"_s, encodedAddresses(message.cc));
     add(u"bcc"_s, encodedAddresses(message.bcc));
-    add(u"subject"_s, encoded(message.subject));
+    add(u"subject"_s, encoded(inOneLine(message.subject)));
     add(u"body"_s, encoded(withLineBreaks(message.content)));
     const QString query = fields.isEmpty() ? QString() : u'?' + fields.join(u'&');
     return u"mailto:"_s + encodedAddresses(message.to) + query;
