@@ -9,6 +9,9 @@
 
 #include <csignal>
 
+#include <pwd.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -45,6 +48,8 @@ private Q_SLOTS:
     void output_data();
     void output();
     void runsFile();
+    void findsHome();
+    void reportsFullOutput();
     void endsAtOnce_data();
     void endsAtOnce();
 };
@@ -84,6 +89,12 @@ void tst_OsascriptCommandLine::output_data()
     row("both", {}, u"0 3\n"_s, "set x to 1 + \302\254\r\n 1\r\nx + 1\r\n");
     row("line of a shell", {}, u"0 3\n"_s, "#!/usr/bin/osascript\n3\n");
     row("byte order mark", {}, u"0 3\n"_s, "\357\273\2773\n");
+    row("UTF-16", {}, u"0 \u00e9\n"_s, QByteArray("\xff\xfe\"\0\xe9\0\"\0", 8));
+    row("compiled script", {},
+        u"1 osascript: -: Compiled scripts cannot be run, only their text.\n"_s,
+        "FasdUAS 1.101.10\016");
+    row("too long", {}, u"1 osascript: -: The script is too long.\n"_s,
+        QByteArray((8 << 20) + 1, ' '));
     row("execution error", { u"-e"_s, u"set x to 1"_s, u"-e"_s, u"set y to item 5 of {1}"_s },
         u"1 20:33: execution error: Can’t get item 5 of {1}. (-1728)\n"_s);
     row("undefined variable", one(u"1 + nothingThere"_s),
@@ -119,6 +130,29 @@ void tst_OsascriptCommandLine::runsFile()
     file.write("on run {a}\n  \"<\" & a & \">\"\nend run\n");
     file.close();
     QCOMPARE(run({ file.fileName(), u"x y"_s }), u"0 <x y>\n"_s);
+}
+
+void tst_OsascriptCommandLine::findsHome()
+{
+    const QByteArray home = qgetenv("HOME");
+    const QStringList script { u"-e"_s, u"POSIX path of (path to home folder)"_s };
+    for (const char *bad : { "", "relative" }) {
+        qputenv("HOME", bad);
+        const QString outcome = run(script);
+        qputenv("HOME", home);
+        QCOMPARE(outcome, u"0 "_s + QFile::decodeName(getpwuid(getuid())->pw_dir) + u"/\n"_s);
+    }
+}
+
+void tst_OsascriptCommandLine::reportsFullOutput()
+{
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_s);
+    process.start(QStringLiteral(OSASCRIPT), { u"-e"_s, u"1"_s });
+    QVERIFY(process.waitForFinished(patience));
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("osascript: standard output: No space left on device\n"));
 }
 
 void tst_OsascriptCommandLine::endsAtOnce_data()

@@ -6,9 +6,12 @@
 #include "Evaluator.h"
 #include "Printer.h"
 #include "ScriptError.h"
+#include "ScriptSource.h"
+#include "UserFolders.h"
 
 #include <QFile>
 
+#include <cerrno>
 #include <cstdio>
 #include <optional>
 
@@ -18,8 +21,6 @@ namespace osascript {
 
 namespace {
 
-constexpr qint64 longestScript = 8 << 20; // bytes
-
 struct Request
 {
     std::optional<QString> script; ///< of -e; else the first argument names a file
@@ -28,11 +29,12 @@ struct Request
     QStringList arguments;
 };
 
-void print(const QString &text, FILE *stream)
+/// False when it could not be written, with the reason in errno.
+bool print(const QString &text, FILE *stream)
 {
     const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    const auto size = static_cast<size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
 /// False for a flag that there is not.
@@ -85,19 +87,6 @@ std::optional<Request> parseArguments(QStringList arguments)
     return request;
 }
 
-/// All of it, up to the limit: a pipe gives what it has at the moment.
-QByteArray readAll(QFile &file)
-{
-    QByteArray bytes;
-    while (bytes.size() < longestScript) {
-        const QByteArray some = file.read(longestScript - bytes.size());
-        if (some.isEmpty())
-            break;
-        bytes += some;
-    }
-    return bytes;
-}
-
 /// Of the file, or of standard input for "-" and for nothing at all; nothing when it cannot be
 /// read.
 std::optional<QString> readScript(QStringList &arguments)
@@ -106,11 +95,12 @@ std::optional<QString> readScript(QStringList &arguments)
     QFile file(name);
     const bool isOpen
         = name == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    if (!isOpen) {
-        print(u"osascript: "_s + name + u": "_s + file.errorString() + u'\n', stderr);
-        return std::nullopt;
-    }
-    return QString::fromUtf8(readAll(file));
+    const ScriptSource source
+        = isOpen ? readScriptSource(file) : ScriptSource { {}, file.errorString() };
+    if (source.error.isEmpty())
+        return source.text;
+    print(u"osascript: "_s + name + u": "_s + source.error + u'\n', stderr);
+    return std::nullopt;
 }
 
 QString described(const ScriptError &error)
@@ -125,6 +115,7 @@ QString described(const ScriptError &error)
 
 int runCommandLine(const QStringList &arguments, Host &host)
 {
+    ensureHome();
     std::optional<Request> request = parseArguments(arguments);
     if (!request) {
         print(
@@ -140,9 +131,9 @@ int runCommandLine(const QStringList &arguments, Host &host)
         Evaluator evaluator(host);
         const Value result = evaluator.run(*script, Value::texts(request->arguments).items());
         evaluator.finish();
-        if (!result.isNothing())
-            print(printed(result, request->style) + u'\n', stdout);
-        return 0;
+        if (result.isNothing() || print(printed(result, request->style) + u'\n', stdout))
+            return 0;
+        print(u"osascript: standard output: "_s + qt_error_string(errno) + u'\n', stderr);
     } catch (const ScriptError &error) {
         print(described(error), request->printsErrorsToOutput ? stdout : stderr);
     }

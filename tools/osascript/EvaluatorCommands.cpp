@@ -6,6 +6,7 @@
 #include "Printer.h"
 #include "Scoped.h"
 #include "ScriptError.h"
+#include "ScriptSource.h"
 #include "StackLimit.h"
 #include "ValueProperties.h"
 
@@ -16,8 +17,6 @@ using namespace Qt::StringLiterals;
 namespace osascript {
 
 namespace {
-
-constexpr qint64 longestScript = 8 << 20; // bytes
 
 [[noreturn]] void failNotUnderstanding(const Value &receiver, const QString &message)
 {
@@ -32,7 +31,10 @@ QString sourceOf(const Value &script, const TextContext &context)
     QFile file(script.get<File>().path);
     if (!file.open(QIODevice::ReadOnly))
         failWith(-43, u"File "_s + file.fileName() + u" wasn’t found."_s);
-    return QString::fromUtf8(file.read(longestScript));
+    const ScriptSource source = readScriptSource(file);
+    if (!source.error.isEmpty())
+        fail(ScriptError::failed, source.error);
+    return source.text;
 }
 
 }

@@ -5,9 +5,20 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <pwd.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace osascript {
+
+void ensureHome()
+{
+    if (qgetenv("HOME").startsWith('/'))
+        return;
+    if (const passwd *user = getpwuid(getuid()))
+        qputenv("HOME", user->pw_dir);
+}
 
 QString userFolder(QStringView words)
 {
