@@ -36,12 +36,25 @@ int inFull(int year)
     return year >= 100 ? year : year < pivot ? 2000 + year : 1900 + year;
 }
 
+/// In full, or its first letters: "Nov", "sept".
+int monthFrom(QStringView name)
+{
+    constexpr qsizetype fewestLetters = 3;
+    const auto *month = std::find_if(std::begin(months), std::end(months), [&](QStringView known) {
+        return name.size() >= fewestLetters && known.startsWith(name, Qt::CaseInsensitive);
+    });
+    return month == std::end(months) ? 0 : static_cast<int>(month - std::begin(months)) + 1;
+}
+
 std::optional<QDate> parseDay(const QString &text)
 {
     static const QRegularExpression iso(uR"(\A(\d{4})-(\d{1,2})-(\d{1,2})\z)"_s);
     static const QRegularExpression numeric(uR"(\A(\d{1,2})/(\d{1,2})/(\d{2}|\d{4})\z)"_s);
     static const QRegularExpression words(
         uR"(\A(?:[a-z]+,?\s+)??([a-z]+)\s+(\d{1,2})(?:st|nd|rd|th)?,?\s+(\d{4})\z)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression dayFirst(
+        uR"(\A(?:[a-z]+,?\s+)?(\d{1,2})(?:st|nd|rd|th)?\s+([a-z]+),?\s+(\d{4})\z)"_s,
         QRegularExpression::CaseInsensitiveOption);
     QDate date;
     if (const auto match = iso.match(text); match.hasMatch())
@@ -51,8 +64,11 @@ std::optional<QDate> parseDay(const QString &text)
         date = QDate(inFull(other.captured(3).toInt()), other.captured(1).toInt(),
                      other.captured(2).toInt());
     else if (const auto named = words.match(text); named.hasMatch())
-        date = QDate(named.captured(3).toInt(), monthNumber(named.captured(1)),
+        date = QDate(named.captured(3).toInt(), monthFrom(named.captured(1)),
                      named.captured(2).toInt());
+    else if (const auto ordered = dayFirst.match(text); ordered.hasMatch())
+        date = QDate(ordered.captured(3).toInt(), monthFrom(ordered.captured(2)),
+                     ordered.captured(1).toInt());
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
