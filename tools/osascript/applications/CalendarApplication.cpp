@@ -45,6 +45,17 @@ void apply(const Field &field, CalendarEntry &entry)
         failWith(-10000, u"Can’t set "_s + name + u'.');
 }
 
+/// Raises -10000 for an event that ends before it starts.
+void checkTimes(const CalendarEntry &entry)
+{
+    if (entry.kind != CalendarEntry::Kind::event || !entry.start || !entry.end)
+        return;
+    const bool isBackwards
+        = entry.isAllDay ? entry.end->date() < entry.start->date() : *entry.end < *entry.start;
+    if (isBackwards)
+        failWith(-10000, u"The start date must be before the end date."_s);
+}
+
 }
 
 CalendarApplication::CalendarApplication(QString name, Host &host)
@@ -87,6 +98,7 @@ Value CalendarApplication::perform(const Invocation &invocation)
         for (const Field &field : (*record)->fields)
             apply(field, entry);
     }
+    checkTimes(entry);
     const CalendarFile file = writeCalendarFile(entry);
     if (!file.error.isEmpty())
         fail(ScriptError::notAllowed, file.error + u'.');
