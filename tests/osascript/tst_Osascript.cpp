@@ -28,6 +28,7 @@ Outcome run(const Case &row, const QString &home)
     environment.insert(u"HOME"_s, home);
     environment.insert(u"XDG_CONFIG_HOME"_s, home + u"/.config"_s);
     environment.insert(u"XDG_RUNTIME_DIR"_s, home);
+    environment.insert(u"TZ"_s, u"UTC"_s);
     environment.insert(u"OSASCRIPT_CLIPBOARD"_s, row.clipboard);
     environment.insert(u"OSASCRIPT_ANSWER"_s, row.answer);
     QProcess process;

@@ -120,6 +120,8 @@ QByteArray toICalendar(const CalendarEntry &entry, const QString &identifier, co
     lines.addText(u"SUMMARY"_s, entry.summary);
     lines.addText(u"DESCRIPTION"_s, entry.description);
     lines.addText(u"LOCATION"_s, entry.location);
+    if (entry.priority > 0) // section 3.8.1.9
+        lines.add(u"PRIORITY:"_s + QString::number(entry.priority));
     lines.add(u"END:"_s + component);
     lines.add(u"END:VCALENDAR"_s);
     return lines.bytes();

@@ -21,6 +21,7 @@ struct CalendarEntry
     /// When an event ends, when a to-do is due. An event without an end, or with one that is not
     /// after its start, lasts an hour, or a day.
     std::optional<QDateTime> end = std::nullopt;
+    int priority = 0; ///< of a to-do, from 1, the highest, to 9; 0: none
     /// Only the days count. The day of the end belongs to it unless the end is at midnight.
     bool isAllDay = false;
 };

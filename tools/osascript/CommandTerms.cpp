@@ -72,6 +72,10 @@ constexpr ParameterTerm roundParameters[] {
 
 constexpr ParameterTerm sayParameters[] {
     { u"using", u"The voice; ignored." },
+    { u"speaking rate", u"Ignored." },
+    { u"pitch", u"Ignored." },
+    { u"modulation", u"Ignored." },
+    { u"volume", u"Ignored." },
     { u"waiting until completion", u"Ignored.", flag },
 };
 
@@ -93,7 +97,8 @@ constexpr ParameterTerm inputParameter[] { { u"with input", u"The text it works 
 
 constexpr QStringView folders
     = u"home folder|desktop folder|desktop|documents folder|downloads folder|music folder|"
-      u"pictures folder|movies folder|temporary items folder|temporary items|trash";
+      u"pictures folder|movies folder|temporary items folder|temporary items|trash|"
+      u"application support folder|application support|frontmost application";
 
 constexpr ParameterTerm pathParameters[] {
     { u"from", u"Ignored.", choice, u"user domain|local domain|system domain" },
@@ -127,7 +132,9 @@ constexpr CommandTerm commands[] {
     { u"string id", additions, Direct::operand, {}, u"The text of a list of code points." },
     { u"ASCII character", additions, Direct::operand, {}, u"The same as character id." },
     { u"ASCII number", additions, Direct::operand, {}, u"The first code point." },
-    { u"path to", additions, Direct::required, pathParameters, u"A folder of the user.", folders },
+    { u"path to", additions, Direct::required, pathParameters,
+      u"A folder of the user; of an application, its name as a text.", folders },
+    { u"time to GMT", additions, Direct::none, {}, u"How many seconds local time is ahead." },
     { u"system attribute",
       additions,
       Direct::required,

@@ -163,6 +163,8 @@ constexpr NameTerm names[] {
     { u"allday due date", property, reminders, u"Of a reminder: a day without a time." },
     { u"remind me date", property, reminders,
       u"Of a reminder: the due date when there is no other." },
+    { u"priority", property, reminders, u"Of a reminder: 1, the highest, to 9; 0 is none." },
+    { u"flagged", property, reminders, u"Of a reminder; ignored." },
 
     { u"outgoing message", element, mail, u"A message to be sent.", u"outgoing messages" },
     { u"to recipient", element, mail, u"Whom it goes to.", u"to recipients" },
@@ -171,6 +173,7 @@ constexpr NameTerm names[] {
     { u"recipient", element, mail, u"The same as to recipient.", u"recipients", u"to recipient" },
     { u"subject", property, mail, u"Of a message." },
     { u"content", property, mail, u"Of a message: its text." },
+    { u"sender", property, mail, u"Of a message; ignored, the mail program knows it." },
     { u"address", property, mail, u"Of a recipient." },
     { u"visible", property, mail, u"Of a message; it is shown in any case." },
 };

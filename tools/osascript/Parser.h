@@ -138,7 +138,7 @@ private:
     ExpressionPointer readTerm(const Vocabulary::Match &match);
     ExpressionPointer readOrdinal();
     ExpressionPointer readClass(ElementExpression element, qsizetype from);
-    ExpressionPointer readElement(const Vocabulary::Name &name, qsizetype from);
+    ExpressionPointer readElement(const Vocabulary::Name &name, bool isPossessed, qsizetype from);
     bool readRange(ElementExpression &element);
     ExpressionPointer readKey();
     [[nodiscard]] bool startsKey() const;

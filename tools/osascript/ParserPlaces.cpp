@@ -148,7 +148,7 @@ ExpressionPointer Parser::readTerm(const Vocabulary::Match &match)
     if (constant)
         return make(Literal { constantValue(constant->term->words) }, from);
     if (const auto name = match.name(NameTerm::Kind::element))
-        return readElement(*name, from);
+        return readElement(*name, isPossessed, from);
     return make(
         Literal { Value(ClassName { match.names.constFirst().term->canonical().toString() }) },
         from);
@@ -206,7 +206,8 @@ ExpressionPointer Parser::readClass(ElementExpression element, qsizetype from)
 }
 
 /// After the name of a class: a key, a range, nothing (all of them), or the class itself.
-ExpressionPointer Parser::readElement(const Vocabulary::Name &name, qsizetype from)
+ExpressionPointer Parser::readElement(const Vocabulary::Name &name, bool isPossessed,
+                                      qsizetype from)
 {
     ElementExpression element { .className = name.term->canonical().toString() };
     if (readRange(element))
@@ -224,7 +225,7 @@ ExpressionPointer Parser::readElement(const Vocabulary::Name &name, qsizetype fr
         }
     } else if (name.isPlural) {
         element.form = Form::every;
-    } else if (isBeforeContainer()) {
+    } else if (isPossessed) {
         return make(PropertyExpression { element.className, nullptr }, from);
     } else {
         return make(Literal { Value(ClassName { element.className }) }, from);

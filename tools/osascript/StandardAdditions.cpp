@@ -90,6 +90,11 @@ Value writeLog(const Invocation &call, const TextContext & /*context*/, Host & /
     return {};
 }
 
+Value timeToGmt(const Invocation & /*call*/, const TextContext & /*context*/, Host & /*host*/)
+{
+    return Value(qint64 { QDateTime::currentDateTime().offsetFromUtc() });
+}
+
 Value currentDate(const Invocation & /*call*/, const TextContext & /*context*/, Host & /*host*/)
 {
     return Value::date(currentWallClock());
@@ -147,9 +152,15 @@ Value asciiNumber(const Invocation &call, const TextContext &context, Host & /*h
     return Value(qint64 { points.isEmpty() ? 0 : points.constFirst() });
 }
 
-/// A folder's path ends in a slash.
-Value pathTo(const Invocation &call, const TextContext & /*context*/, Host & /*host*/)
+/// A folder's path ends in a slash. An application is told by its name, wherever its files are.
+Value pathTo(const Invocation &call, const TextContext & /*context*/, Host &host)
 {
+    if (call.direct.get<QString>() == u"frontmost application") {
+        const QList<Process> processes = host.desktop.processes();
+        if (processes.isEmpty())
+            failToGet(u"frontmost application"_s);
+        return Value(processes.constFirst().name);
+    }
     return Value(File { userFolder(call.direct.get<QString>()) + u'/', true });
 }
 
@@ -182,6 +193,7 @@ Value StandardAdditions::perform(const Invocation &invocation, const TextContext
         { u"say", say },
         { u"log", writeLog },
         { u"current date", currentDate },
+        { u"time to GMT", timeToGmt },
         { u"random number", randomNumber },
         { u"round", roundNumber },
         { u"offset", offset },

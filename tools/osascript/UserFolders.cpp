@@ -24,10 +24,15 @@ QString userFolder(QStringView words)
 {
     using enum QStandardPaths::StandardLocation;
     static constexpr std::pair<QStringView, QStandardPaths::StandardLocation> folders[] {
-        { u"desktop", DesktopLocation },      { u"documents", DocumentsLocation },
-        { u"downloads", DownloadLocation },   { u"music", MusicLocation },
-        { u"pictures", PicturesLocation },    { u"movies", MoviesLocation },
-        { u"temporary items", TempLocation }, { u"home", HomeLocation },
+        { u"desktop", DesktopLocation },
+        { u"documents", DocumentsLocation },
+        { u"downloads", DownloadLocation },
+        { u"music", MusicLocation },
+        { u"pictures", PicturesLocation },
+        { u"movies", MoviesLocation },
+        { u"temporary items", TempLocation },
+        { u"application support", GenericDataLocation },
+        { u"home", HomeLocation },
     };
     for (const auto &[name, location] : folders) {
         if (words == name || words == name.toString() + u" folder"_s)

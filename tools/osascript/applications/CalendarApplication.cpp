@@ -38,6 +38,10 @@ void apply(const Field &field, CalendarEntry &entry)
         entry.end = entry.end.value_or(time());
     else if (name == u"allday event")
         entry.isAllDay = toBoolean(field.value);
+    else if (name == u"priority")
+        entry.priority = static_cast<int>(std::clamp<qint64>(toInteger(field.value), 0, 9));
+    else if (name == u"flagged")
+        static_cast<void>(toBoolean(field.value)); // iCalendar has no flags
     else if (name == u"allday due date") {
         entry.end = time();
         entry.isAllDay = true;

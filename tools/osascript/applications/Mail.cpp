@@ -91,7 +91,7 @@ bool Mail::setProperty(const Object &object, const QString &name, const Value &v
     else if (name == u"content")
         message.content = toText(value, {});
     else
-        return name == u"visible";
+        return name == u"visible" || name == u"sender";
     return true;
 }
 
