@@ -134,6 +134,27 @@ private Q_SLOTS:
         QCOMPARE(stage.stage.session.user().modifiers(), quint8(0));
     }
 
+    void typesAfterPasting_data()
+    {
+        QTest::addColumn<EditorKind>("editor");
+        QTest::newRow("mousepad") << EditorKind::Mousepad;
+        QTest::newRow("featherpad") << EditorKind::FeatherPad;
+    }
+
+    void typesAfterPasting()
+    {
+        QFETCH(EditorKind, editor);
+        EditorStage stage;
+        QVERIFY(stage.open(editor, u"us"_s));
+        stage.stage.write(u"in"_s, "P1\nP2");
+        QCOMPARE(stage.stage.run(u"pbcopy <in"_s), 0);
+        QCOMPARE(reason(stage.keyboard->type(u"vv"_s, { .command = true })), QString());
+        QCOMPARE(reason(stage.keyboard->press(36, {})), QString()); // Return
+        QCOMPARE(reason(stage.keyboard->press(9, { .command = true })), QString()); // V
+        QCOMPARE(reason(stage.keyboard->type(u"typed: é 한"_s, {})), QString());
+        QVERIFY(stage.holds(u"P1\nP2P1\nP2\nP1\nP2typed: é 한"_s));
+    }
+
     void pressesKeysByCode()
     {
         EditorStage stage;

@@ -4,11 +4,14 @@
 
 #include "osascript/Host.h"
 
+#include <QDeadlineTimer>
+
 class DisplayConnection;
 class Typist;
 
 /// Keys through XTEST to the window that has the keyboard. Returns when its program has seen them,
-/// or after a bounded wait when it does not tell.
+/// or after a bounded wait when it does not tell. The first key after one with Command comes when
+/// the program has had time to fetch the clipboard, or to hand it over.
 class DesktopKeyboard final : public osascript::Keyboard
 {
 public:
@@ -20,6 +23,10 @@ public:
 private:
     /// Nothing, with a reason, when no keys can be pressed here.
     [[nodiscard]] std::optional<Typist> typist(QString *reason);
+    [[nodiscard]] osascript::Failure typeShortcut(char32_t character,
+                                                  osascript::Modifiers modifiers);
+    void note(osascript::Modifiers modifiers);
 
     DisplayConnection &m_display;
+    std::optional<QDeadlineTimer> m_shortcutEffect; ///< of a key with Command
 };

@@ -202,3 +202,9 @@ void Typist::settle(qsizetype lentKeys)
     else if (lentKeys > 0)
         QThread::msleep(blindWaitMs);
 }
+
+void Typist::awaitProgram(std::chrono::milliseconds limit)
+{
+    if (m_front.window && answersPing(m_connection, m_front.window))
+        awaitEventsHandled(m_connection, m_front.window, limit);
+}

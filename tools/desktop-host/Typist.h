@@ -7,6 +7,8 @@
 #include "platform/x11/X11FakeKeys.h"
 #include "platform/x11/X11KeyLayout.h"
 
+#include <chrono>
+
 class SpareKeys;
 
 /// Types into the application in front, with the keyboard layout as it is now. Modifiers that the
@@ -25,6 +27,9 @@ public:
 
     /// The shortcut of a key, an X keycode.
     [[nodiscard]] osascript::Failure shortcut(quint8 key, osascript::Modifiers modifiers);
+
+    /// Waits until the program has seen all keys, if it can be asked.
+    void awaitProgram(std::chrono::milliseconds limit);
 
 private:
     [[nodiscard]] std::optional<X11KeyLayout::Stroke> strokeFor(char32_t character) const;
