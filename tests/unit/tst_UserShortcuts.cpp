@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,11 +24,12 @@ struct Folder
     Folder() { QDir().mkdir(path, normal); }
 
     void add(const QString &fileName, const QByteArray &script,
-             QFile::Permissions permissions = normal) const
+             QFile::Permissions permissions = normal,
+             const QByteArray &interpreter = "#!/bin/sh\n") const
     {
         QFile file(path + u'/' + fileName);
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\n" + script);
+        file.write(interpreter + script);
         QVERIFY(file.setPermissions(permissions));
     }
 };
@@ -48,6 +51,7 @@ private Q_SLOTS:
         folder.add(u"a 1.0.sh"_s, "");
         folder.add(u".hidden"_s, "");
         folder.add(u"backup.sh~"_s, "");
+        folder.add(u"two\nlines.sh"_s, "");
         folder.add(u"notes.txt"_s, "", QFile::ReadOwner);
         folder.add(u"shared.sh"_s, "", normal | QFile::WriteGroup);
         QVERIFY(QDir(folder.path).mkdir(u"folder"_s));
@@ -96,6 +100,51 @@ private Q_SLOTS:
         const auto outcome = folder.shortcuts.run(u"s"_s, input);
         QCOMPARE(outcome.output, output);
         QCOMPARE(outcome.failure.value_or(QString()), failure);
+    }
+
+    /// execve() refuses both.
+    void withoutInterpreter()
+    {
+        Folder folder;
+        folder.add(u"text"_s, "echo \"$(cat)!\"", normal, {});
+        folder.add(u"program"_s, QByteArray("\0\1\2\n", 4), normal, {});
+        QCOMPARE(folder.shortcuts.run(u"text"_s, u"a"_s).output, u"a!\n"_s);
+        const auto failed = folder.shortcuts.run(u"program"_s, QByteArray());
+        QVERIFY(failed.failure.value_or(QString()).contains(u"cannot be run"));
+    }
+
+    void foldersAbove_data()
+    {
+        QTest::addColumn<QString>("shared"); // the folder that others can write
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<bool>("isTrusted");
+        QTest::newRow("nothing") << u"."_s << 0700 << true;
+        QTest::newRow("target") << u"far/target"_s << 0770 << false;
+        QTest::newRow("above the target") << u"far"_s << 0777 << false;
+        QTest::newRow("above the shortcuts") << u"."_s << 0777 << false;
+        QTest::newRow("with a link on the way") << u"links"_s << 0777 << false;
+        QTest::newRow("sticky") << u"far"_s << 01777 << true;
+    }
+
+    void foldersAbove()
+    {
+        QFETCH(QString, shared);
+        QFETCH(int, mode);
+        QFETCH(bool, isTrusted);
+        Folder folder;
+        for (const char *path : { "far", "far/target", "links" })
+            QVERIFY(QDir(folder.root.path()).mkdir(QString::fromLatin1(path), normal));
+        QVERIFY(QFile::link(folder.root.filePath(u"far/target"_s),
+                            folder.root.filePath(u"links/way"_s)));
+        folder.add(u"../far/target/s.sh"_s, "echo ran");
+        QVERIFY(QFile::link(u"../links/way/s.sh"_s, folder.path + u"/s.sh"_s));
+        const QByteArray name = QFile::encodeName(folder.root.filePath(shared));
+        QCOMPARE(chmod(name.constData(), static_cast<mode_t>(mode)), 0);
+        const auto outcome = folder.shortcuts.run(u"s"_s, QByteArray());
+        QCOMPARE(outcome.output, QByteArray(isTrusted ? "ran\n" : ""));
+        QCOMPARE(folder.shortcuts.names(), isTrusted ? QStringList { u"s"_s } : QStringList());
+        QCOMPARE(outcome.failure.value_or(QString()).contains(u"can be written by others"),
+                 !isTrusted);
     }
 
     void writableByOthers()

@@ -9,8 +9,10 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -37,14 +39,58 @@ QString nfc(const QString &text)
     return text.normalized(QString::NormalizationForm_C);
 }
 
-/// Why a file or folder is not to be trusted; links count as what they lead to.
-Failure distrust(const QFileInfo &info)
+constexpr int mostLinks = 40; // as many as the kernel follows
+
+/// Why somebody else could have changed a link, file or folder. In a sticky folder, as the one for
+/// temporary files is, others cannot touch what is not theirs.
+Failure distrustOf(const QString &path)
 {
-    if (info.ownerId() != geteuid() && info.ownerId() != 0)
-        return info.filePath() + u" belongs to somebody else."_s;
-    if (info.permissions() & (QFile::WriteGroup | QFile::WriteOther))
-        return info.filePath() + u" can be written by others; “chmod go-w” ends that."_s;
+    struct stat status = {};
+    if (lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return path + u": "_s + qt_error_string(errno);
+    if (status.st_uid != geteuid() && status.st_uid != 0)
+        return path + u" belongs to somebody else."_s;
+    const bool isSticky = S_ISDIR(status.st_mode) && (status.st_mode & S_ISVTX) != 0;
+    const bool isShared = !S_ISLNK(status.st_mode) && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+    if (isShared && !isSticky)
+        return path + u" can be written by others; “chmod go-w” ends that."_s;
     return {};
+}
+
+/// The same for the path, all folders above it and what links on the way lead to: whoever can
+/// rename one of them decides what is found at the path.
+Failure distrust(const QString &path, int links = mostLinks)
+{
+    for (QString next = QDir::cleanPath(path);; next = QFileInfo(next).path()) {
+        if (auto reason = distrustOf(next))
+            return reason;
+        const QFileInfo info(next);
+        if (info.isSymLink() && links == 0)
+            return path + u" leads to itself."_s;
+        if (info.isSymLink()) {
+            if (auto reason = distrust(info.symLinkTarget(), links - 1))
+                return reason;
+        }
+        if (info.isRoot())
+            return {};
+    }
+}
+
+/// A name with a line break would be two in a list.
+bool hasControls(const QString &name)
+{
+    return std::any_of(name.cbegin(), name.cend(),
+                       [](QChar c) { return c.category() == QChar::Other_Control; });
+}
+
+/// Whether the file is text that names no interpreter: execve() refuses it, and a shell runs it
+/// then. What has a NUL in its first line is not text (sh(1p), ENOEXEC).
+bool isShellScript(const QString &path)
+{
+    QFile file(path);
+    const QByteArray start = file.open(QIODevice::ReadOnly) ? file.read(256) : QByteArray();
+    const QByteArray firstLine = start.left(start.indexOf('\n'));
+    return !start.startsWith("#!") && !start.isEmpty() && !firstLine.contains('\0');
 }
 
 bool fitsVariable(const QByteArray &input)
@@ -86,10 +132,8 @@ QStringList UserShortcuts::names()
 {
     QStringList names;
     const QList<Entry> known = entries();
-    if (distrust(QFileInfo(m_folder)))
-        return names;
     for (const Entry &entry : known) {
-        if (!distrust(QFileInfo(entry.path)))
+        if (!distrust(entry.path))
             names += entry.name;
     }
     return names;
@@ -106,7 +150,7 @@ QList<UserShortcuts::Entry> UserShortcuts::entries()
         const QString name = nfc(file.completeBaseName());
         const bool isKnown = std::any_of(entries.cbegin(), entries.cend(),
                                          [&name](const Entry &e) { return e.name == name; });
-        if (!file.fileName().endsWith(u'~') && !isKnown)
+        if (!file.fileName().endsWith(u'~') && !hasControls(name) && !isKnown)
             entries.append({ name, file.filePath() });
     }
     std::sort(entries.begin(), entries.end(),
@@ -141,10 +185,8 @@ UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray 
                                     [&wanted](const Entry &e) { return e.name == wanted; });
     if (entry == known.cend())
         return { u"There is no shortcut “%1” in %2."_s.arg(wanted, m_folder), {} };
-    for (const QString &path : { m_folder, entry->path }) {
-        if (const auto reason = distrust(QFileInfo(path)))
-            return { u"The shortcut “%1” is not run: "_s.arg(wanted) + *reason, {} };
-    }
+    if (const auto reason = distrust(entry->path))
+        return { u"The shortcut “%1” is not run: "_s.arg(wanted) + *reason, {} };
     return execute(*entry, input);
 }
 
@@ -154,7 +196,10 @@ UserShortcuts::Outcome UserShortcuts::execute(const Entry &entry, const QByteArr
     endWithParent(process);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.setProcessEnvironment(environmentFor(input, m_helperFolder));
-    process.start(entry.path, QStringList());
+    if (isShellScript(entry.path))
+        process.start(u"/bin/sh"_s, { entry.path });
+    else
+        process.start(entry.path, QStringList());
     if (!process.waitForStarted(-1))
         return { u"The shortcut “%1” cannot be run: "_s.arg(entry.name) + process.errorString(),
                  {} };

@@ -11,8 +11,9 @@
 /// writes to standard output is its result.
 ///
 /// Only what belongs to the user (or root) and cannot be written by others is run; that goes for
-/// the folder too. Hidden files and editors' backups are not shortcuts. Names are compared in NFC.
-/// Of several files of one name the first counts.
+/// all folders above it too, sticky ones excepted, and for what links lead to. Hidden files,
+/// editors' backups and names with control characters are not shortcuts. Names are compared in NFC.
+/// Of several files of one name the first counts. Text without a "#!" line is run by /bin/sh.
 ///
 /// When the folder does not exist yet, it is made with copies of the samples: deleted ones do not
 /// come back.
