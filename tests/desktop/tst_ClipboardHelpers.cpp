@@ -132,6 +132,17 @@ private Q_SLOTS:
         QCOMPARE(stage.file(u"rest"_s), " É 한글 Ж"); // by the system's own
     }
 
+    /// As with the build folder and an installed program.
+    void secondTrOnPath()
+    {
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        QCOMPARE(stage.run(u"mkdir a && cp \"$(command -v tr)\" a && ln -s a linked &&"
+                           "PATH=$PWD/a:$PATH:$PWD/linked && echo abc | tr -d b >out"_s),
+                 0);
+        QCOMPARE(stage.file(u"out"_s), "ac\n");
+    }
+
     void targets()
     {
         Stage stage;

@@ -53,21 +53,27 @@ int filter(CaseFilter::Case to)
     return EXIT_SUCCESS;
 }
 
-/// The first other program of this name on the PATH.
+/// The first program of this name on the PATH after this one, which may stand there several times.
+/// The programs before are not looked at, since one of them may be a copy of this one that looks
+/// on.
 std::string systemTr()
 {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::path own = fs::read_symlink("/proc/self/exe", error);
-    const char *path = std::getenv("PATH");
+    std::optional<std::string> next;
+    const char *path = own.empty() ? nullptr : std::getenv("PATH");
     std::istringstream folders(path ? path : "");
     for (std::string folder; std::getline(folders, folder, ':');) {
         const fs::path candidate = fs::path(folder) / "tr";
-        if (candidate.is_absolute() && access(candidate.c_str(), X_OK) == 0
-            && !fs::equivalent(candidate, own, error))
-            return candidate;
+        if (!candidate.is_absolute() || access(candidate.c_str(), X_OK) != 0)
+            continue;
+        if (fs::equivalent(candidate, own, error))
+            next.reset();
+        else if (!next)
+            next = candidate;
     }
-    return "/usr/bin/tr";
+    return next.value_or("/usr/bin/tr");
 }
 
 }
