@@ -143,6 +143,27 @@ private Q_SLOTS:
         QCOMPARE(stage.file(u"out"_s), "ac\n");
     }
 
+    void refusedInput_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("closed") << u"pbcopy <&-"_s;
+        QTest::newRow("a folder") << u"pbcopy <."_s;
+        QTest::newRow("without an end") << u"yes | pbcopy"_s;
+    }
+
+    void refusedInput()
+    {
+        QFETCH(QString, command);
+        Stage stage;
+        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
+        stage.session.clipboard().setText(u"before"_s);
+        QCOMPARE(stage.run(command + u" 2>err"_s), 1);
+        QCOMPARE(stage.file(u"err"_s).count('\n'), 1);
+        QVERIFY(stage.file(u"err"_s).startsWith("pbcopy: standard input: "));
+        QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
+        QCOMPARE(stage.file(u"out"_s), "before");
+    }
+
     void targets()
     {
         Stage stage;

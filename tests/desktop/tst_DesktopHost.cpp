@@ -249,6 +249,15 @@ private Q_SLOTS:
         QVERIFY(stage.file(u"err"_s).startsWith("shortcuts: There is no shortcut “None”"));
         QCOMPARE(stage.run(u"shortcuts run None -x 2>err"_s), 1);
         QVERIFY(stage.file(u"err"_s).startsWith("Usage:"));
+        for (const auto &[command, reason] :
+             { std::pair(u"yes | shortcuts run None 2>err"_s, "-: more than 64 MiB"),
+               std::pair(u"shortcuts run None <&- 2>err"_s, "-: Bad file descriptor"),
+               std::pair(u"shortcuts list >/dev/full 2>err"_s, "standard output: No space") }) {
+            QCOMPARE(stage.run(command), 1);
+            QVERIFY2(stage.file(u"err"_s).startsWith(QByteArray("shortcuts: ") + reason),
+                     stage.file(u"err"_s).constData());
+            QCOMPARE(stage.file(u"err"_s).count('\n'), 1);
+        }
     }
 
     void calendarShortcut()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ClipboardOptions.h"
 #include "ClipboardReader.h"
+#include "StandardStreams.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,7 @@ constexpr auto usage
 
 int main(int argc, char *argv[])
 {
+    occupyClosedStreams();
     const QCoreApplication app(argc, argv);
     if (const auto status = exitStatusAfterOptions(QCoreApplication::arguments().mid(1), usage))
         return *status;
@@ -32,9 +34,6 @@ int main(int argc, char *argv[])
     connection->start();
     const QByteArray text = clipboardText(*connection).value_or(QByteArray());
     const auto size = static_cast<std::size_t>(text.size());
-    if (std::fwrite(text.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0) {
-        std::perror("pbpaste");
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    std::fwrite(text.constData(), 1, size, stdout);
+    return finishOutput("pbpaste");
 }

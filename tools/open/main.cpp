@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopApplications.h"
 #include "DisplayConnection.h"
+#include "StandardStreams.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -78,11 +79,12 @@ int run(const Request &request)
 
 int main(int argc, char *argv[])
 {
+    occupyClosedStreams();
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (const auto request = parse(arguments))
         return run(*request);
     const bool isHelp = arguments.contains(u"-h"_s) || arguments.contains(u"--help"_s);
     std::fputs(usage, isHelp ? stdout : stderr);
-    return isHelp ? EXIT_SUCCESS : EXIT_FAILURE;
+    return isHelp ? finishOutput("open") : EXIT_FAILURE;
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "StandardStreams.h"
 #include "UserShortcuts.h"
 
 #include <QFile>
@@ -68,7 +69,11 @@ int run(const Run &request)
         QFile file;
         if (!open(file, request.input, stdin, QIODevice::ReadOnly))
             return fail(request.input + u": "_s + file.errorString());
-        input = file.readAll();
+        QString reason;
+        const auto bytes = readInput(file, &reason);
+        if (!bytes)
+            return fail(request.input + u": "_s + reason);
+        input = *bytes;
     }
     const auto outcome = UserShortcuts().run(request.name, input);
     QFile file;
@@ -82,13 +87,14 @@ int list()
 {
     for (const QString &name : UserShortcuts().names())
         std::puts(qUtf8Printable(name));
-    return EXIT_SUCCESS;
+    return finishOutput("shortcuts");
 }
 
 }
 
 int main(int argc, char *argv[])
 {
+    occupyClosedStreams();
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
@@ -100,5 +106,5 @@ int main(int argc, char *argv[])
     }
     const bool isHelp = command == u"help" || command == u"-h" || command == u"--help";
     std::fputs(usage, isHelp ? stdout : stderr);
-    return isHelp ? EXIT_SUCCESS : EXIT_FAILURE;
+    return isHelp ? finishOutput("shortcuts") : EXIT_FAILURE;
 }
