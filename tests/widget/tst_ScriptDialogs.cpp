@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -83,6 +84,61 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         QVERIFY(timer.elapsed() < 5000);
         QCOMPARE(shownMessage(dialog).count(u'x'), 1 << 20);
+    }
+
+    /// The message has all its lines, however they have to be broken, and no more room than that.
+    void messageFits_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("lines"); // at least
+        QTest::newRow("nothing") << QString() << 0;
+        QTest::newRow("a word") << u"Text"_s << 1;
+        QTest::newRow("wide word") << QString(400, u'm') << 5;
+        QTest::newRow("address") << u"See\nhttps://example.org/"_s + QString(300, u'x') << 5;
+    }
+
+    void messageFits()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, lines);
+        MessageDialog without(message(QString()));
+        MessageDialog dialog(message(text));
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const int added = dialog.sizeHint().height() - without.sizeHint().height();
+        QVERIFY(added >= lines * dialog.fontMetrics().height());
+        QCOMPARE(added > 0, lines > 0);
+        QVERIFY(dialog.width() < 600);
+        if (const auto *box = dialog.findChild<QPlainTextEdit *>()) {
+            QCOMPARE(box->verticalScrollBar()->maximum(), 0);
+        } else if (const auto *label = dialog.findChild<QLabel *>()) {
+            QVERIFY(label->heightForWidth(label->width()) <= label->height());
+        }
+    }
+
+    void listHeight_data()
+    {
+        QTest::addColumn<int>("items");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("none") << 0 << 5;
+        QTest::newRow("few") << 2 << 5;
+        QTest::newRow("some") << 9 << 9;
+        QTest::newRow("many") << 500 << 14;
+    }
+
+    void listHeight()
+    {
+        QFETCH(int, items);
+        QFETCH(int, rows);
+        ListRequest request;
+        request.items = QStringList(items, u"item"_s);
+        ListDialog dialog(request);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto *list = dialog.findChild<QListWidget *>();
+        const int height = list->viewport()->height();
+        list->addItem(u"item"_s);
+        QCOMPARE(height / list->sizeHintForRow(0), rows);
     }
 
     void keys_data()

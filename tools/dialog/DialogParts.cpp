@@ -4,11 +4,15 @@
 
 #include "TextRules.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextLayout>
+#include <QtMath>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +20,35 @@ namespace {
 
 constexpr qsizetype longestLabel = 700;
 constexpr qsizetype mostLabelLines = 14;
-constexpr int textWidth = 380;
 constexpr int widestButtonText = 240;
 
-QWidget *scrollingText(const QString &text)
+struct Layout
+{
+    int height = 0;
+    int width = 0; ///< of the widest line
+};
+
+Layout layOut(const QString &text, const QFont &font, QTextOption::WrapMode mode)
+{
+    QTextOption option;
+    option.setWrapMode(mode);
+    qreal height = 0;
+    qreal width = 0;
+    for (const QString &paragraph : text.split(u'\n')) {
+        QTextLayout layout(paragraph, font);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(DialogParts::textWidth);
+            height += line.height();
+            width = std::max(width, line.naturalTextWidth());
+        }
+        layout.endLayout();
+    }
+    return { qCeil(height), qCeil(width) };
+}
+
+QPlainTextEdit *readOnlyText(const QString &text)
 {
     auto *box = new QPlainTextEdit;
     box->setReadOnly(true);
@@ -28,19 +57,46 @@ QWidget *scrollingText(const QString &text)
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setTabChangesFocus(true);
     box->setAccessibleName(QStringLiteral("Message"));
-    box->setMinimumSize(textWidth + 80, 240);
     box->setPlainText(text);
+    return box;
+}
+
+QWidget *scrollingText(const QString &text)
+{
+    QPlainTextEdit *box = readOnlyText(text);
+    box->setMinimumSize(DialogParts::textWidth + 80, 240);
+    return box;
+}
+
+/// Looks like a label, which breaks lines between words only.
+QWidget *textOfWideWords(const QString &text, const QFont &font)
+{
+    constexpr auto mode = QTextOption::WrapAtWordBoundaryOrAnywhere;
+    QPlainTextEdit *box = readOnlyText(text);
+    box->setFont(font);
+    box->setFrameShape(QFrame::NoFrame);
+    box->viewport()->setAutoFillBackground(false);
+    box->document()->setDocumentMargin(0);
+    box->setFocusPolicy(Qt::ClickFocus);
+    box->setMinimumWidth(DialogParts::textWidth);
+    box->setFixedHeight(layOut(text, font, mode).height + 1); // or Qt 6.4 scrolls the last line
+    box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return box;
 }
 
 }
 
-QWidget *DialogParts::textView(const QString &text)
+QWidget *DialogParts::textView(const QString &text, QFont::Weight weight)
 {
     const QString shown = displayable(withNormalizedLineEnds(text));
     if (shown.size() > longestLabel || shown.count(u'\n') >= mostLabelLines)
         return scrollingText(shown);
+    QFont font = QApplication::font("QLabel");
+    font.setWeight(weight);
+    if (layOut(shown, font, QTextOption::WordWrap).width > textWidth)
+        return textOfWideWords(shown, font);
     auto *label = new QLabel(shown);
+    label->setFont(font);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);

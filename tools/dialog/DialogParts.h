@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QString>
 
 class QPushButton;
@@ -10,8 +11,12 @@ class QWidget;
 /// What the dialogs are made of. Texts are shown as they are, never as rich text or mnemonics.
 namespace DialogParts {
 
-/// A label, or for long texts a box that scrolls. The text can be selected.
-[[nodiscard]] QWidget *textView(const QString &text);
+/// Of texts and of what stands below them, in pixels.
+constexpr int textWidth = 380;
+
+/// A label, or for long texts a box that scrolls. Words that are too wide are broken. The text can
+/// be selected.
+[[nodiscard]] QWidget *textView(const QString &text, QFont::Weight weight = QFont::Normal);
 
 /// Too long a text is cut in the middle; assistive technology gets all of it.
 [[nodiscard]] QPushButton *button(const QString &text);

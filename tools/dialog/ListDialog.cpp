@@ -9,13 +9,29 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
+
 using osascript::ListRequest;
 
 namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 12;
-constexpr QSize listSize(380, 260);
+constexpr int fewestRows = 5;
+constexpr int mostRows = 14;
+
+/// As high as its items, within bounds.
+int preferredHeight(const QListWidget &list)
+{
+    const int shown = std::min(list.count(), mostRows);
+    int row = shown > 0 ? list.sizeHintForRow(0) : list.fontMetrics().lineSpacing();
+    int all = 0;
+    for (int i = 0; i < shown; ++i) {
+        row = std::min(row, list.sizeHintForRow(i));
+        all += list.sizeHintForRow(i);
+    }
+    return std::clamp(all, fewestRows * row, mostRows * row) + 2 * list.frameWidth();
+}
 
 }
 
@@ -57,9 +73,10 @@ QListWidget *ListDialog::list(const ListRequest &request) const
     list->setSelectionMode(request.multipleSelections ? QAbstractItemView::ExtendedSelection
                                                       : QAbstractItemView::SingleSelection);
     list->setAccessibleName(request.prompt);
-    list->setMinimumSize(listSize);
     for (const QString &item : request.items)
         list->addItem(displayable(withNormalizedLineEnds(item)));
+    list->setMinimumSize(DialogParts::textWidth, preferredHeight(*list));
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // not 192 pixels
     for (const QString &item : request.defaultItems) {
         if (QListWidgetItem *entry = list->item(static_cast<int>(request.items.indexOf(item)))) {
             list->setCurrentItem(entry, QItemSelectionModel::Select);

@@ -73,14 +73,12 @@ QLayout *MessageDialog::messageRow(const DialogRequest &request) const
         row->addWidget(label, 0, Qt::AlignTop);
     }
     auto *texts = new QVBoxLayout;
-    QWidget *message = DialogParts::textView(request.message);
-    texts->addWidget(message);
-    if (!request.detail.isEmpty()) {
-        QFont font = message->font();
-        font.setBold(true);
-        message->setFont(font);
+    const bool hasDetail = !request.detail.isEmpty();
+    if (!request.message.isEmpty())
+        texts->addWidget(
+            DialogParts::textView(request.message, hasDetail ? QFont::Bold : QFont::Normal));
+    if (hasDetail)
         texts->addWidget(DialogParts::textView(request.detail), 1);
-    }
     row->addLayout(texts, 1);
     return row;
 }
@@ -104,6 +102,7 @@ QWidget *MessageDialog::answerField(const DialogRequest &request)
         field = m_line;
     }
     field->setAccessibleName(QStringLiteral("Answer"));
+    field->setMinimumWidth(DialogParts::textWidth);
     return field;
 }
 
