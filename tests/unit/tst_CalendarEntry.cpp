@@ -3,6 +3,7 @@
 #include "CalendarEntry.h"
 
 #include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
 
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void lines_data();
     void lines();
     void foldsLongLines();
+    void writesPrivateFile_data();
     void writesPrivateFile();
 };
 
@@ -79,15 +81,41 @@ void tst_CalendarEntry::foldsLongLines()
     QVERIFY(unfolded.contains("\r\nSUMMARY:" + summary.toUtf8() + "\r\n"));
 }
 
+void tst_CalendarEntry::writesPrivateFile_data()
+{
+    QTest::addColumn<QByteArray>("variable"); // the other one of the two is not set
+    QTest::newRow("runtime folder") << QByteArray("XDG_RUNTIME_DIR");
+    QTest::newRow("temporary folder") << QByteArray("TMPDIR");
+}
+
 void tst_CalendarEntry::writesPrivateFile()
 {
-    const CalendarFile written = writeCalendarFile({ .summary = u"Tea"_s, .start = morning });
-    QCOMPARE(written.error, QString());
-    QFile file(written.path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
+    QFETCH(QByteArray, variable);
+    const QTemporaryDir root;
+    qunsetenv("XDG_RUNTIME_DIR");
+    qputenv(variable.constData(), QFile::encodeName(root.path()));
+    const auto write = [] { return writeCalendarFile({ .summary = u"Tea"_s, .start = morning }); };
+    const CalendarFile old = write();
+    QCOMPARE(old.error, QString());
+    QVERIFY(old.path.startsWith(root.path() + u"/tessel"_s));
+    QFile file(old.path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.readAll().contains("SUMMARY:Tea\r\n"));
-    QCOMPARE(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
-    QVERIFY(file.remove());
+    const QString folder = QFileInfo(old.path).path();
+    for (const QString &path : { old.path, folder })
+        QCOMPARE(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther),
+                 QFile::Permissions());
+
+    const CalendarFile recent = write();
+    QVERIFY(file.exists());
+    QVERIFY(
+        file.setFileTime(QDateTime::currentDateTime().addDays(-2), QFile::FileModificationTime));
+    QVERIFY(!write().path.isEmpty());
+    QVERIFY(!file.exists());
+    QVERIFY(QFile::exists(recent.path));
+
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7777)));
+    QVERIFY(!write().error.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_CalendarEntry)

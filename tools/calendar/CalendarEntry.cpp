@@ -7,6 +7,9 @@
 #include <QTemporaryFile>
 #include <QUuid>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -100,6 +103,35 @@ void addToDoTimes(Lines &lines, const CalendarEntry &entry)
         add(u"DUE"_s, entry.end);
 }
 
+QString calendarFolder()
+{
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (QDir(runtime).isAbsolute() && QDir(runtime).exists())
+        return runtime + u"/tessel"_s;
+    return QDir::tempPath() + u"/tessel-"_s + QString::number(geteuid());
+}
+
+/// Makes it when it is missing. Somebody else can have been first in the temporary folder.
+bool isPrivateFolder(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    mkdir(name.constData(), S_IRWXU);
+    struct stat status = {};
+    return lstat(name.constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && status.st_uid == geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+/// By then a calendar has read them.
+void removeOldFiles(const QString &folder)
+{
+    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
+    const QFileInfoList files = QDir(folder).entryInfoList({ u"entry-*.ics"_s }, QDir::Files);
+    for (const QFileInfo &file : files) {
+        if (file.lastModified() < yesterday)
+            QFile::remove(file.filePath());
+    }
+}
+
 }
 
 QByteArray toICalendar(const CalendarEntry &entry, const QString &identifier, const QDateTime &now)
@@ -129,10 +161,11 @@ QByteArray toICalendar(const CalendarEntry &entry, const QString &identifier, co
 
 CalendarFile writeCalendarFile(const CalendarEntry &entry)
 {
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString folder
-        = QDir(runtime).isAbsolute() && QDir(runtime).exists() ? runtime : QDir::tempPath();
-    QTemporaryFile file(folder + u"/tessel-XXXXXX.ics"_s); // created with O_EXCL and mode 0600
+    const QString folder = calendarFolder();
+    if (!isPrivateFolder(folder))
+        return { {}, folder + u" is not a folder of this user alone."_s };
+    removeOldFiles(folder);
+    QTemporaryFile file(folder + u"/entry-XXXXXX.ics"_s); // created with O_EXCL and mode 0600
     file.setAutoRemove(false);
     const QString identifier = QUuid::createUuid().toString(QUuid::WithoutBraces);
     const QByteArray bytes = toICalendar(entry, identifier, QDateTime::currentDateTime());

@@ -38,6 +38,7 @@ struct CalendarFile
     QString error;
 };
 
-/// Writes the entry to a new file that only this user can read, in $XDG_RUNTIME_DIR or else the
-/// folder for temporary files.
+/// Writes the entry to a new file that only this user can read, in "tessel" below $XDG_RUNTIME_DIR
+/// or else a private folder among the temporary files. Removes files of this kind that are older
+/// than a day.
 [[nodiscard]] CalendarFile writeCalendarFile(const CalendarEntry &entry);
