@@ -162,6 +162,47 @@ private Q_SLOTS:
         QVERIFY(stage.stage.file(u"err"_s).contains("missing does not exist"));
     }
 
+    void openCommand_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("opened"); // what the application gets first
+        QTest::addColumn<QByteArray>("error");
+        const auto row = [](const char *name, const QString &arguments, const QString &opened,
+                            const QByteArray &error = {}) {
+            QTest::newRow(name) << arguments << opened << error;
+        };
+        row("options without effect", u"-g -n -F -j -W tessel-test:x"_s, u"tessel-test:x"_s);
+        row("joined options", u"-gna 'URL recorder' tessel-test:x"_s, u"tessel-test:x"_s);
+        row("identifier", u"-b url-recorder tessel-test:x"_s, u"tessel-test:x"_s);
+        row("text", u"-t notes"_s, u"%1/notes"_s);
+        row("a dash", u"-a url-recorder -- -a"_s, u"%1/-a"_s);
+        row("arguments", u"-a url-recorder --args -a --args"_s, u"-a"_s);
+        row("arguments for nobody", u"notes --args x"_s, {}, "Usage:");
+        row("no handler", u"nobody-knows:x"_s, {}, "open: No application opens nobody-knows:x");
+        row("unknown option", u"-z notes"_s, {}, "Usage:");
+    }
+
+    void openCommand()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, opened);
+        QFETCH(QByteArray, error);
+        HostStage stage;
+        QVERIFY(stage.prepare());
+        const Stage &files = stage.stage;
+        QVERIFY(writeFile(files.session.configPath() + u"/mimeapps.list"_s,
+                          u"[Default Applications]\ntext/plain=url-recorder.desktop\n"
+                          "x-scheme-handler/tessel-test=url-recorder.desktop\n"_s));
+        files.write(u"notes"_s, "x");
+        files.write(u"-a"_s, "x");
+        const int status = stage.stage.run(u"BROWSER=/nowhere open "_s + arguments + u" 2>err"_s);
+        QVERIFY2(files.file(u"err"_s).startsWith(error), files.file(u"err"_s).constData());
+        QCOMPARE(status, error.isEmpty() ? 0 : 1);
+        if (!opened.isEmpty())
+            QCOMPARE(files.session.urlRecorder().waitForUrls(1).value(0),
+                     opened.contains(u'%') ? opened.arg(files.session.homePath()) : opened);
+    }
+
     void dialogs()
     {
         HostStage stage;

@@ -30,12 +30,6 @@ bool isSame(const QString &a, const QString &b)
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-Failure missingFile(const QString &target)
-{
-    const bool isMissing = target.startsWith(u'/') && !QFileInfo::exists(target);
-    return isMissing ? Failure(u"The file %1 does not exist."_s.arg(target)) : std::nullopt;
-}
-
 }
 
 DesktopApplications::DesktopApplications(DisplayConnection &display)
@@ -132,6 +126,12 @@ Failure DesktopApplications::quit(const QString &application)
     return {};
 }
 
+Failure DesktopApplications::missingFile(const QString &target)
+{
+    const bool isMissing = target.startsWith(u'/') && !QFileInfo::exists(target);
+    return isMissing ? Failure(u"The file %1 does not exist."_s.arg(target)) : std::nullopt;
+}
+
 Failure DesktopApplications::open(const QString &target, const QString &application)
 {
     if (auto failure = missingFile(target))
@@ -139,14 +139,16 @@ Failure DesktopApplications::open(const QString &target, const QString &applicat
     return application.isEmpty() ? xdgOpen(target) : start(application, { target });
 }
 
-Failure DesktopApplications::start(const QString &application, const QStringList &targets)
+Failure DesktopApplications::start(const QString &application, const QStringList &targets,
+                                   const QStringList &arguments)
 {
     const auto entry = m_entries.findNamed(application);
     if (!entry)
         return u"There is no application “%1”."_s.arg(application);
-    const QStringList command = commandLine(*entry, targets);
+    QStringList command = commandLine(*entry, targets);
     if (command.isEmpty())
         return u"%1 does not say how “%2” is started."_s.arg(entry->file, application);
+    command += arguments;
     const QStringList terminal { u"x-terminal-emulator"_s, u"-e"_s };
     return startDetached(entry->runsInTerminal ? terminal + command : command,
                          entry->workingFolder);

@@ -23,9 +23,15 @@ public:
     osascript::Failure open(const QString &target, const QString &application) override;
     osascript::Failure reveal(const QString &path) override;
 
+    /// Starts the application even when it runs, with files and URLs and further arguments.
+    [[nodiscard]] osascript::Failure start(const QString &application, const QStringList &targets,
+                                           const QStringList &arguments = {});
+
+    /// Whether the target is a path at which there is nothing.
+    [[nodiscard]] static osascript::Failure missingFile(const QString &target);
+
 private:
     [[nodiscard]] QList<quint32> windowsOf(const QString &application);
-    [[nodiscard]] osascript::Failure start(const QString &application, const QStringList &targets);
 
     DisplayConnection &m_display;
     DesktopEntries m_entries;

@@ -1,78 +1,83 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "DefaultHandlers.h"
 #include "DesktopApplications.h"
 #include "DisplayConnection.h"
+#include "OpenRequest.h"
 #include "StandardStreams.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QRegularExpression>
 
 #include <cstdio>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto usage = "Usage: open FILE-OR-URL...\n"
-                       "       open -a APPLICATION [FILE-OR-URL...]\n"
-                       "       open -R FILE...\n"
-                       "\n"
-                       "Opens files and URLs with their default applications or with the one\n"
-                       "named; -R shows files in the file manager.\n";
+constexpr auto usage
+    = "Usage: open [-t | -e] FILE-OR-URL...\n"
+      "       open -a APPLICATION [FILE-OR-URL...] [--args ARGUMENT...]\n"
+      "       open -b IDENTIFIER [FILE-OR-URL...] [--args ARGUMENT...]\n"
+      "       open -R FILE...\n"
+      "\n"
+      "Opens files and URLs with their default applications or with the one\n"
+      "named; -t and -e take the one for text, -R shows files in the file\n"
+      "manager. What follows --args is for the application, what follows -- is no\n"
+      "option. -F, -g, -j, -n and -W have no effect.\n";
 
-/// A URL as it is, else an absolute path. A file that exists is never taken for a URL.
-QString targetFrom(const QString &argument)
+/// What xdg-open takes to find no application; one that runs as long as xdg-open works.
+constexpr auto untilFailure = 1s;
+
+void complain(const QString &reason)
 {
-    static const QRegularExpression scheme(u"^[A-Za-z][A-Za-z0-9+.-]*:"_s); // RFC 3986, 3.1
-    const bool isUrl = scheme.match(argument).hasMatch() && !QFileInfo::exists(argument);
-    return isUrl ? argument : QDir::cleanPath(QDir::current().absoluteFilePath(argument));
+    std::fprintf(stderr, "open: %s\n", qUtf8Printable(reason));
 }
 
-struct Request
-{
-    bool reveals = false;
-    QString application;
-    QStringList targets;
-};
-
-std::optional<Request> parse(const QStringList &arguments)
-{
-    Request request;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString &argument = arguments[i];
-        if (argument == u"-a" && i + 1 < arguments.size())
-            request.application = arguments[++i];
-        else if (argument == u"-R")
-            request.reveals = true;
-        else if (argument.startsWith(u'-') && argument.size() > 1)
-            return {};
-        else
-            request.targets += targetFrom(argument);
-    }
-    const bool isComplete
-        = !request.targets.isEmpty() || (!request.application.isEmpty() && !request.reveals);
-    return isComplete ? std::optional(request) : std::nullopt;
-}
-
-/// Goes on after a failure, as the other targets have nothing to do with it.
-int run(const Request &request)
+/// The reasons of what did not work; goes on, as the other targets have nothing to do with it.
+QStringList carryOut(const OpenRequest &request)
 {
     DisplayConnection display;
     DesktopApplications desktop(display);
-    bool hasFailed = false;
-    const auto note = [&hasFailed](const osascript::Failure &failure) {
-        if (!failure)
-            return;
-        hasFailed = true;
-        std::fprintf(stderr, "open: %s\n", qUtf8Printable(*failure));
+    DefaultHandlers handlers;
+    QStringList reasons;
+    const auto note = [&reasons](const osascript::Failure &failure) {
+        if (failure)
+            reasons += *failure;
     };
-    if (request.targets.isEmpty())
-        note(desktop.activate(request.application));
-    for (const QString &target : request.targets)
-        note(request.reveals ? desktop.reveal(target) : desktop.open(target, request.application));
-    return hasFailed ? EXIT_FAILURE : EXIT_SUCCESS;
+    const QString &application = request.application;
+    if (request.targets.isEmpty() && request.arguments.isEmpty())
+        note(desktop.activate(application));
+    else if (request.targets.isEmpty())
+        note(desktop.start(application, {}, request.arguments));
+    for (const QString &target : request.targets) {
+        if (auto missing = DesktopApplications::missingFile(target))
+            note(missing);
+        else if (request.reveals)
+            note(desktop.reveal(target));
+        else if (!application.isEmpty())
+            note(desktop.start(application, { target }, request.arguments));
+        else
+            handlers.open(target);
+    }
+    return reasons + handlers.failures(untilFailure);
+}
+
+int run(OpenRequest request)
+{
+    if (request.opensAsText && request.application.isEmpty()) {
+        const auto application = DefaultHandlers::textApplication();
+        if (!application) {
+            complain(u"There is no default application for text."_s);
+            return EXIT_FAILURE;
+        }
+        request.application = *application;
+    }
+    const QStringList reasons = carryOut(request);
+    for (const QString &reason : reasons)
+        complain(reason);
+    return reasons.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }
@@ -82,7 +87,7 @@ int main(int argc, char *argv[])
     occupyClosedStreams();
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
-    if (const auto request = parse(arguments))
+    if (const auto request = OpenRequest::parse(arguments))
         return run(*request);
     const bool isHelp = arguments.contains(u"-h"_s) || arguments.contains(u"--help"_s);
     std::fputs(usage, isHelp ? stdout : stderr);
