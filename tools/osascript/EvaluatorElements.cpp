@@ -91,6 +91,8 @@ Value Evaluator::elementOf(const ElementExpression &element, const Value &contai
         failToGet(element.className + u" of "_s + printed(container) + u" whose test is true"_s);
     if (element.form == Form::insertion)
         return insertedAt(element, container);
+    if (element.form == Form::index)
+        return elementAt(container, element.className, toInteger(valueOf(element.key)), context());
     const ValueElements elements(container, element.className, context());
     switch (element.form) {
     case Form::every:
@@ -101,8 +103,6 @@ Value Evaluator::elementOf(const ElementExpression &element, const Value &contai
         return elements.at((elements.count() + 1) / 2);
     case Form::range:
         return rangeOf(element, elements, container);
-    case Form::index:
-        return elements.at(toInteger(valueOf(element.key)));
     default:
         failToGet(element.className + u' ' + printed(valueOf(element.key)) + u" of "_s
                   + printed(container));

@@ -13,13 +13,17 @@ namespace {
 
 using Iterator = std::unique_ptr<icu::BreakIterator>;
 
-/// Below it, no two code units but CR LF make one cluster.
+/// Below it, and among ideographs and whole Hangul syllables, no two code units but CR LF make one
+/// cluster.
 constexpr char16_t firstCombining = 0x0300;
 
-bool isSimple(const QString &text)
+bool isSimple(QStringView text)
 {
-    return std::all_of(text.cbegin(), text.cend(),
-                       [](QChar c) { return c.unicode() < firstCombining && c != u'\u00AD'; });
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) {
+        const char16_t unit = c.unicode();
+        return (unit < firstCombining && unit != u'\u00AD') || (unit >= 0x4E00 && unit <= 0x9FFF)
+            || (unit >= 0xAC00 && unit <= 0xD7A3);
+    });
 }
 
 icu::UnicodeString view(const QString &text)
@@ -53,6 +57,21 @@ QList<TextRange> characterRanges(const QString &text)
         from = to;
     }
     return ranges;
+}
+
+std::optional<TextRange> characterRangeAt(const QString &text, qint64 index)
+{
+    const qsizetype size = text.size();
+    if (index == 0 || index > size || index < -size)
+        return std::nullopt;
+    // Whether a character ends shows in the one after it.
+    const QStringView looked
+        = index > 0 ? QStringView(text).left(index + 1) : QStringView(text).right(1 - index);
+    if (isSimple(looked))
+        return TextRange { index > 0 ? index - 1 : size + index, 1 };
+    const QList<TextRange> all = characterRanges(text);
+    const qsizetype position = index > 0 ? index - 1 : all.size() + index;
+    return position >= 0 && position < all.size() ? std::optional(all.at(position)) : std::nullopt;
 }
 
 qsizetype characterCount(const QString &text)

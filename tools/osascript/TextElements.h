@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace osascript {
 
 /// A stretch of a text, in UTF-16 code units.
@@ -16,6 +18,9 @@ struct TextRange
 
 /// Grapheme clusters (Unicode Standard Annex 29); a carriage return and a line feed are two.
 [[nodiscard]] QList<TextRange> characterRanges(const QString &text);
+/// The character at an index from 1, or from -1 backwards, without looking at all of a long text;
+/// nothing when there is none.
+[[nodiscard]] std::optional<TextRange> characterRangeAt(const QString &text, qint64 index);
 /// How many there are.
 [[nodiscard]] qsizetype characterCount(const QString &text);
 /// Words by Annex 29, whatever the locale.

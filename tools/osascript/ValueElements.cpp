@@ -120,6 +120,17 @@ TextRange ValueElements::rangeAt(qint64 index) const
     return m_ranges.at(at);
 }
 
+Value elementAt(const Value &container, const QString &className, qint64 index,
+                const TextContext &context)
+{
+    const bool isCharacter
+        = container.isText() && (className == u"character" || className == u"item");
+    const auto range
+        = isCharacter ? characterRangeAt(container.get<QString>(), index) : std::nullopt;
+    return range ? Value(container.get<QString>().sliced(range->start, range->length))
+                 : ValueElements(container, className, context).at(index);
+}
+
 Value textBetween(const QString &text, TextRange first, TextRange last)
 {
     if (last.start < first.start)

@@ -36,6 +36,10 @@ private:
     QList<TextRange> m_ranges; ///< of a text
 };
 
+/// ValueElements::at(), without finding all elements where that can be avoided.
+[[nodiscard]] Value elementAt(const Value &container, const QString &className, qint64 index,
+                              const TextContext &context);
+
 /// The stretch of the text from the start of one to the end of the other.
 [[nodiscard]] Value textBetween(const QString &text, TextRange first, TextRange last);
 
