@@ -45,7 +45,7 @@ Outcome run(const Case &row, const QString &home)
                       QString::fromUtf8(process.readAllStandardOutput()),
                       {},
                       {} };
-    static const QRegularExpression calendarFile(u"~/tessel-[A-Za-z]{6}\\.ics"_s);
+    static const QRegularExpression calendarFile(u"~/tessel/entry-[A-Za-z]{6}\\.ics"_s);
     outcome.output.replace(u'\r', u"\\r"_s).replace(home, u"~"_s);
     for (QString line : QString::fromUtf8(process.readAllStandardError()).split(u'\n')) {
         line.replace(home, u"~"_s).replace(calendarFile, u"~/ICS"_s);
