@@ -1,125 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "ActionsModel.h"
-#include "ActionsTableView.h"
-#include "ApplicationChooser.h"
 #include "GeneralSettingsViewController.h"
 #include "IconPickerViewController.h"
-#include "IconSelectionButton.h"
-#include "Log.h"
-#include "PanelFixture.h"
-#include "RowTextView.h"
-#include "SettingsWindowController.h"
-#include "ShortcutRecorderControl.h"
+#include "SettingsFixture.h"
 #include "platform/Memory.h"
 
-#include <QApplication>
-#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
-#include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTabBar>
-
-#include <linux/input-event-codes.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The settings window on a configuration of its own.
-struct SettingsFixture : PanelFixture
-{
-    LocalizationManager texts { QStringLiteral(TESSEL_BUNDLE "/Localizations") };
-    std::unique_ptr<SettingsWindowController> window;
-
-    SettingsFixture() { open(); }
-
-    void open()
-    {
-        window = std::make_unique<SettingsWindowController>(SettingsWindowController::Dependencies {
-            config, texts, notifications, bundle, icons, platform.workspace() });
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-        window->showWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    }
-
-    void showActions() const { window->findChild<QTabBar *>()->setCurrentIndex(1); }
-
-    /// A control of the current contents: what a rebuild has thrown away may still be there.
-    template <typename Control> [[nodiscard]] Control *control(const QString &name) const
-    {
-        const auto all = window->findChildren<Control *>();
-        for (Control *candidate : all) {
-            if (candidate->isVisible() && candidate->accessibleName() == name)
-                return candidate;
-        }
-        return nullptr;
-    }
-
-    [[nodiscard]] ActionsTableView &table() const
-    {
-        return *window->findChild<ActionsTableView *>();
-    }
-    [[nodiscard]] QPoint cell(int row, int column) const
-    {
-        return table().visualRect(table().model()->index(row, column)).center();
-    }
-    void click(int row, int column) const
-    {
-        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
-    }
-    void doubleClick(int row, int column) const
-    {
-        click(row, column);
-        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
-    }
-    [[nodiscard]] RowTextView *scriptEditor() const { return window->findChild<RowTextView *>(); }
-
-    /// Types into the single-line field of a cell.
-    void type(int row, int column, const QString &text) const
-    {
-        doubleClick(row, column);
-        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        QVERIFY(field);
-        field->setText(text);
-        QTest::keyClick(field, Qt::Key_Return);
-        QTRY_VERIFY(QApplication::focusWidget() != field); // the end of an edit is queued
-    }
-
-    /// Picks an entry of the menu that is open.
-    static void pick(const QString &entry)
-    {
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY(menu);
-        for (QAction *action : menu->actions()) {
-            if (action->text() == entry)
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        }
-        QVERIFY(!menu->isVisible());
-    }
-
-    /// The list as it is on the disk.
-    [[nodiscard]] AppConfig saved() const
-    {
-        QFile file(folder.filePath(u"GlintClone/config.json"_s));
-        return file.open(QIODevice::ReadOnly) ? decodeConfig(file.readAll()).config.value()
-                                              : AppConfig();
-    }
-    [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
-};
-
-void pressKey(QWidget *widget, int evdevCode, Qt::Key key, Qt::KeyboardModifiers modifiers)
-{
-    QKeyEvent event(QEvent::KeyPress, key, modifiers, quint32(evdevCode + 8), 0, 0);
-    QApplication::sendEvent(widget, &event);
-}
 
 /// Memory that is this process's own, in KiB.
 int privateDirty()
@@ -133,7 +28,8 @@ int privateDirty()
 
 }
 
-class tst_Settings : public QObject
+/// The table of actions, its icons, and what the window costs.
+class tst_ActionsSettings : public QObject
 {
     Q_OBJECT
 
@@ -143,163 +39,6 @@ private Q_SLOTS:
         Log::setSink([](QStringView) {});
     }
     void cleanup() { Log::setSink({}); }
-
-    void languageShowsAtOnceAndIsKept()
-    {
-        SettingsFixture fixture;
-        auto *language = fixture.control<QComboBox>(u"Language"_s);
-        QVERIFY(language);
-        language->setFocus();
-        QTest::keyClick(language, Qt::Key_Down); // 한국어
-        const auto *tabs = fixture.window->findChild<QTabBar *>();
-        QCOMPARE(tabs->tabText(0), u"일반"_s);
-        QTRY_VERIFY(fixture.control<QComboBox>(u"언어"_s));
-        QVERIFY(fixture.control<QWidget>(u"제외된 앱"_s));
-        QVERIFY(fixture.control<QComboBox>(u"Theme"_s)); // has one text for all languages
-        QCOMPARE(fixture.saved().language, u"ko"_s);
-        QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
-        QVERIFY(fixture.control<QComboBox>(u"언어"_s)->hasFocus());
-
-        fixture.showActions();
-        QVERIFY(fixture.control<QWidget>(u"Actions"_s));
-        const auto hints = fixture.window->findChildren<QLabel *>();
-        QVERIFY(std::any_of(hints.begin(), hints.end(), [](const QLabel *label) {
-            return label->text().contains(u"{text}") && !label->text().contains(u'\n');
-        }));
-        const auto *model = fixture.table().model();
-        QCOMPARE(model->headerData(ActionsModel::titleColumn, Qt::Horizontal), u"이름"_s);
-        QCOMPARE(model->headerData(ActionsModel::regexColumn, Qt::Horizontal),
-                 u"Context (Regex)"_s);
-    }
-
-    void excludedApplications()
-    {
-        SettingsFixture fixture;
-        fixture.platform.workspace().installed = { { u"org.test.Editor"_s, u"Éditeur"_s, {} },
-                                                   { u"org.test.Other"_s, u"Other"_s, {} } };
-        const auto add = [&fixture](const QString &typed) {
-            fixture.control<QAbstractButton>(u"Add"_s)->click();
-            const QPointer chooser = fixture.window->findChild<ApplicationChooser *>();
-            QVERIFY(chooser && chooser->isVisible());
-            QTest::keyClicks(chooser->findChild<QLineEdit *>(), typed);
-            QTest::keyClick(chooser->findChild<QLineEdit *>(), Qt::Key_Return);
-            QTRY_VERIFY(!chooser);
-            fixture.window->activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
-        };
-        add(u"oth"_s);
-        add(u"edit"_s);
-        add(u"Other"_s); // a second time
-        QCOMPARE(fixture.saved().excludedBundleIds,
-                 QStringList({ u"org.test.Other"_s, u"org.test.Editor"_s }));
-
-        auto *table = fixture.control<QAbstractItemView>(u"Excluded Apps"_s);
-        auto *remove = fixture.control<QAbstractButton>(u"Remove"_s);
-        table->clearSelection();
-        table->setFocus(); // which makes an entry current, but selects none
-        remove->click();
-        QCOMPARE(fixture.saved().excludedBundleIds.size(), 2);
-        table->setCurrentIndex(table->model()->index(0, 0));
-        table->edit(table->currentIndex());
-        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        QVERIFY(field);
-        field->setText(u" as typed "_s);
-        QTest::keyClick(field, Qt::Key_Return);
-        QTRY_VERIFY(QApplication::focusWidget() != field);
-        table->model()->setData(table->model()->index(1, 0), QString(), Qt::EditRole);
-        QCOMPARE(fixture.saved().excludedBundleIds, QStringList({ u" as typed "_s, QString() }));
-        remove->click();
-        QCOMPARE(fixture.saved().excludedBundleIds, QStringList(QString()));
-        table->setCurrentIndex(table->model()->index(0, 0));
-        table->edit(table->currentIndex());
-        qobject_cast<QLineEdit *>(QApplication::focusWidget())->setText(u"half-typed"_s);
-        fixture.window->close();
-        QCOMPARE(fixture.saved().excludedBundleIds, QStringList(u"half-typed"_s));
-    }
-
-    void recorder_data()
-    {
-        QTest::addColumn<int>("evdevCode");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("isRecorded");
-        QTest::newRow("letter") << KEY_A << Qt::Key_A
-                                << Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)
-                                << u"⌃⇧A"_s << true;
-        QTest::newRow("on a Cyrillic layout")
-            << KEY_A << Qt::Key(0x424) << Qt::KeyboardModifiers(Qt::MetaModifier) << u"⌘A"_s
-            << true;
-        QTest::newRow("keypad, caps lock")
-            << KEY_KP5 << Qt::Key_5 << Qt::KeyboardModifiers(Qt::KeypadModifier) << u"5"_s << true;
-        QTest::newRow("a key of the window")
-            << KEY_W << Qt::Key_W << Qt::KeyboardModifiers(Qt::ControlModifier) << u"⌃W"_s << true;
-        QTest::newRow("tab") << KEY_TAB << Qt::Key_Tab << Qt::KeyboardModifiers() << u"Tab"_s
-                             << true;
-        QTest::newRow("escape keeps the old one")
-            << KEY_ESC << Qt::Key_Escape << Qt::KeyboardModifiers() << u"F2"_s << false;
-    }
-
-    void recorder()
-    {
-        QFETCH(int, evdevCode);
-        QFETCH(Qt::Key, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QString, shown);
-        QFETCH(bool, isRecorded);
-        SettingsFixture fixture;
-        auto *recorder = fixture.control<ShortcutRecorderControl>(u"Trigger Shortcut"_s);
-        QVERIFY(recorder);
-        QTest::mouseClick(recorder, Qt::LeftButton);
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
-        pressKey(recorder, KEY_LEFTSHIFT, Qt::Key_Shift, {});
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
-        pressKey(recorder, evdevCode, key, modifiers);
-        QCOMPARE(recorder->text(), shown);
-        QVERIFY(!recorder->hasFocus());
-        QCOMPARE(fixture.saved().triggerKeyCode.has_value() && recorder->keyCode() != 120,
-                 isRecorded);
-        QVERIFY(fixture.window->isVisible());
-    }
-
-    void recorderLetsGo()
-    {
-        SettingsFixture fixture;
-        auto *recorder = fixture.control<ShortcutRecorderControl>(u"Trigger Shortcut"_s);
-        QTest::mouseClick(recorder, Qt::LeftButton);
-        QTest::mouseClick(recorder->parentWidget()->parentWidget()->parentWidget(), Qt::LeftButton,
-                          {}, { 5, 5 });
-        QCOMPARE(recorder->text(), u"F2"_s);
-        // A window that comes back to the front records nothing.
-        recorder->setFocus(Qt::ActiveWindowFocusReason);
-        QCOMPARE(recorder->text(), u"F2"_s);
-        recorder->clearFocus();
-        // Who comes by Tab goes on by Tab.
-        recorder->setFocus(Qt::TabFocusReason);
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
-        QTest::keyClick(recorder, Qt::Key_Tab);
-        QCOMPARE(recorder->text(), u"F2"_s);
-        QVERIFY(!recorder->hasFocus() && fixture.window->focusWidget());
-        QCOMPARE(recorder->keyCode(), 120);
-    }
-
-    void switchesAndLogos()
-    {
-        SettingsFixture fixture;
-        fixture.control<QAbstractButton>(u"Show Keyboard Shortcuts"_s)->click();
-        fixture.control<QAbstractButton>(u"Show Tooltips"_s)->click();
-        fixture.control<QAbstractButton>(u"Neon"_s)->click();
-        fixture.control<QAbstractButton>(u"Keep Settings Window on Top"_s)->click();
-        QVERIFY(!fixture.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        QVERIFY(fixture.window->isVisible());
-        const AppConfig saved = fixture.saved();
-        QCOMPARE(saved.showKeyboardShortcuts, false);
-        QCOMPARE(saved.showTooltips, false);
-        QCOMPARE(saved.alwaysOnTop, false);
-        QCOMPARE(saved.appIcon, AppIconType::neon);
-        for (const auto *button : fixture.window->findChildren<IconSelectionButton *>())
-            QCOMPARE(button->isSelectedIcon(), button->accessibleName() == u"Neon");
-    }
 
     void singleLineFields()
     {
@@ -609,5 +348,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_Settings)
-#include "tst_Settings.moc"
+QTEST_MAIN(tst_ActionsSettings)
+#include "tst_ActionsSettings.moc"

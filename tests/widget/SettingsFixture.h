@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ActionsTableView.h"
+#include "Log.h"
+#include "PanelFixture.h"
+#include "RowTextView.h"
+#include "SettingsWindowController.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabBar>
+
+/// The settings window on a configuration of its own.
+struct SettingsFixture : PanelFixture
+{
+    LocalizationManager texts { QStringLiteral(TESSEL_BUNDLE "/Localizations") };
+    std::unique_ptr<SettingsWindowController> window;
+
+    SettingsFixture() { open(); }
+
+    void open()
+    {
+        window = std::make_unique<SettingsWindowController>(SettingsWindowController::Dependencies {
+            config, texts, notifications, bundle, icons, platform.workspace() });
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->showWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    void showActions() const { window->findChild<QTabBar *>()->setCurrentIndex(1); }
+
+    /// A control of the current contents: what a rebuild has thrown away may still be there.
+    template <typename Control> [[nodiscard]] Control *control(const QString &name) const
+    {
+        const auto all = window->findChildren<Control *>();
+        for (Control *candidate : all) {
+            if (candidate->isVisible() && candidate->accessibleName() == name)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] ActionsTableView &table() const
+    {
+        return *window->findChild<ActionsTableView *>();
+    }
+    [[nodiscard]] QPoint cell(int row, int column) const
+    {
+        return table().visualRect(table().model()->index(row, column)).center();
+    }
+    void click(int row, int column) const
+    {
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
+    }
+    void doubleClick(int row, int column) const
+    {
+        click(row, column);
+        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
+    }
+    [[nodiscard]] RowTextView *scriptEditor() const { return window->findChild<RowTextView *>(); }
+
+    /// Types into the single-line field of a cell.
+    void type(int row, int column, const QString &text) const
+    {
+        doubleClick(row, column);
+        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(field);
+        field->setText(text);
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(QApplication::focusWidget() != field); // the end of an edit is queued
+    }
+
+    /// Picks an entry of the menu that is open.
+    static void pick(const QString &entry)
+    {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        for (QAction *action : menu->actions()) {
+            if (action->text() == entry)
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+        QVERIFY(!menu->isVisible());
+    }
+
+    /// The list as it is on the disk.
+    [[nodiscard]] AppConfig saved() const
+    {
+        QFile file(folder.filePath(QStringLiteral("GlintClone/config.json")));
+        return file.open(QIODevice::ReadOnly) ? decodeConfig(file.readAll()).config.value()
+                                              : AppConfig();
+    }
+    [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
+};
