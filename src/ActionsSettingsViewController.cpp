@@ -16,7 +16,7 @@
 using namespace Qt::StringLiterals;
 using namespace SettingsLayout;
 
-ActionsSettingsViewController::ActionsSettingsViewController(Dependencies dependencies,
+ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencies dependencies,
                                                              QWidget *parent)
     : QWidget(parent)
     , m_dependencies(dependencies)

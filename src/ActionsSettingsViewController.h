@@ -2,19 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "SettingsDependencies.h"
+
 #include <QPointer>
 #include <QWidget>
 
 class ActionsModel;
 class ActionsTableView;
-class ConfigManager;
 class IconPickerViewController;
-class IconResolver;
-class LocalizationManager;
-class NotificationCenter;
 class QLabel;
 class QPushButton;
-class ResourceBundle;
 
 /// The tab in which the user's actions are edited. Each change is saved at once.
 class ActionsSettingsViewController final : public QWidget
@@ -22,16 +19,8 @@ class ActionsSettingsViewController final : public QWidget
     Q_OBJECT
 
 public:
-    struct Dependencies
-    {
-        ConfigManager &config;
-        LocalizationManager &localization;
-        NotificationCenter &notifications;
-        const ResourceBundle &bundle;
-        const IconResolver &icons;
-    };
-
-    explicit ActionsSettingsViewController(Dependencies dependencies, QWidget *parent = nullptr);
+    explicit ActionsSettingsViewController(SettingsDependencies dependencies,
+                                           QWidget *parent = nullptr);
 
     /// Stores what is being typed, closes the icon picker; for a window that is about to go.
     void cleanup();
@@ -42,7 +31,7 @@ private:
     void addAction();
     void showIconPicker(int row, const QRect &cell);
 
-    Dependencies m_dependencies;
+    SettingsDependencies m_dependencies;
     ActionsModel *m_model;
     ActionsTableView *m_tableView;
     QLabel *m_title;

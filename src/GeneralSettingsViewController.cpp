@@ -64,7 +64,7 @@ QComboBox *popUpButton(const QList<std::pair<QString, QString>> &titlesAndValues
 
 }
 
-GeneralSettingsViewController::GeneralSettingsViewController(Dependencies dependencies,
+GeneralSettingsViewController::GeneralSettingsViewController(SettingsDependencies dependencies,
                                                              QWidget *parent)
     : QWidget(parent)
     , m_dependencies(dependencies)

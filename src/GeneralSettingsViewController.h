@@ -3,21 +3,16 @@
 #pragma once
 
 #include "AppConfig.h"
+#include "SettingsDependencies.h"
 
 #include <QHash>
 #include <QWidget>
 
-class ConfigManager;
 class ExcludedAppsModel;
-class IconResolver;
 class IconSelectionButton;
-class LocalizationManager;
-class NotificationCenter;
 class QComboBox;
 class QScrollArea;
 class QTableView;
-class ResourceBundle;
-class Workspace;
 
 /// The tab of the settings that concern the whole program. Each change is saved at once.
 class GeneralSettingsViewController final : public QWidget
@@ -25,17 +20,8 @@ class GeneralSettingsViewController final : public QWidget
     Q_OBJECT
 
 public:
-    struct Dependencies
-    {
-        ConfigManager &config;
-        LocalizationManager &localization;
-        NotificationCenter &notifications;
-        const ResourceBundle &bundle;
-        const IconResolver &icons;
-        Workspace &workspace;
-    };
-
-    explicit GeneralSettingsViewController(Dependencies dependencies, QWidget *parent = nullptr);
+    explicit GeneralSettingsViewController(SettingsDependencies dependencies,
+                                           QWidget *parent = nullptr);
 
     /// Drops the pictures; for a window that is about to go.
     void clearIconCache();
@@ -61,7 +47,7 @@ private:
     void handleExcludedAppsAction(int segment);
     void addExcludedApp();
 
-    Dependencies m_dependencies;
+    SettingsDependencies m_dependencies;
     QScrollArea *m_scrollArea = nullptr;
     QComboBox *m_languageButton = nullptr;
     QTableView *m_tableView = nullptr;

@@ -32,7 +32,7 @@ constexpr int fontSize = 13; // pixels
 
 }
 
-SettingsWindowController::SettingsWindowController(Dependencies dependencies)
+SettingsWindowController::SettingsWindowController(SettingsDependencies dependencies)
     : m_dependencies(dependencies)
     , m_tabs(new ToolbarTabBar)
 {
@@ -56,16 +56,14 @@ SettingsWindowController::SettingsWindowController(Dependencies dependencies)
 
 void SettingsWindowController::setupTabs()
 {
-    const auto &[config, localization, notifications, bundle, icons, workspace] = m_dependencies;
+    const IconResolver &icons = m_dependencies.icons;
     auto *pages = new QStackedWidget;
     FileLogger::log(u"DEBUG: Creating General Settings VC"_s);
-    m_general = new GeneralSettingsViewController(
-        { config, localization, notifications, bundle, icons, workspace });
+    m_general = new GeneralSettingsViewController(m_dependencies);
     pages->addWidget(m_general);
     m_tabs->addTab(icons.image(u"gear"_s), u"General"_s);
     FileLogger::log(u"DEBUG: Creating Actions Settings VC"_s);
-    m_actions
-        = new ActionsSettingsViewController({ config, localization, notifications, bundle, icons });
+    m_actions = new ActionsSettingsViewController(m_dependencies);
     pages->addWidget(m_actions);
     m_tabs->addTab(icons.image(u"star"_s), u"Actions"_s);
     connect(m_tabs, &QTabBar::currentChanged, pages, &QStackedWidget::setCurrentIndex);

@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "SettingsDependencies.h"
+
 #include <QMainWindow>
 
 #include <functional>
 
 class ActionsSettingsViewController;
-class ConfigManager;
 class GeneralSettingsViewController;
-class IconResolver;
-class LocalizationManager;
-class NotificationCenter;
-class ResourceBundle;
 class ToolbarTabBar;
-class Workspace;
 
 /// The settings window. Deletes itself when closed.
 class SettingsWindowController final : public QMainWindow
@@ -22,17 +18,7 @@ class SettingsWindowController final : public QMainWindow
     Q_OBJECT
 
 public:
-    struct Dependencies
-    {
-        ConfigManager &config;
-        LocalizationManager &localization;
-        NotificationCenter &notifications;
-        const ResourceBundle &bundle;
-        const IconResolver &icons;
-        Workspace &workspace;
-    };
-
-    explicit SettingsWindowController(Dependencies dependencies);
+    explicit SettingsWindowController(SettingsDependencies dependencies);
 
     std::function<void()> onClose; ///< called once, at the end of the clean-up
 
@@ -49,7 +35,7 @@ private:
     void languageChanged();
     void windowWillClose();
 
-    Dependencies m_dependencies;
+    SettingsDependencies m_dependencies;
     ToolbarTabBar *m_tabs;
     GeneralSettingsViewController *m_general = nullptr;
     ActionsSettingsViewController *m_actions = nullptr;

@@ -24,7 +24,7 @@ struct SettingsFixture : PanelFixture
 
     void open()
     {
-        window = std::make_unique<SettingsWindowController>(SettingsWindowController::Dependencies {
+        window = std::make_unique<SettingsWindowController>(SettingsDependencies {
             config, texts, notifications, bundle, icons, platform.workspace() });
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->showWindow();
