@@ -164,6 +164,10 @@ private Q_SLOTS:
         stage.tap(XKB_KEY_Down, 2);
         stage.tap(XKB_KEY_Return);
         QTRY_COMPARE(stage.action(last).value(u"type"_s), u"shellScript"_s);
+        QTRY_VERIFY(!stage.user().findWindow([](const WindowInfo &window) {
+            return window.overrideRedirect
+                && window.className == u"Tessel"; // else it takes a click
+        }));
         stage.user().click(stage.cell(last, templateText), 2);
         QTest::qWait(300); // the editor takes the keyboard
         stage.user().tap(XKB_KEY_a, { XKB_KEY_Control_L });
