@@ -168,6 +168,7 @@ private Q_SLOTS:
             return window.overrideRedirect
                 && window.className == u"Tessel"; // else it takes a click
         }));
+        QTest::qWait(600); // apart from the clicks before, as a user's double click is
         stage.user().click(stage.cell(last, templateText), 2);
         QTest::qWait(300); // the editor takes the keyboard
         stage.user().tap(XKB_KEY_a, { XKB_KEY_Control_L });
