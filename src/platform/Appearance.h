@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+namespace Tessel {
+
 /// Whether the user prefers dark or light windows.
 class Appearance : public QObject
 {
@@ -17,3 +19,5 @@ public:
 Q_SIGNALS:
     void changed();
 };
+
+}

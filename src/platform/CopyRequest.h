@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+namespace Tessel {
+
 struct FrontApplication;
 
 /// Makes the application in front copy its selection.
@@ -17,3 +19,5 @@ public:
     /// it copied shows in the pasteboard's change count. Modifiers that the user holds are lifted.
     virtual void copySelection(const FrontApplication &application) = 0;
 };
+
+}

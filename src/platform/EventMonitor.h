@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+namespace Tessel {
+
 /// A key press, scroll or click that went to another application.
 struct InputEvent
 {
@@ -41,3 +43,5 @@ public:
                                                                          Handler handler)
         = 0;
 };
+
+}

@@ -8,6 +8,8 @@
 #include <chrono>
 #include <optional>
 
+namespace Tessel {
+
 /// The general pasteboard (on X11 the CLIPBOARD selection of the ICCCM).
 class Pasteboard
 {
@@ -25,3 +27,5 @@ public:
     /// Replaces the content by plain text.
     virtual void setString(const QString &text) = 0;
 };
+
+}

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Platform.h"
 
+namespace Tessel {
+
 namespace {
 Platform *currentPlatform = nullptr;
 }
@@ -15,4 +17,6 @@ Platform &Platform::current()
 void Platform::setCurrent(Platform *platform)
 {
     currentPlatform = platform;
+}
+
 }

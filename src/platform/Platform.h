@@ -6,6 +6,8 @@
 
 #include <memory>
 
+namespace Tessel {
+
 class Appearance;
 class CopyRequest;
 class EventMonitor;
@@ -46,3 +48,5 @@ struct PlatformResult
 
 /// Chooses the backend by what the session offers, and prepares the environment that Qt reads.
 [[nodiscard]] PlatformResult makePlatform();
+
+}

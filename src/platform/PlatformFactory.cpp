@@ -3,6 +3,8 @@
 #include "platform/Platform.h"
 #include "platform/x11/X11Platform.h"
 
+namespace Tessel {
+
 PlatformResult makePlatform()
 {
     PlatformResult result;
@@ -21,4 +23,6 @@ PlatformResult makePlatform()
         qputenv("QT_QPA_PLATFORM", "xcb");
     result.platform = X11Platform::connect(&result.error);
     return result;
+}
+
 }

@@ -11,6 +11,8 @@
 
 class QWindow;
 
+namespace Tessel {
+
 /// Where a popup can go. Logical pixels of Qt's coordinates, y down.
 struct PopupLocation
 {
@@ -47,3 +49,5 @@ public:
     virtual bool takeKeyboard(QWindow *window) = 0;
     virtual void releaseKeyboard(QWindow *window) = 0;
 };
+
+}

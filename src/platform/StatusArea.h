@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+namespace Tessel {
+
 /// The place where resident programs show an item of their own: a tray, a menu bar.
 class StatusArea : public QObject
 {
@@ -18,3 +20,5 @@ public:
 Q_SIGNALS:
     void becameAvailable();
 };
+
+}

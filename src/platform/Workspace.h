@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace Tessel {
+
 /// The application that has the user's attention.
 struct FrontApplication
 {
@@ -54,3 +56,5 @@ public:
     /// there ("trusted").
     [[nodiscard]] virtual QStringList missingAccess() const = 0;
 };
+
+}

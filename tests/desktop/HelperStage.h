@@ -2,17 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "DesktopSession.h"
+#include "support/DesktopSession.h"
 
 #include <QFile>
 #include <QTest>
 
+namespace Tessel {
+
 /// A desktop with a shell that finds the helpers.
 struct Stage final
 {
-    desktop::DesktopSession session;
+    Desktop::DesktopSession session;
 
-    [[nodiscard]] bool prepare(const desktop::DesktopOptions &options = {})
+    [[nodiscard]] bool prepare(const Desktop::DesktopOptions &options = {})
     {
         const bool isUp = session.start(options);
         session.setVariable(QStringLiteral("PATH"),
@@ -31,7 +33,7 @@ struct Stage final
     /// The command's exit status; -1 when it does not end.
     int run(const QString &command)
     {
-        desktop::ChildProcess &shell
+        Desktop::ChildProcess &shell
             = session.launch(QStringLiteral("/bin/sh"), { QStringLiteral("-c"), command });
         return shell.waitForExit() ? shell.exitCode() : -1;
     }
@@ -49,3 +51,5 @@ struct Stage final
         QCOMPARE(file.write(content), content.size());
     }
 };
+
+}

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "TesselProgram.h"
+#include "desktop/TesselProgram.h"
 
-#include "PanelLayout.h"
+#include "bar/PanelLayout.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,8 +11,9 @@
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 TesselProgram::TesselProgram(DesktopSession &session)
     : m_session(session)

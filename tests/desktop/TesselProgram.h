@@ -2,18 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "DesktopSession.h"
-#include "XUser.h"
+#include "support/DesktopSession.h"
+#include "support/XUser.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonObject>
 
+namespace Tessel {
+
 /// The program as a user of the private desktop has it: its configuration, its process, its bar.
 class TesselProgram
 {
 public:
-    explicit TesselProgram(desktop::DesktopSession &session);
+    explicit TesselProgram(Desktop::DesktopSession &session);
 
     /// Settings that the configuration file is to hold besides the actions.
     QJsonObject settings;
@@ -30,34 +32,36 @@ public:
     [[nodiscard]] bool start();
     /// Ends the program and starts it again on the configuration that it has left.
     [[nodiscard]] bool restart();
-    [[nodiscard]] desktop::ChildProcess &process() { return *m_process; }
+    [[nodiscard]] Desktop::ChildProcess &process() { return *m_process; }
     [[nodiscard]] static QString path();
     [[nodiscard]] QString configFile() const;
     /// What the program has saved.
     [[nodiscard]] QJsonObject configuration() const;
 
     /// Presses the trigger key and waits for the bar; nothing when it does not come.
-    [[nodiscard]] std::optional<desktop::WindowInfo> summon();
-    [[nodiscard]] std::optional<desktop::WindowInfo> bar() const; ///< when it is on the screen
-    [[nodiscard]] std::optional<desktop::WindowInfo> waitForBar() const;
+    [[nodiscard]] std::optional<Desktop::WindowInfo> summon();
+    [[nodiscard]] std::optional<Desktop::WindowInfo> bar() const; ///< when it is on the screen
+    [[nodiscard]] std::optional<Desktop::WindowInfo> waitForBar() const;
     [[nodiscard]] bool waitUntilBarGone() const;
 
     /// One of the program's other windows, when it has come.
-    [[nodiscard]] std::optional<desktop::WindowInfo> waitForWindow(const QString &title) const;
+    [[nodiscard]] std::optional<Desktop::WindowInfo> waitForWindow(const QString &title) const;
 
     /// Presses Ctrl and comma in the bar; the settings window when it has the keyboard.
-    [[nodiscard]] std::optional<desktop::WindowInfo> openSettings();
+    [[nodiscard]] std::optional<Desktop::WindowInfo> openSettings();
 
     /// The trigger is ignored for a second after a capture: returns when that is over.
     void awaitTrigger() const;
 
     /// Middle of a button of the standard width, in pixels of the root window at scale 1.
-    [[nodiscard]] static QPoint button(const desktop::WindowInfo &bar, int index);
+    [[nodiscard]] static QPoint button(const Desktop::WindowInfo &bar, int index);
 
 private:
     [[nodiscard]] bool launch();
 
-    desktop::DesktopSession &m_session;
-    desktop::ChildProcess *m_process = nullptr;
+    Desktop::DesktopSession &m_session;
+    Desktop::ChildProcess *m_process = nullptr;
     QElapsedTimer m_sinceSummon;
 };
+
+}

@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Editors.h"
-#include "TesselProgram.h"
+#include "desktop/TesselProgram.h"
+#include "support/Editors.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 /// The desktop portal's settings, as far as they are asked for.
 class Portal : public QObject

@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Editors.h"
-#include "HelperStage.h"
-#include "XClipboard.h"
-#include "XcbSupport.h"
+#include "desktop/HelperStage.h"
+#include "support/Editors.h"
+#include "support/XClipboard.h"
+#include "support/XcbSupport.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 namespace {
 
@@ -37,11 +38,11 @@ public:
         : m_connection(xcb_connect(display.toLatin1().constData(), nullptr))
         , m_window(xcb_generate_id(xcb()))
     {
-        xcb_create_window(xcb(), 0, m_window, x::screen(xcb())->root, 0, 0, 1, 1, 0,
+        xcb_create_window(xcb(), 0, m_window, Xcb::screen(xcb())->root, 0, 0, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     }
 
-    [[nodiscard]] quint32 atom(const char *name) const { return x::atom(xcb(), name); }
+    [[nodiscard]] quint32 atom(const char *name) const { return Xcb::atom(xcb(), name); }
 
     /// False when the owner refuses.
     bool convert(const char *target, const char *property)
@@ -49,7 +50,7 @@ public:
         xcb_convert_selection(xcb(), m_window, atom("CLIPBOARD"), atom(target), atom(property),
                               XCB_CURRENT_TIME);
         xcb_flush(xcb());
-        const x::Owned<xcb_generic_event_t> event(xcb_wait_for_event(xcb()));
+        const Xcb::Owned<xcb_generic_event_t> event(xcb_wait_for_event(xcb()));
         const auto *notify = reinterpret_cast<xcb_selection_notify_event_t *>(event.get());
         return notify && notify->property != XCB_NONE;
     }
@@ -57,7 +58,7 @@ public:
     [[nodiscard]] QByteArray value(const char *property) const
     {
         return QByteArray::fromStdString(
-            x::bytes(x::property(xcb(), m_window, atom(property)).get()));
+            Xcb::bytes(Xcb::property(xcb(), m_window, atom(property)).get()));
     }
 
     [[nodiscard]] QList<quint32> atoms(const char *property) const
@@ -77,7 +78,7 @@ public:
 private:
     [[nodiscard]] xcb_connection_t *xcb() const { return m_connection.get(); }
 
-    x::Connection m_connection;
+    Xcb::Connection m_connection;
     quint32 m_window;
 };
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DesktopHost.h"
-#include "Editors.h"
-#include "HelperStage.h"
-#include "TextFile.h"
-#include "XClipboard.h"
+#include "desktop/HelperStage.h"
+#include "lib/desktop/DesktopHost.h"
+#include "support/Editors.h"
+#include "support/TextFile.h"
+#include "support/XClipboard.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -15,13 +15,14 @@
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 namespace {
 
-QString reason(const osascript::Failure &failure)
+QString reason(const Osascript::Failure &failure)
 {
     return failure.value_or(QString());
 }
@@ -39,7 +40,7 @@ struct HostStage
         owner = std::make_unique<DesktopHost>(QStringLiteral(TESSEL_HELPERS));
         return isUp;
     }
-    [[nodiscard]] osascript::Host host() const { return owner->host(); }
+    [[nodiscard]] Osascript::Host host() const { return owner->host(); }
     [[nodiscard]] XUser &user() const { return stage.session.user(); }
 };
 
@@ -116,7 +117,7 @@ private Q_SLOTS:
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        osascript::Desktop &desktop = stage.host().desktop;
+        Osascript::Desktop &desktop = stage.host().desktop;
         QVERIFY(desktop.isInstalled(u"mousepad"_s));
         QVERIFY(!desktop.isInstalled(u"Nobody's"_s));
         QVERIFY(desktop.activate(u"Nobody's"_s).has_value());
@@ -145,7 +146,7 @@ private Q_SLOTS:
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        osascript::Desktop &desktop = stage.host().desktop;
+        Osascript::Desktop &desktop = stage.host().desktop;
         const UrlRecorder &urls = stage.stage.session.urlRecorder();
         QCOMPARE(reason(desktop.open(u"tessel-test://a?b=c%20d"_s, QString())), QString());
         QCOMPARE(urls.waitForUrls(1), QStringList { u"tessel-test://a?b=c%20d"_s });
@@ -207,7 +208,7 @@ private Q_SLOTS:
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        osascript::DialogRequest request;
+        Osascript::DialogRequest request;
         request.message = u"\"quoted\" \\"_s;
         request.title = u"The Dialog"_s;
         request.buttons = { u"No"_s, u"Yes"_s };
@@ -238,7 +239,7 @@ private Q_SLOTS:
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        osascript::Dialogs &dialogs = stage.host().dialogs;
+        Osascript::Dialogs &dialogs = stage.host().dialogs;
         QVERIFY(dialogs.notify(u"text"_s, {}, {}, {}).has_value()); // nobody shows any
         RecordingService server(u"org.freedesktop.Notifications"_s);
         const auto notify = [&dialogs](const QString &title, const QString &file) {
@@ -266,7 +267,7 @@ private Q_SLOTS:
         const QString home = stage.stage.session.homePath();
         const QString file = home + u"/a, b%.txt"_s;
         QVERIFY(writeFile(file, u"x"_s));
-        osascript::Desktop &desktop = stage.host().desktop;
+        Osascript::Desktop &desktop = stage.host().desktop;
         RecordingService manager(u"org.freedesktop.FileManager1"_s);
         QCOMPARE(reasonOf([&] { return desktop.reveal(file); }), QString());
         QCOMPARE(manager.calls.value(0).value(0).toStringList(),

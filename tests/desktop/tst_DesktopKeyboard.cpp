@@ -1,22 +1,23 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DesktopKeyboard.h"
-#include "DisplayConnection.h"
-#include "Editors.h"
-#include "HelperStage.h"
-#include "XClipboard.h"
+#include "desktop/HelperStage.h"
+#include "lib/desktop/DesktopKeyboard.h"
+#include "lib/desktop/DisplayConnection.h"
+#include "support/Editors.h"
+#include "support/XClipboard.h"
 
 #include <QElapsedTimer>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
-using osascript::Modifiers;
+using namespace Tessel::Desktop;
+using Osascript::Modifiers;
 
 namespace {
 
-QString reason(const osascript::Failure &failure)
+QString reason(const Osascript::Failure &failure)
 {
     return failure.value_or(QString());
 }

@@ -1,18 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DefaultActions.h"
-#include "Editors.h"
-#include "TesselProgram.h"
-#include "TextFile.h"
-#include "XClipboard.h"
+#include "config/DefaultActions.h"
+#include "desktop/TesselProgram.h"
+#include "support/Editors.h"
+#include "support/TextFile.h"
+#include "support/XClipboard.h"
 
 #include <QDirIterator>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 namespace {
 

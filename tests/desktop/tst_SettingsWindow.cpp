@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Editors.h"
-#include "TesselProgram.h"
-#include "TextFile.h"
-#include "XClipboard.h"
+#include "desktop/TesselProgram.h"
+#include "support/Editors.h"
+#include "support/TextFile.h"
+#include "support/XClipboard.h"
 
 #include <QFile>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Editors.h"
-#include "TesselProgram.h"
-#include "XClipboard.h"
+#include "desktop/TesselProgram.h"
+#include "support/Editors.h"
+#include "support/XClipboard.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,8 +11,9 @@
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace desktop;
+using namespace Tessel::Desktop;
 
 /// Starting under good and bad conditions.
 class tst_Start : public QObject

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "RecordingHost.h"
+#include "osascript/RecordingHost.h"
 
-#include <Printer.h>
+#include "osascript/values/Printer.h"
 
 #include <cstdio>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using namespace osascript;
+using namespace Tessel::Osascript;
 
 namespace {
 

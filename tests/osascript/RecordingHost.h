@@ -2,37 +2,39 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Host.h>
+#include "lib/Host.h"
+
+namespace Tessel {
 
 /// A desktop of fixed contents that writes what is asked of it to standard error, one line each
 /// that starts with "» ". The clipboard starts with $OSASCRIPT_CLIPBOARD; dialogs are answered with
 /// $OSASCRIPT_ANSWER: a button, or for lists what is chosen, divided by bars; without it with the
 /// default. "(none)" is a dialog without a display.
-class RecordingHost final : osascript::Clipboard,
-                            osascript::Keyboard,
-                            osascript::Dialogs,
-                            osascript::Desktop,
-                            osascript::ShortcutLibrary
+class RecordingHost final : Osascript::Clipboard,
+                            Osascript::Keyboard,
+                            Osascript::Dialogs,
+                            Osascript::Desktop,
+                            Osascript::ShortcutLibrary
 {
 public:
     RecordingHost();
-    [[nodiscard]] osascript::Host host() { return { *this, *this, *this, *this, *this }; }
+    [[nodiscard]] Osascript::Host host() { return { *this, *this, *this, *this, *this }; }
 
 private:
-    using Failure = osascript::Failure;
+    using Failure = Osascript::Failure;
 
     std::optional<QString> text() override;
     Failure setText(const QString &text) override;
-    Failure type(const QString &text, osascript::Modifiers modifiers) override;
-    Failure press(int keyCode, osascript::Modifiers modifiers) override;
-    std::optional<osascript::DialogAnswer> ask(const osascript::DialogRequest &request) override;
+    Failure type(const QString &text, Osascript::Modifiers modifiers) override;
+    Failure press(int keyCode, Osascript::Modifiers modifiers) override;
+    std::optional<Osascript::DialogAnswer> ask(const Osascript::DialogRequest &request) override;
     std::optional<std::optional<QStringList>>
-    choose(const osascript::ListRequest &request) override;
+    choose(const Osascript::ListRequest &request) override;
     Failure notify(const QString &text, const QString &title, const QString &subtitle,
                    const QString &file) override;
     void beep() override;
     Failure say(const QString &text) override;
-    QList<osascript::Process> processes() override;
+    QList<Osascript::Process> processes() override;
     bool isInstalled(const QString &application) override;
     bool isRunning(const QString &application) override;
     Failure activate(const QString &application) override;
@@ -41,8 +43,10 @@ private:
     Failure open(const QString &target, const QString &application) override;
     Failure reveal(const QString &path) override;
     QStringList names() override;
-    osascript::ShortcutResult run(const QString &name, const QString &input) override;
+    Osascript::ShortcutResult run(const QString &name, const QString &input) override;
 
     std::optional<QString> m_clipboard;
     QString m_answer;
 };
+
+}

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include <applications/NoteText.h>
+#include "osascript/applications/NoteText.h"
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_NoteText : public QObject
@@ -49,7 +50,7 @@ void tst_NoteText::text_data()
 void tst_NoteText::text()
 {
     QFETCH(const QString, body);
-    QTEST(osascript::noteText(body), "expected");
+    QTEST(Osascript::noteText(body), "expected");
 }
 
 void tst_NoteText::fileName_data()
@@ -71,7 +72,7 @@ void tst_NoteText::fileName_data()
 void tst_NoteText::fileName()
 {
     QFETCH(const QString, title);
-    QTEST(osascript::noteFileName(title), "expected");
+    QTEST(Osascript::noteFileName(title), "expected");
 }
 
 QTEST_GUILESS_MAIN(tst_NoteText)

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Cases.h"
+#include "osascript/Cases.h"
 
 #include <QDir>
 #include <QProcess>

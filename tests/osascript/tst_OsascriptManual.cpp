@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Cases.h"
+#include "osascript/Cases.h"
 
-#include <Manual.h>
-#include <Terms.h>
+#include "osascript/Manual.h"
+#include "osascript/language/Terms.h"
 
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_OsascriptManual : public QObject
@@ -26,7 +27,7 @@ void tst_OsascriptManual::isUpToDate()
 {
     QFile file(QStringLiteral(OSASCRIPT_MANUAL));
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(QString::fromUtf8(file.readAll()) == osascript::manual());
+    QVERIFY(QString::fromUtf8(file.readAll()) == Osascript::manual());
 }
 
 /// What the manual promises is used in at least one of the scripts with a known outcome.
@@ -39,11 +40,11 @@ void tst_OsascriptManual::hasCaseForEachTerm()
             scripts += row.script + u'\n';
     }
     QStringList terms;
-    for (const auto &term : osascript::commandTerms())
+    for (const auto &term : Osascript::commandTerms())
         terms.append(term.words.toString());
-    for (const auto &term : osascript::nameTerms())
+    for (const auto &term : Osascript::nameTerms())
         terms.append(term.words.toString());
-    for (const auto &term : osascript::operatorTerms())
+    for (const auto &term : Osascript::operatorTerms())
         terms.append(term.words.toString());
     for (const QString &term : std::as_const(terms)) {
         const QRegularExpression use(u"(?<![a-z])"_s + QRegularExpression::escape(term)

@@ -4,8 +4,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <Terms.h>
+#include "osascript/language/Terms.h"
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,15 +64,15 @@ QStringList vocabulary()
                         u"application \"Notes\""_s,
                         u"application \"System Events\""_s,
                         u"application \"Mail\""_s };
-    for (const osascript::OperatorTerm &term : osascript::operatorTerms())
+    for (const Osascript::OperatorTerm &term : Osascript::operatorTerms())
         words.append(term.words.toString());
-    for (const osascript::NameTerm &term : osascript::nameTerms())
+    for (const Osascript::NameTerm &term : Osascript::nameTerms())
         words.append(term.words.toString());
-    for (const QStringView word : osascript::reservedWords()) {
+    for (const QStringView word : Osascript::reservedWords()) {
         if (word != u"repeat")
             words.append(word.toString());
     }
-    for (const osascript::CommandTerm &term : osascript::commandTerms()) {
+    for (const Osascript::CommandTerm &term : Osascript::commandTerms()) {
         if (term.words != u"delay" && term.words != u"do shell script" && term.words != u"make"
             && term.words != u"say")
             words.append(term.words.toString());

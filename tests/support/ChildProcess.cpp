@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ChildProcess.h"
+#include "support/ChildProcess.h"
 
 #include <QTest>
 
@@ -9,7 +9,7 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <chrono>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 // A wait in a test is bounded by this; generous, because a busy machine must not fail a test.
 inline constexpr std::chrono::milliseconds defaultTimeout { 15000 };

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DesktopSession.h"
+#include "support/DesktopSession.h"
 
-#include "TextFile.h"
-#include "XClipboard.h"
-#include "XUser.h"
-#include "XcbSupport.h"
+#include "support/TextFile.h"
+#include "support/XClipboard.h"
+#include "support/XUser.h"
+#include "support/XcbSupport.h"
 
 #include <QTest>
 
 #include <csignal>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 
@@ -64,20 +64,20 @@ QString busConfiguration(const QString &socket)
 
 void setResources(const QString &display, const QByteArray &resources)
 {
-    const x::Connection connection(xcb_connect(display.toLatin1().constData(), nullptr));
+    const Xcb::Connection connection(xcb_connect(display.toLatin1().constData(), nullptr));
     auto *c = connection.get();
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, x::screen(c)->root, XCB_ATOM_RESOURCE_MANAGER,
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, Xcb::screen(c)->root, XCB_ATOM_RESOURCE_MANAGER,
                         XCB_ATOM_STRING, 8, static_cast<uint32_t>(resources.size()),
                         resources.constData());
-    const x::Owned<xcb_get_input_focus_reply_t> handled(
+    const Xcb::Owned<xcb_get_input_focus_reply_t> handled(
         xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
 }
 
 // A compositing manager owns this selection (EWMH, "compositing managers").
 bool hasCompositor(xcb_connection_t *c)
 {
-    const auto cookie = xcb_get_selection_owner(c, x::atom(c, "_NET_WM_CM_S0"));
-    const x::Owned<xcb_get_selection_owner_reply_t> reply(
+    const auto cookie = xcb_get_selection_owner(c, Xcb::atom(c, "_NET_WM_CM_S0"));
+    const Xcb::Owned<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(c, cookie, nullptr));
     return reply && reply->owner;
 }
@@ -251,7 +251,7 @@ bool DesktopSession::startCompositor()
     auto &compositor = launch(QStringLiteral("picom"),
                               { QStringLiteral("--config"), QStringLiteral("/dev/null"),
                                 QStringLiteral("--backend"), QStringLiteral("xrender") });
-    const x::Connection connection(xcb_connect(m_display.toLatin1().constData(), nullptr));
+    const Xcb::Connection connection(xcb_connect(m_display.toLatin1().constData(), nullptr));
     return QTest::qWaitFor([&connection] { return hasCompositor(connection.get()); },
                            static_cast<int>(defaultTimeout.count()))
         || fail(QStringLiteral("picom does not start: ") + compositor.errorOutput());

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ChildProcess.h"
-#include "UrlRecorder.h"
+#include "support/ChildProcess.h"
+#include "support/UrlRecorder.h"
 
 #include <QList>
 #include <QMargins>
@@ -14,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 class XClipboard;
 class XUser;

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Editors.h"
+#include "support/Editors.h"
 
-#include "DesktopSession.h"
-#include "TextFile.h"
-#include "XClipboard.h"
+#include "support/DesktopSession.h"
+#include "support/TextFile.h"
+#include "support/XClipboard.h"
 
 #include <QDeadlineTimer>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 

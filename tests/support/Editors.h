@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "XUser.h"
+#include "support/XUser.h"
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 class DesktopSession;
 

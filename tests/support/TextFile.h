@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <QString>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 // Writes the text as UTF-8, in a folder that is made when it is missing. False when it cannot.
 [[nodiscard]] inline bool writeFile(const QString &path, const QString &text)

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "UrlRecorder.h"
+#include "support/UrlRecorder.h"
 
-#include "TextFile.h"
+#include "support/TextFile.h"
 
 #include <QTest>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 

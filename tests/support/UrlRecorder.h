@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ChildProcess.h"
+#include "support/ChildProcess.h"
 
 #include <QStringList>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 // The default handler of web, mail and "tessel-test:" addresses in a private home: it writes down
 // what it was asked to open.

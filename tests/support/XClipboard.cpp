@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "XClipboard.h"
+#include "support/XClipboard.h"
 
-#include "XcbSupport.h"
+#include "support/XcbSupport.h"
 
 #include <QSocketNotifier>
 #include <QTest>
 
 #include <xcb/xfixes.h>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 
@@ -32,7 +32,7 @@ public:
     void dispatch();
     void startFetch(Selection selection);
 
-    x::Connection connection;
+    Xcb::Connection connection;
     xcb_window_t window = XCB_NONE;
     int changes[2] = {};
     QByteArray ownText[2];
@@ -45,7 +45,7 @@ private:
     void receive(const xcb_selection_notify_event_t &event);
     void receivePart(const xcb_property_notify_event_t &event);
     void serve(const xcb_selection_request_event_t &event);
-    [[nodiscard]] x::Owned<xcb_get_property_reply_t> takeProperty();
+    [[nodiscard]] Xcb::Owned<xcb_get_property_reply_t> takeProperty();
 
     xcb_atom_t m_clipboard = XCB_NONE;
     xcb_atom_t m_utf8 = XCB_NONE;
@@ -63,17 +63,17 @@ XClipboard::Private::Private(const QByteArray &display)
     auto *c = connection.get();
     if (xcb_connection_has_error(c))
         return;
-    m_clipboard = x::atom(c, "CLIPBOARD");
-    m_utf8 = x::atom(c, "UTF8_STRING");
-    m_targets = x::atom(c, "TARGETS");
-    m_incr = x::atom(c, "INCR");
-    m_property = x::atom(c, "TESSEL_TEST_TEXT");
+    m_clipboard = Xcb::atom(c, "CLIPBOARD");
+    m_utf8 = Xcb::atom(c, "UTF8_STRING");
+    m_targets = Xcb::atom(c, "TARGETS");
+    m_incr = Xcb::atom(c, "INCR");
+    m_property = Xcb::atom(c, "TESSEL_TEST_TEXT");
     window = xcb_generate_id(c);
     const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(c, XCB_COPY_FROM_PARENT, window, x::screen(c)->root, 0, 0, 1, 1, 0,
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, window, Xcb::screen(c)->root, 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
-    const x::Owned<xcb_xfixes_query_version_reply_t> version(
+    const Xcb::Owned<xcb_xfixes_query_version_reply_t> version(
         xcb_xfixes_query_version_reply(c, xcb_xfixes_query_version(c, 5, 0), nullptr));
     m_firstFixesEvent = xcb_get_extension_data(c, &xcb_xfixes_id)->first_event;
     for (const auto selection : { Selection::Primary, Selection::Clipboard })
@@ -97,7 +97,7 @@ xcb_atom_t XClipboard::Private::atomOf(Selection selection) const
 void XClipboard::Private::dispatch()
 {
     auto *c = connection.get();
-    while (const x::Owned<xcb_generic_event_t> event { xcb_poll_for_event(c) })
+    while (const Xcb::Owned<xcb_generic_event_t> event { xcb_poll_for_event(c) })
         handle(*event);
     xcb_flush(c);
     if (m_notifier && xcb_connection_has_error(c))
@@ -134,12 +134,12 @@ void XClipboard::Private::startFetch(Selection selection)
 }
 
 // Reads and deletes the property, which in a transfer in parts (ICCCM 2.7.2) asks for the next one.
-x::Owned<xcb_get_property_reply_t> XClipboard::Private::takeProperty()
+Xcb::Owned<xcb_get_property_reply_t> XClipboard::Private::takeProperty()
 {
     auto *c = connection.get();
     const auto cookie
         = xcb_get_property(c, 1, window, m_property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1 << 24);
-    return x::Owned<xcb_get_property_reply_t>(xcb_get_property_reply(c, cookie, nullptr));
+    return Xcb::Owned<xcb_get_property_reply_t>(xcb_get_property_reply(c, cookie, nullptr));
 }
 
 void XClipboard::Private::receive(const xcb_selection_notify_event_t &event)
@@ -150,14 +150,14 @@ void XClipboard::Private::receive(const xcb_selection_notify_event_t &event)
     const auto reply = takeProperty();
     m_inParts = reply && reply->type == m_incr;
     fetched = !m_inParts;
-    fetchedText = m_inParts ? std::string() : x::bytes(reply.get());
+    fetchedText = m_inParts ? std::string() : Xcb::bytes(reply.get());
 }
 
 void XClipboard::Private::receivePart(const xcb_property_notify_event_t &event)
 {
     if (!m_inParts || event.atom != m_property || event.state != XCB_PROPERTY_NEW_VALUE)
         return;
-    const auto part = x::bytes(takeProperty().get());
+    const auto part = Xcb::bytes(takeProperty().get());
     *fetchedText += part;
     fetched = part.empty();
     m_inParts = !fetched;
@@ -198,7 +198,7 @@ XClipboard::~XClipboard() = default;
 quint32 XClipboard::owner(Selection selection) const
 {
     auto *c = d->connection.get();
-    const x::Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+    const Xcb::Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         c, xcb_get_selection_owner(c, d->atomOf(selection)), nullptr));
     return reply ? reply->owner : 0;
 }

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ChildProcess.h"
+#include "support/ChildProcess.h"
 
 #include <QString>
 
 #include <memory>
 #include <optional>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 // The selections of one X server as any third program sees and uses them, over a connection of its
 // own. Text is handed out to other programs whenever the test waits for something.

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "XUser.h"
+#include "support/XUser.h"
 
-#include "XUserPrivate.h"
+#include "support/XUserPrivate.h"
 
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 
@@ -58,7 +58,7 @@ XUser::Private::Private(const QByteArray &display)
 {
     if (xcb_connection_has_error(connection.get()))
         return;
-    screen = x::screen(connection.get());
+    screen = Xcb::screen(connection.get());
     xkb_x11_setup_xkb_extension(connection.get(), XKB_X11_MIN_MAJOR_XKB_VERSION,
                                 XKB_X11_MIN_MINOR_XKB_VERSION, XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS,
                                 nullptr, nullptr, nullptr, nullptr);
@@ -70,9 +70,9 @@ XUser::Private::Private(const QByteArray &display)
 void XUser::Private::findKeyboard()
 {
     auto *c = connection.get();
-    const x::Owned<xcb_input_xi_query_version_reply_t> version(
+    const Xcb::Owned<xcb_input_xi_query_version_reply_t> version(
         xcb_input_xi_query_version_reply(c, xcb_input_xi_query_version(c, 2, 2), nullptr));
-    const x::Owned<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
+    const Xcb::Owned<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
         c, xcb_input_xi_query_device(c, XCB_INPUT_DEVICE_ALL), nullptr));
     const auto *extension = xcb_get_extension_data(c, &xcb_input_id);
     if (!version || !devices || !extension)
@@ -103,10 +103,10 @@ int XUser::Private::activeGroup() const
     return reply ? (reply->mask >> 13) & 3 : 0;
 }
 
-x::Owned<xcb_query_pointer_reply_t> XUser::Private::pointer() const
+Xcb::Owned<xcb_query_pointer_reply_t> XUser::Private::pointer() const
 {
     auto *c = connection.get();
-    return x::Owned<xcb_query_pointer_reply_t>(
+    return Xcb::Owned<xcb_query_pointer_reply_t>(
         xcb_query_pointer_reply(c, xcb_query_pointer(c, screen->root), nullptr));
 }
 
@@ -127,7 +127,7 @@ void XUser::Private::fakePointer(quint8 type, quint8 detail, const QPoint &posit
 void XUser::Private::sync() const
 {
     auto *c = connection.get();
-    const x::Owned<xcb_get_input_focus_reply_t> reply(
+    const Xcb::Owned<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
 }
 
@@ -256,7 +256,7 @@ void XUser::scroll(int steps)
 QList<quint8> XUser::pressedKeycodes() const
 {
     auto *c = d->connection.get();
-    const x::Owned<xcb_query_keymap_reply_t> reply(
+    const Xcb::Owned<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(c, xcb_query_keymap(c), nullptr));
     QList<quint8> pressed;
     for (int key = 0; reply && key < 256; ++key) {
@@ -281,7 +281,7 @@ QPoint XUser::pointerPosition() const
 bool XUser::isKeyboardGrabbed() const
 {
     xcb_connection_t *c = d->connection.get();
-    const x::Owned<xcb_grab_keyboard_reply_t> reply(
+    const Xcb::Owned<xcb_grab_keyboard_reply_t> reply(
         xcb_grab_keyboard_reply(c,
                                 xcb_grab_keyboard(c, 1, d->screen->root, XCB_CURRENT_TIME,
                                                   XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ChildProcess.h"
+#include "support/ChildProcess.h"
 
 #include <QImage>
 #include <QList>
@@ -14,7 +14,7 @@
 #include <memory>
 #include <optional>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 // A mapped top-level window as a program made it, without the window manager's frame.
 struct WindowInfo

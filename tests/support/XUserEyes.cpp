@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "XUserPrivate.h"
+#include "support/XUserPrivate.h"
 
 #include <QTest>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 namespace {
 
@@ -15,16 +15,16 @@ bool waitFor(const std::function<bool()> &condition, std::chrono::milliseconds t
 
 }
 
-x::Owned<xcb_get_property_reply_t> XUser::Private::property(quint32 window, const char *name) const
+Xcb::Owned<xcb_get_property_reply_t> XUser::Private::property(quint32 window, const char *name) const
 {
     auto *c = connection.get();
-    return x::property(c, window, x::atom(c, name));
+    return Xcb::property(c, window, Xcb::atom(c, name));
 }
 
 QList<quint32> XUser::Private::children(quint32 window) const
 {
     auto *c = connection.get();
-    const x::Owned<xcb_query_tree_reply_t> tree(
+    const Xcb::Owned<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(c, xcb_query_tree(c, window), nullptr));
     if (!tree)
         return {};
@@ -49,26 +49,26 @@ quint32 XUser::Private::clientInside(quint32 window, int depth) const
 WindowInfo XUser::Private::describe(quint32 window) const
 {
     auto *c = connection.get();
-    const x::Owned<xcb_get_geometry_reply_t> size(
+    const Xcb::Owned<xcb_get_geometry_reply_t> size(
         xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr));
-    const x::Owned<xcb_translate_coordinates_reply_t> origin(xcb_translate_coordinates_reply(
+    const Xcb::Owned<xcb_translate_coordinates_reply_t> origin(xcb_translate_coordinates_reply(
         c, xcb_translate_coordinates(c, window, screen->root, 0, 0), nullptr));
-    const x::Owned<xcb_get_window_attributes_reply_t> attributes(
+    const Xcb::Owned<xcb_get_window_attributes_reply_t> attributes(
         xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, window), nullptr));
     if (!size || !origin || !attributes)
         return {};
     const auto classes
-        = QByteArray::fromStdString(x::bytes(property(window, "WM_CLASS").get())).split('\0');
-    auto title = x::bytes(property(window, "_NET_WM_NAME").get());
+        = QByteArray::fromStdString(Xcb::bytes(property(window, "WM_CLASS").get())).split('\0');
+    auto title = Xcb::bytes(property(window, "_NET_WM_NAME").get());
     if (title.empty())
-        title = x::bytes(property(window, "WM_NAME").get());
+        title = Xcb::bytes(property(window, "WM_NAME").get());
     WindowInfo info;
     info.id = window;
     info.geometry = QRect(origin->dst_x, origin->dst_y, size->width, size->height);
     info.instanceName = QString::fromUtf8(classes.value(0));
     info.className = QString::fromUtf8(classes.value(1));
     info.title = QString::fromUtf8(title);
-    info.processId = x::number(property(window, "_NET_WM_PID").get());
+    info.processId = Xcb::number(property(window, "_NET_WM_PID").get());
     info.overrideRedirect = attributes->override_redirect;
     return info;
 }
@@ -78,7 +78,7 @@ QList<WindowInfo> XUser::windows() const
     auto *c = d->connection.get();
     QList<WindowInfo> found;
     for (const auto top : d->children(d->screen->root)) {
-        const x::Owned<xcb_get_window_attributes_reply_t> attributes(
+        const Xcb::Owned<xcb_get_window_attributes_reply_t> attributes(
             xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, top), nullptr));
         if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE
             || attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
@@ -121,13 +121,13 @@ bool XUser::waitUntilGone(quint32 id, std::chrono::milliseconds timeout) const
 
 quint32 XUser::activeWindow() const
 {
-    return x::number(d->property(d->screen->root, "_NET_ACTIVE_WINDOW").get());
+    return Xcb::number(d->property(d->screen->root, "_NET_ACTIVE_WINDOW").get());
 }
 
 quint32 XUser::focusWindow() const
 {
     auto *c = d->connection.get();
-    const x::Owned<xcb_get_input_focus_reply_t> reply(
+    const Xcb::Owned<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
     return reply ? reply->focus : 0;
 }
@@ -135,14 +135,14 @@ quint32 XUser::focusWindow() const
 bool XUser::isUsable(quint32 id) const
 {
     const bool isManaged
-        = x::number(d->property(d->screen->root, "_NET_SUPPORTING_WM_CHECK").get()) != 0;
+        = Xcb::number(d->property(d->screen->root, "_NET_SUPPORTING_WM_CHECK").get()) != 0;
     if (isManaged && activeWindow() != id)
         return false;
     auto *c = d->connection.get();
     for (auto window = focusWindow(); window > XCB_INPUT_FOCUS_POINTER_ROOT;) {
         if (window == id)
             return true;
-        const x::Owned<xcb_query_tree_reply_t> tree(
+        const Xcb::Owned<xcb_query_tree_reply_t> tree(
             xcb_query_tree_reply(c, xcb_query_tree(c, window), nullptr));
         window = tree ? tree->parent : 0;
     }
@@ -162,7 +162,7 @@ void XUser::activate(quint32 id)
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = id;
-    message.type = x::atom(c, "_NET_ACTIVE_WINDOW");
+    message.type = Xcb::atom(c, "_NET_ACTIVE_WINDOW");
     message.data.data32[0] = fromTaskBar;
     xcb_send_event(c, 0, d->screen->root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
@@ -177,7 +177,7 @@ QImage XUser::screenshot(const QRect &area) const
     if (shown.isEmpty())
         return {};
     auto *c = d->connection.get();
-    const x::Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
+    const Xcb::Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
         c,
         xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, d->screen->root,
                       static_cast<int16_t>(shown.x()), static_cast<int16_t>(shown.y()),

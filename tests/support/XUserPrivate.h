@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "XUser.h"
-#include "XcbSupport.h"
+#include "support/XUser.h"
+#include "support/XcbSupport.h"
 
 #include <xkbcommon/xkbcommon.h>
 
-namespace desktop {
+namespace Tessel::Desktop {
 
 struct KeymapDeleter
 {
@@ -29,20 +29,20 @@ public:
     // The layout can change at any time, so the keymap is fetched for each use.
     [[nodiscard]] Keymap keymap() const;
     [[nodiscard]] int activeGroup() const;
-    [[nodiscard]] x::Owned<xcb_query_pointer_reply_t> pointer() const;
+    [[nodiscard]] Xcb::Owned<xcb_query_pointer_reply_t> pointer() const;
     void fakeKey(bool down, quint8 keycode);
     void fakePointer(quint8 type, quint8 detail, const QPoint &position = {});
     // Returns when the server has handled every request made so far.
     void sync() const;
 
-    [[nodiscard]] x::Owned<xcb_get_property_reply_t> property(quint32 window,
+    [[nodiscard]] Xcb::Owned<xcb_get_property_reply_t> property(quint32 window,
                                                               const char *name) const;
     [[nodiscard]] QList<quint32> children(quint32 window) const;
     // The client window inside a frame; 0 when there is none.
     [[nodiscard]] quint32 clientInside(quint32 window, int depth = 3) const;
     [[nodiscard]] WindowInfo describe(quint32 window) const;
 
-    x::Connection connection;
+    Xcb::Connection connection;
     xcb_screen_t *screen = nullptr;
 
 private:

@@ -9,7 +9,7 @@
 #include <xcb/xcb.h>
 
 // Owners for what libxcb hands out, for the test support's own sources.
-namespace desktop::x {
+namespace Tessel::Desktop::Xcb {
 
 struct FreeDeleter
 {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "AccessibilityManager.h"
+#include "capture/AccessibilityManager.h"
 #include "platform/fake/FakePlatform.h"
 
 #include <QCoroTask>
@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

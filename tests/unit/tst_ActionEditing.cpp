@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ActionEditing.h"
-#include "KeyNames.h"
+#include "settings/ActionEditing.h"
+#include "settings/KeyNames.h"
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "AppConfig.h"
+#include "config/AppConfig.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
 #include <limits>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_AppConfig : public QObject

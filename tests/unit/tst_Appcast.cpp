@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Appcast.h"
-#include "CheckResult.h"
-#include "FeedAddress.h"
-#include "FeedSignature.h"
-#include "ReleaseNotes.h"
-#include "Version.h"
+#include "update-check/Appcast.h"
+#include "update-check/CheckResult.h"
+#include "update-check/FeedAddress.h"
+#include "update-check/FeedSignature.h"
+#include "update-check/ReleaseNotes.h"
+#include "update-check/Version.h"
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_Appcast : public QObject

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CalendarEntry.h"
+#include "lib/calendar/CalendarEntry.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_CalendarEntry : public QObject

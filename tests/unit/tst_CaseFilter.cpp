@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CaseFilter.h"
+#include "tr/CaseFilter.h"
 
 #include <QByteArray>
 #include <QTest>
+
+using namespace Tessel;
 
 class tst_CaseFilter : public QObject
 {

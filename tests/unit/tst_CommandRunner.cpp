@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CommandRunner.h"
+#include "actions/CommandRunner.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,6 +18,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(CommandRunner::ExitNotice)

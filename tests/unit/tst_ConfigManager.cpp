@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ConfigManager.h"
+#include "actions/GlintAction.h"
+#include "config/ConfigManager.h"
 
-#include "DefaultActions.h"
-#include "LocalizationManager.h"
-#include "Log.h"
-#include "NotificationCenter.h"
-#include "Pattern.h"
+#include "actions/Pattern.h"
+#include "base/Log.h"
+#include "config/DefaultActions.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,7 @@
 #include <QTest>
 #include <QUuid>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_ConfigManager : public QObject
@@ -244,7 +246,7 @@ private Q_SLOTS:
             ActionConfig candidate = action(u"a"_s, type, value);
             config.customActions = { candidate };
             const bool isValid = ConfigManager::validateAction(candidate);
-            if (config.getGlintActions({}).size() != qsizetype(isValid))
+            if (getGlintActions(config.customActions, {}).size() != qsizetype(isValid))
                 QTest::qFail("an invalid action is offered", __FILE__, __LINE__);
             return isValid;
         };
@@ -272,10 +274,10 @@ private Q_SLOTS:
         QVERIFY(ConfigManager::validateAction(disabled));
         config.customActions = { number, disabled, any };
         QList<std::pair<ActionConfig, QString>> runs;
-        const QList<GlintAction> list
-            = config.getGlintActions([&runs](const ActionConfig &chosen, const QString &text) {
-                  runs.append({ chosen, text });
-              });
+        const QList<GlintAction> list = getGlintActions(
+            config.customActions, [&runs](const ActionConfig &chosen, const QString &text) {
+                runs.append({ chosen, text });
+            });
         config.customActions[0].templateText = u"changed"_s;
         config.customActions.removeLast();
 

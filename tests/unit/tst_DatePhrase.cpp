@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DatePhrase.h"
+#include "calendar-entry/DatePhrase.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_DesktopEntries : public QObject

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_ExecLine : public QObject

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "IconResolver.h"
+#include "config/IconResolver.h"
 
-#include "ConfigManager.h"
-#include "DefaultActions.h"
-#include "LocalizationManager.h"
-#include "Log.h"
-#include "NotificationCenter.h"
-#include "ResourceBundle.h"
+#include "base/Log.h"
+#include "config/ConfigManager.h"
+#include "config/DefaultActions.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "config/ResourceBundle.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 class tst_IconResolver : public QObject

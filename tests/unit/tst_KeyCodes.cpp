@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "KeyCodes.h"
+#include "base/KeyCodes.h"
 
 #include <QSet>
 #include <QTest>
 
 #include <linux/input-event-codes.h>
+
+using namespace Tessel;
 
 class tst_KeyCodes : public QObject
 {

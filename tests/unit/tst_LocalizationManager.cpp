@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "LocalizationManager.h"
+#include "config/LocalizationManager.h"
 
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using Language = LocalizationManager::Language;
 

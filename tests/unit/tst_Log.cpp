@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Log.h"
+#include "base/Log.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -10,6 +10,8 @@
 #include <cstdio>
 
 #include <unistd.h>
+
+using namespace Tessel;
 
 class tst_Log : public QObject
 {

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "KeyCodes.h"
-#include "PanelKeys.h"
+#include "bar/PanelKeys.h"
+#include "base/KeyCodes.h"
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using Kind = PanelKeyDecision::Kind;
 

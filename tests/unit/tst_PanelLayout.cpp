@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "PanelLayout.h"
+#include "bar/PanelLayout.h"
 
 #include <QTest>
+
+using namespace Tessel;
 
 class tst_PanelLayout : public QObject
 {

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Pattern.h"
+#include "actions/Pattern.h"
 
-#include "RequiredLiteral.h"
+#include "actions/RequiredLiteral.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ShellAction.h"
+#include "actions/ShellAction.h"
+#include "base/HelperFolder.h"
 
-#include "Placeholder.h"
-#include "ScriptAction.h"
+#include "actions/Placeholder.h"
+#include "actions/ScriptAction.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,7 @@
 #include <QTest>
 #include <QTestEventLoop>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

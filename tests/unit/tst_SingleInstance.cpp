@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "SingleInstance.h"
+#include "app/SingleInstance.h"
 
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace Tessel;
 
 class tst_SingleInstance : public QObject
 {

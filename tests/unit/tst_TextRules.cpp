@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "TextRules.h"
+#include "base/TextRules.h"
 
 #include <QFile>
 #include <QTest>
+
+using namespace Tessel;
 
 class tst_TextRules : public QObject
 {

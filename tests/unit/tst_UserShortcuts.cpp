@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "UserShortcuts.h"
+#include "lib/shortcuts/UserShortcuts.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -8,6 +8,7 @@
 
 #include <sys/stat.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Tessel;
+
 class tst_X11WorkArea : public QObject
 {
     Q_OBJECT

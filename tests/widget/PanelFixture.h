@@ -2,19 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ActionManager.h"
-#include "ConfigManager.h"
-#include "FloatingPanel.h"
-#include "HoverButton.h"
-#include "IconResolver.h"
-#include "LocalizationManager.h"
-#include "NotificationCenter.h"
-#include "ResourceBundle.h"
+#include "actions/ActionManager.h"
+#include "bar/FloatingPanel.h"
+#include "bar/HoverButton.h"
+#include "config/ConfigManager.h"
+#include "config/IconResolver.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "config/ResourceBundle.h"
 #include "platform/fake/FakePlatform.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+
+namespace Tessel {
 
 /// A bar with all that it needs, on a faked desktop and a configuration of its own.
 struct PanelFixture
@@ -74,3 +76,5 @@ struct PanelFixture
         return titles;
     }
 };
+
+}

@@ -2,17 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ActionsTableView.h"
-#include "Log.h"
-#include "PanelFixture.h"
-#include "RowTextView.h"
-#include "SettingsWindowController.h"
+#include "base/Log.h"
+#include "settings/ActionsTableView.h"
+#include "settings/RowTextView.h"
+#include "settings/SettingsWindowController.h"
+#include "widget/PanelFixture.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabBar>
+
+namespace Tessel {
 
 /// The settings window on a configuration of its own.
 struct SettingsFixture : PanelFixture
@@ -95,3 +97,5 @@ struct SettingsFixture : PanelFixture
     }
     [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
 };
+
+}

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ActionsModel.h"
-#include "GeneralSettingsViewController.h"
-#include "IconPickerViewController.h"
-#include "SettingsFixture.h"
-#include "platform/Memory.h"
+#include "base/Memory.h"
+#include "settings/ActionsModel.h"
+#include "settings/GeneralSettingsViewController.h"
+#include "settings/IconPickerViewController.h"
+#include "widget/SettingsFixture.h"
 
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QPushButton>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "PanelFixture.h"
+#include "widget/PanelFixture.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -227,7 +228,7 @@ private Q_SLOTS:
         const auto bubbles = [] {
             QList<QWidget *> found;
             for (QWidget *widget : QApplication::topLevelWidgets()) {
-                if (widget->inherits("TooltipWindow") && widget->isVisible())
+                if (widget->inherits("Tessel::TooltipWindow") && widget->isVisible())
                     found += widget;
             }
             return found;

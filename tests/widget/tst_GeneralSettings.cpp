@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ActionsModel.h"
-#include "ApplicationChooser.h"
-#include "IconSelectionButton.h"
-#include "SettingsFixture.h"
-#include "ShortcutRecorderControl.h"
+#include "settings/ActionsModel.h"
+#include "settings/ApplicationChooser.h"
+#include "settings/IconSelectionButton.h"
+#include "settings/ShortcutRecorderControl.h"
+#include "widget/SettingsFixture.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -12,6 +12,7 @@
 
 #include <linux/input-event-codes.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ErrorPanel.h"
-#include "FileLogger.h"
-#include "LargeTypeWindow.h"
-#include "Log.h"
-#include "MenuBarManager.h"
-#include "PanelFixture.h"
-#include "SettingsWindowController.h"
+#include "app/MenuBarManager.h"
+#include "base/FileLogger.h"
+#include "base/Log.h"
+#include "settings/SettingsWindowController.h"
+#include "widget/PanelFixture.h"
+#include "windows/ErrorPanel.h"
+#include "windows/LargeTypeWindow.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

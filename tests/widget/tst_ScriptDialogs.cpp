@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DialogProtocol.h"
-#include "ListDialog.h"
-#include "MessageDialog.h"
+#include "dialog/ListDialog.h"
+#include "dialog/MessageDialog.h"
+#include "lib/dialog/DialogProtocol.h"
 
 #include <QElapsedTimer>
 #include <QJsonDocument>
@@ -15,9 +15,10 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
-using osascript::DialogRequest;
-using osascript::ListRequest;
+using Osascript::DialogRequest;
+using Osascript::ListRequest;
 
 namespace {
 

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "AccessibilityManager.h"
-#include "KeyCodes.h"
-#include "PanelFixture.h"
-#include "SelectionDetector.h"
+#include "base/KeyCodes.h"
+#include "capture/AccessibilityManager.h"
+#include "capture/SelectionDetector.h"
+#include "widget/PanelFixture.h"
 
 #include <QTest>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using Kind = InputEvent::Kind;
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Log.h"
-#include "UpdateWindow.h"
-#include "UpdaterController.h"
+#include "app/UpdaterController.h"
+#include "base/Log.h"
 #include "platform/fake/FakePlatform.h"
+#include "windows/UpdateWindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,6 +24,7 @@
 
 #include <openssl/evp.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ClipboardOptions.h"
+#include "clipboard/ClipboardOptions.h"
 
 #include <cstdio>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 std::optional<int> exitStatusAfterOptions(const QStringList &arguments, const char *usage)
 {
@@ -23,4 +25,6 @@ std::optional<int> exitStatusAfterOptions(const QStringList &arguments, const ch
         }
     }
     return {};
+}
+
 }

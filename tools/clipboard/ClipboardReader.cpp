@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ClipboardReader.h"
+#include "clipboard/ClipboardReader.h"
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SelectionTransfer.h"
@@ -8,6 +8,8 @@
 #include <QEventLoop>
 
 using namespace std::chrono_literals;
+
+namespace Tessel {
 
 std::optional<QByteArray> clipboardText(X11Connection &connection)
 {
@@ -21,4 +23,6 @@ std::optional<QByteArray> clipboardText(X11Connection &connection)
                      });
     loop.exec();
     return result;
+}
+
 }

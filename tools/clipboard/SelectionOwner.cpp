@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "SelectionOwner.h"
+#include "clipboard/SelectionOwner.h"
 
 #include "platform/x11/X11Connection.h"
 
@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cstring>
 #include <xcb/xcb.h>
+
+namespace Tessel {
 
 namespace {
 
@@ -219,4 +221,6 @@ void SelectionOwner::forget(quint32 requestor)
 {
     m_transfers.removeIf(
         [requestor](const Transfer &transfer) { return transfer.requestor == requestor; });
+}
+
 }

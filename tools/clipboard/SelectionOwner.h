@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace Tessel {
+
 class X11Connection;
 class X11Event;
 
@@ -63,3 +65,5 @@ private:
     QHash<quint32, Content> m_contents; ///< by target
     QList<Transfer> m_transfers;
 };
+
+}

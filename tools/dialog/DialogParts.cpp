@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DialogParts.h"
+#include "dialog/DialogParts.h"
 
-#include "TextRules.h"
+#include "base/TextRules.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -15,6 +15,8 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -132,4 +134,6 @@ void DialogParts::present(QWidget *window)
     window->show();
     window->raise();
     window->activateWindow();
+}
+
 }

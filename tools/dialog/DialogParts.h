@@ -8,6 +8,8 @@
 class QPushButton;
 class QWidget;
 
+namespace Tessel {
+
 /// What the dialogs are made of. Texts are shown as they are, never as rich text or mnemonics.
 namespace DialogParts {
 
@@ -25,5 +27,7 @@ void setTitle(QWidget *window, const QString &title);
 
 /// Shows the window, in front and with the keyboard as far as the window manager lets it.
 void present(QWidget *window);
+
+}
 
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ListDialog.h"
+#include "dialog/ListDialog.h"
 
-#include "DialogParts.h"
-#include "TextRules.h"
+#include "base/TextRules.h"
+#include "dialog/DialogParts.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -11,7 +11,9 @@
 
 #include <algorithm>
 
-using osascript::ListRequest;
+namespace Tessel {
+
+using Osascript::ListRequest;
 
 namespace {
 
@@ -94,4 +96,6 @@ QList<int> ListDialog::selection() const
             chosen += i;
     }
     return chosen;
+}
+
 }

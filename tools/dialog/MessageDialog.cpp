@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "MessageDialog.h"
+#include "dialog/MessageDialog.h"
 
-#include "DialogParts.h"
+#include "dialog/DialogParts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +15,9 @@
 #include <limits>
 #include <utility>
 
-using osascript::DialogRequest;
+namespace Tessel {
+
+using Osascript::DialogRequest;
 
 namespace {
 
@@ -131,4 +133,6 @@ void MessageDialog::reject()
 {
     if (m_cancel >= 0)
         answer(m_cancel);
+}
+
 }

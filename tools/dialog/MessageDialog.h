@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "osascript/Host.h"
+#include "lib/Host.h"
 
 #include <QDialog>
 
 class QLineEdit;
 class QPlainTextEdit;
 class QLayout;
+
+namespace Tessel {
 
 /// A message with one to three buttons, and a text field if one is asked for. Return is the default
 /// button. Escape and closing the window are the cancel button or the only one; with neither the
@@ -18,7 +20,7 @@ class MessageDialog final : public QDialog
     Q_OBJECT
 
 public:
-    explicit MessageDialog(const osascript::DialogRequest &request);
+    explicit MessageDialog(const Osascript::DialogRequest &request);
 
     void reject() override;
 
@@ -27,9 +29,9 @@ Q_SIGNALS:
     void answered(int button, const QString &text);
 
 private:
-    [[nodiscard]] QLayout *messageRow(const osascript::DialogRequest &request) const;
-    [[nodiscard]] QWidget *answerField(const osascript::DialogRequest &request);
-    [[nodiscard]] QLayout *buttonRow(const osascript::DialogRequest &request);
+    [[nodiscard]] QLayout *messageRow(const Osascript::DialogRequest &request) const;
+    [[nodiscard]] QWidget *answerField(const Osascript::DialogRequest &request);
+    [[nodiscard]] QLayout *buttonRow(const Osascript::DialogRequest &request);
     void answer(int button);
 
     bool m_isAnswered = false;
@@ -37,3 +39,5 @@ private:
     QLineEdit *m_line = nullptr;
     QPlainTextEdit *m_lines = nullptr; ///< in place of it when the text has line ends
 };
+
+}

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DialogParts.h"
-#include "DialogProtocol.h"
-#include "ListDialog.h"
-#include "MessageDialog.h"
-#include "WindowStyle.h"
+#include "dialog/DialogParts.h"
+#include "dialog/ListDialog.h"
+#include "dialog/MessageDialog.h"
+#include "lib/dialog/DialogProtocol.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/x11/X11Connection.h"
+#include "windows/WindowStyle.h"
 
 #include <QApplication>
 #include <QFile>
@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "IconImage.h"
+#include "icon-import/IconImage.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -10,6 +10,8 @@
 #include <memory>
 
 #include <tiffio.h>
+
+namespace Tessel {
 
 namespace {
 
@@ -122,4 +124,6 @@ QImage readIconImage(const QByteArray &bytes)
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     return reader.read();
+}
+
 }

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QImage>
 
+namespace Tessel {
+
 /// Reads an image of any of the formats that icons come in: what Qt reads, TIFF, and ICNS. Null
 /// when the bytes are none of them, or damaged, or more than an icon could sensibly be.
 [[nodiscard]] QImage readIconImage(const QByteArray &bytes);
@@ -12,3 +14,5 @@
 /// The largest PNG image in an icon file of macOS ("icns": big-endian chunks of type, length and
 /// content); empty when there is none.
 [[nodiscard]] QByteArray largestPngOfIcns(const QByteArray &bytes);
+
+}

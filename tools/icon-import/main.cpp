@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "IconImage.h"
+#include "icon-import/IconImage.h"
 
 #include <QFile>
 #include <QSaveFile>
 #include <QTextStream>
 
 #include <sys/resource.h>
+
+using namespace Tessel;
 
 namespace {
 

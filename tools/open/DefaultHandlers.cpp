@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DefaultHandlers.h"
+#include "open/DefaultHandlers.h"
 
-#include "RunProgram.h"
+#include "lib/support/RunProgram.h"
 
 #include <QDeadlineTimer>
 #include <QProcess>
@@ -12,6 +12,8 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 void DefaultHandlers::open(const QString &target)
 {
@@ -49,4 +51,6 @@ std::optional<QString> DefaultHandlers::textApplication()
     if (identifier.endsWith(u".desktop"))
         identifier.chop(8);
     return identifier;
+}
+
 }

@@ -9,6 +9,8 @@
 
 class QProcess;
 
+namespace Tessel {
+
 /// Hands files and URLs to their default applications by xdg-open, which may take as long as the
 /// application runs: they live on after this program.
 class DefaultHandlers final
@@ -31,3 +33,5 @@ private:
     };
     QList<Start> m_starts;
 };
+
+}

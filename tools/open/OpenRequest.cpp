@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "OpenRequest.h"
+#include "open/OpenRequest.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -8,6 +8,8 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -59,4 +61,6 @@ std::optional<OpenRequest> OpenRequest::parse(const QStringList &arguments)
     if (!isComplete || (!request.arguments.isEmpty() && !takesArguments))
         return {};
     return request;
+}
+
 }

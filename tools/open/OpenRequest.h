@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace Tessel {
+
 /// What the command line of open asks for.
 struct OpenRequest
 {
@@ -18,3 +20,5 @@ struct OpenRequest
     /// Nothing when the arguments make no sense. Options of one letter may be joined, as in "-na".
     [[nodiscard]] static std::optional<OpenRequest> parse(const QStringList &arguments);
 };
+
+}

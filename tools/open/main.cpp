@@ -1,16 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "DefaultHandlers.h"
-#include "DesktopApplications.h"
-#include "DisplayConnection.h"
-#include "OpenRequest.h"
-#include "StandardStreams.h"
+#include "lib/desktop/DesktopApplications.h"
+#include "lib/desktop/DisplayConnection.h"
+#include "lib/support/StandardStreams.h"
+#include "open/DefaultHandlers.h"
+#include "open/OpenRequest.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -42,7 +43,7 @@ QStringList carryOut(const OpenRequest &request)
     DesktopApplications desktop(display);
     DefaultHandlers handlers;
     QStringList reasons;
-    const auto note = [&reasons](const osascript::Failure &failure) {
+    const auto note = [&reasons](const Osascript::Failure &failure) {
         if (failure)
             reasons += *failure;
     };

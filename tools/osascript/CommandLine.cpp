@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CommandLine.h"
+#include "osascript/CommandLine.h"
 
-#include "Coercion.h"
-#include "Evaluator.h"
-#include "Printer.h"
-#include "ScriptError.h"
-#include "ScriptSource.h"
-#include "UserFolders.h"
+#include "osascript/language/ScriptSource.h"
+#include "osascript/runtime/Evaluator.h"
+#include "osascript/runtime/UserFolders.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
 #include <QFile>
 
@@ -17,7 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Host.h"
+#include "lib/Host.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Runs the script that the arguments name, as the manual page of osascript describes them, and
 /// prints its result. `arguments` has no program name. Returns the exit status.

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Manual.h"
+#include "osascript/Manual.h"
 
-#include "Terms.h"
+#include "osascript/language/Terms.h"
 
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

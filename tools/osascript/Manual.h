@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// What the runner understands, as Markdown, made from the tables that the parser reads.
 [[nodiscard]] QString manual();

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CommandLine.h"
-#include "DesktopHost.h"
+#include "lib/desktop/DesktopHost.h"
+#include "osascript/CommandLine.h"
 
 #include <QCoreApplication>
+
+using namespace Tessel;
 
 int main(int argc, char *argv[])
 {
@@ -12,6 +14,6 @@ int main(int argc, char *argv[])
         arguments.append(QString::fromUtf8(argv[i]));
     const QCoreApplication application(argc, argv);
     DesktopHost desktop;
-    osascript::Host host = desktop.host();
-    return osascript::runCommandLine(arguments, host);
+    Osascript::Host host = desktop.host();
+    return Osascript::runCommandLine(arguments, host);
 }

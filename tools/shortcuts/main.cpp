@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "StandardStreams.h"
-#include "UserShortcuts.h"
+#include "lib/shortcuts/UserShortcuts.h"
+#include "lib/support/StandardStreams.h"
 
 #include <QFile>
 
@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CaseFilter.h"
+#include "tr/CaseFilter.h"
 
 #include <algorithm>
 #include <utility>
 
 #include <unicode/ucasemap.h>
 #include <unicode/utf8.h>
+
+namespace Tessel {
 
 namespace {
 
@@ -94,4 +96,6 @@ std::string CaseFilter::mappedUtf8(std::string_view text) const
         return std::string(text);
     result.resize(static_cast<std::size_t>(size));
     return result;
+}
+
 }

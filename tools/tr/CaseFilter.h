@@ -8,6 +8,9 @@
 
 struct UCaseMap;
 
+namespace Tessel {
+
+
 /// Maps a stream of UTF-8 to upper or lower case: full case mapping of Unicode, the same in every
 /// locale. What is not UTF-8 goes through unchanged.
 class CaseFilter final
@@ -37,3 +40,5 @@ private:
     std::unique_ptr<UCaseMap, Closer> m_map;
     std::string m_waiting;
 };
+
+}

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CaseFilter.h"
+#include "tr/CaseFilter.h"
 
 #include <array>
 #include <cerrno>
@@ -12,6 +12,8 @@
 #include <system_error>
 
 #include <unistd.h>
+
+using namespace Tessel;
 
 namespace {
 

@@ -1,15 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Appcast.h"
+#include "update-check/Appcast.h"
 
-#include "ReleaseNotes.h"
-#include "Version.h"
+#include "update-check/ReleaseNotes.h"
+#include "update-check/Version.h"
 
 #include <QXmlStreamReader>
 
 #include <tuple>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -135,4 +137,6 @@ AppcastResult parseAppcast(const QByteArray &bytes)
     if (!newest)
         return { {}, u"The update feed names no version."_s };
     return { releaseFrom(*newest), {} };
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace Tessel {
+
 /// One release that the feed tells about.
 struct Release
 {
@@ -30,3 +32,5 @@ struct AppcastResult
 /// <enclosure>. Items of a named channel or for another system do not count. A document type, which
 /// could define entities, makes the feed invalid.
 [[nodiscard]] AppcastResult parseAppcast(const QByteArray &xml);
+
+}

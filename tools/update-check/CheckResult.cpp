@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CheckResult.h"
+#include "update-check/CheckResult.h"
 
-#include "Version.h"
+#include "update-check/Version.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 CheckResult judge(const Release &release, QStringView inUse, QStringView seen)
 {
@@ -28,4 +30,6 @@ QByteArray toJson(const CheckResult &result)
                                { u"notes"_s, result.release.notes },
                                { u"message"_s, result.message } };
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
 }

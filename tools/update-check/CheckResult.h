@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Appcast.h"
+#include "update-check/Appcast.h"
 
 #include <QByteArray>
+
+namespace Tessel {
 
 /// What a check found out.
 struct CheckResult
@@ -28,3 +30,5 @@ struct CheckResult
 /// One JSON object on one line, with the members "status" (as the enumerator), "version",
 /// "displayVersion", "link", "notes" and "message", all strings.
 [[nodiscard]] QByteArray toJson(const CheckResult &result);
+
+}

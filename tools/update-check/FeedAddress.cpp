@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "FeedAddress.h"
+#include "update-check/FeedAddress.h"
+
+namespace Tessel {
 
 namespace {
 
@@ -24,4 +26,6 @@ bool isFetchable(const QUrl &address, const QUrl &feed)
     if (!address.isValid() || address.host().isEmpty())
         return false;
     return address.scheme() == u"https" || (isLocalHttp(address) && isLocalHttp(feed));
+}
+
 }

@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "FeedDownload.h"
+#include "update-check/FeedDownload.h"
 
-#include "FeedAddress.h"
+#include "update-check/FeedAddress.h"
 
 #include <QNetworkReply>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -81,4 +83,6 @@ void FeedDownload::finish(QNetworkReply *reply)
         const Content done = std::exchange(m_done, {}); // it may fetch the next file
         done(std::exchange(m_content, {}));
     }
+}
+
 }

@@ -9,6 +9,8 @@
 
 class QNetworkReply;
 
+namespace Tessel {
+
 /// Fetches small files that belong to one feed: never more than a given size, never from an address
 /// that is not isFetchable(), over at most five redirections. Sends no cookies, keeps nothing.
 class FeedDownload final : public QObject
@@ -38,3 +40,5 @@ private:
     Content m_done;
     int m_redirectionsLeft = 0;
 };
+
+}

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "FeedSignature.h"
+#include "update-check/FeedSignature.h"
 
 #include <memory>
 
 #include <openssl/evp.h>
+
+namespace Tessel {
 
 // libcrypto, since Qt's TLS needs it at run time anyway: a second library would add nothing.
 
@@ -46,4 +48,6 @@ bool isSignedBy(const QByteArray &publicKey, const QByteArray &signature, const 
         && EVP_DigestVerify(context.get(), octets(rawSignature), size_t(signatureSize),
                             octets(data), size_t(data.size()))
         == 1;
+}
+
 }

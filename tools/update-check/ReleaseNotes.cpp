@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "ReleaseNotes.h"
+#include "update-check/ReleaseNotes.h"
 
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -56,4 +58,6 @@ QString plainText(QString notes)
     notes = notes.trimmed();
     notes.truncate(longestResult);
     return notes;
+}
+
 }

@@ -4,7 +4,11 @@
 
 #include <QString>
 
+namespace Tessel {
+
 /// What a person reads of release notes that may be HTML: no tags, no scripts, no control or
 /// direction-changing characters, no runs of empty lines; line breaks of plain text stay. At most
 /// 20,000 characters.
 [[nodiscard]] QString plainText(QString notes);
+
+}

@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Version.h"
+#include "update-check/Version.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 namespace {
 
@@ -71,4 +73,6 @@ std::weak_ordering compareVersions(QStringView left, QStringView right)
     return std::lexicographical_compare_three_way(a.preRelease.begin(), a.preRelease.end(),
                                                   b.preRelease.begin(), b.preRelease.end(),
                                                   compareRuns);
+}
+
 }

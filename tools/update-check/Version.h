@@ -6,6 +6,8 @@
 
 #include <compare>
 
+namespace Tessel {
+
 /// Starts with a digit; letters, digits, dots, hyphens and plus signs; at most 64 characters.
 [[nodiscard]] bool isVersion(const QString &text);
 
@@ -13,3 +15,5 @@
 /// numbers, missing ones are 0 (1.2 = 1.2.0); a pre-release needs no hyphen (1.2rc1); digits in it
 /// count as a number (beta9 < beta10); case does not matter. Build metadata (+…) is ignored.
 [[nodiscard]] std::weak_ordering compareVersions(QStringView left, QStringView right);
+
+}

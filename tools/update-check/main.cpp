@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CheckResult.h"
-#include "FeedAddress.h"
-#include "FeedDownload.h"
-#include "FeedSignature.h"
+#include "update-check/CheckResult.h"
+#include "update-check/FeedAddress.h"
+#include "update-check/FeedDownload.h"
+#include "update-check/FeedSignature.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <optional>
 
+using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QTimer>
 
+namespace Tessel {
+
 namespace {
 
 template <typename T> QFuture<T> readyFuture(const T &value)
@@ -106,4 +108,6 @@ void FakePlatform::Area::appear()
 {
     m_isAvailable = true;
     Q_EMIT becameAvailable();
+}
+
 }

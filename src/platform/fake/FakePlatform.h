@@ -17,6 +17,8 @@
 
 #include <list>
 
+namespace Tessel {
+
 /// A desktop that exists in memory only, records what is asked of it, and does what it is told.
 class FakePlatform final : public Platform
 {
@@ -146,3 +148,5 @@ private:
     Look m_look;
     Area m_area;
 };
+
+}

@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QStandardPaths>
 
+namespace Tessel {
+
 namespace {
 
 constexpr QLatin1StringView extension(".desktop");
@@ -117,4 +119,6 @@ QString DesktopEntries::identifierOf(const QString &path) const
             id = path.mid(folder.size() + 1);
     }
     return id.chopped(extension.size()).replace(u'/', u'-');
+}
+
 }

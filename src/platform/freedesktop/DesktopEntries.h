@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QStringList>
 
+namespace Tessel {
+
 /// The installed applications. Read when first asked, again when a folder has changed.
 class DesktopEntries
 {
@@ -44,3 +46,5 @@ private:
     QHash<QString, QString> m_idByWindowClass; ///< both in lower case
     QHash<QString, QString> m_idByProgram; ///< both in lower case
 };
+
+}

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace Tessel {
+
 namespace {
 
 /// Keys of the group "[Desktop Entry]", values as written.
@@ -99,4 +101,6 @@ std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArra
         .runsInTerminal = values.value("Terminal") == "true",
         .file = {},
     };
+}
+
 }

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+namespace Tessel {
+
 /// What the program needs of a desktop entry (Desktop Entry Specification 1.5).
 struct DesktopEntry
 {
@@ -29,3 +31,5 @@ struct DesktopEntry
 /// Nothing when the content is not an application's entry. The locale is as in $LANG ("ko_KR").
 [[nodiscard]] std::optional<DesktopEntry>
 parseDesktopEntry(const QString &id, const QByteArray &content, const QString &locale);
+
+}

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Tessel {
+
 std::optional<QString> startDetached(const QStringList &command, const QString &workingFolder)
 {
     QProcess process;
@@ -18,4 +20,6 @@ std::optional<QString> startDetached(const QStringList &command, const QString &
     if (process.startDetached())
         return {};
     return command.first() + u" could not be started: "_s + process.errorString();
+}
+
 }

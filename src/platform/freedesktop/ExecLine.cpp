@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Tessel {
+
 namespace {
 
 struct Word
@@ -94,4 +96,6 @@ QStringList commandLine(const DesktopEntry &entry, const QStringList &targets)
             command += expanded(word.text, entry, targets);
     }
     return takesTargets ? command : command + targets;
+}
+
 }

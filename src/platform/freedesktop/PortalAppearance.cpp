@@ -8,6 +8,8 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+namespace Tessel {
+
 namespace {
 
 constexpr uint preferDark = 1;
@@ -56,4 +58,6 @@ void PortalAppearance::setColorScheme(const QVariant &value)
     const bool isDark = inner.toUInt() == preferDark;
     if (std::exchange(m_isDark, isDark) != isDark)
         Q_EMIT changed();
+}
+
 }

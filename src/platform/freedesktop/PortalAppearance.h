@@ -6,6 +6,8 @@
 
 #include <QDBusVariant> // moc has to know the slot's types
 
+namespace Tessel {
+
 /// The desktop portal's colour scheme (org.freedesktop.portal.Settings, key
 /// "org.freedesktop.appearance" "color-scheme"). Light as long as nobody says otherwise.
 class PortalAppearance final : public Appearance
@@ -28,3 +30,5 @@ private:
 
     bool m_isDark = false;
 };
+
+}

@@ -6,7 +6,11 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Tessel {
+
 std::optional<QString> xdgOpen(const QString &target)
 {
     return startDetached({ u"xdg-open"_s, target });
+}
+
 }

@@ -6,6 +6,10 @@
 
 #include <optional>
 
+namespace Tessel {
+
 /// Hands a URL or an absolute path to the user's default handler (xdg-utils); returns at once, with
 /// the reason when xdg-open cannot be started. What comes of it is not known.
 [[nodiscard]] std::optional<QString> xdgOpen(const QString &target);
+
+}

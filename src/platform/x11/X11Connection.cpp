@@ -16,6 +16,8 @@
 #undef explicit
 #include <xcb/xtest.h>
 
+namespace Tessel {
+
 void FreeDeleter::operator()(void *memory) const
 {
     std::free(memory);
@@ -165,4 +167,6 @@ bool X11Connection::isSameClient(quint32 first, quint32 second) const
 {
     const quint32 clientBits = ~xcb_get_setup(m_connection)->resource_id_mask;
     return first && second && (first & clientBits) == (second & clientBits);
+}
+
 }

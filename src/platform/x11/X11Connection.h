@@ -13,6 +13,8 @@
 struct xcb_connection_t;
 class QSocketNotifier;
 
+namespace Tessel {
+
 /// Owner of what xcb allocates: replies, events, errors.
 struct FreeDeleter
 {
@@ -105,3 +107,5 @@ private:
     std::list<std::weak_ptr<Handler>> m_handlers;
     mutable QHash<QByteArray, quint32> m_atoms;
 };
+
+}

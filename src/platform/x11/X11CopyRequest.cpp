@@ -17,6 +17,8 @@
 
 using namespace std::chrono_literals;
 
+namespace Tessel {
+
 X11CopyRequest::X11CopyRequest(X11Connection &connection, X11SelectionReader &reader,
                                Pasteboard &pasteboard)
     : m_connection(connection)
@@ -92,4 +94,6 @@ void X11CopyRequest::press(Chord chord)
         keys.append(m_keys->shift);
     keys.append(m_keys->copy);
     keyboard.press(keys);
+}
+
 }

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace Tessel {
+
 class Pasteboard;
 class X11Connection;
 class X11SelectionReader;
@@ -40,3 +42,5 @@ private:
     std::shared_ptr<void> m_subscription;
     std::optional<X11CopyKeys> m_keys; ///< empty after a change of the layout
 };
+
+}

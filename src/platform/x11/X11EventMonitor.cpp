@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11EventMonitor.h"
 
-#include "KeyCodes.h"
+#include "base/KeyCodes.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QGuiApplication>
@@ -14,6 +14,8 @@
 #define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
+
+namespace Tessel {
 
 namespace {
 
@@ -162,4 +164,6 @@ bool X11EventMonitor::isPointerOverOwnWindow() const
         window = pointer ? pointer->child : quint32(XCB_NONE);
     }
     return false;
+}
+
 }

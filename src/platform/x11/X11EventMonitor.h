@@ -6,6 +6,8 @@
 
 #include <QList>
 
+namespace Tessel {
+
 class X11Connection;
 class X11Event;
 
@@ -40,3 +42,5 @@ private:
     qint64 m_modifiers = 0; ///< as of the last state change that the server told
     QList<Token *> m_tokens;
 };
+
+}

@@ -8,6 +8,8 @@
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
+namespace Tessel {
+
 void X11FakeKeys::liftHeldModifiers()
 {
     xcb_connection_t *xcb = m_connection.xcb();
@@ -37,4 +39,6 @@ void X11FakeKeys::press(const QList<quint8> &keys)
 void X11FakeKeys::send(quint8 type, quint8 key)
 {
     xcb_test_fake_input(m_connection.xcb(), type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <QList>
 
+namespace Tessel {
+
 class X11Connection;
 
 /// Keys pressed through the server's XTEST extension, which must be present.
@@ -28,3 +30,5 @@ private:
 
     X11Connection &m_connection;
 };
+
+}

@@ -9,6 +9,8 @@
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
+namespace Tessel {
+
 namespace {
 
 constexpr quint8 ansiControl = 37;
@@ -130,4 +132,6 @@ std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection)
     return X11CopyKeys { copy ? *copy : insert(),
                          layout->key(XKB_KEY_Control_L).value_or(ansiControl),
                          layout->key(XKB_KEY_Shift_L).value_or(ansiShift) };
+}
+
 }

@@ -7,9 +7,12 @@
 #include <memory>
 #include <optional>
 
-class X11Connection;
 struct xkb_keymap;
 struct xkb_state;
+
+namespace Tessel {
+
+class X11Connection;
 
 /// The keyboard layout in use and the state of its locks, as they were when the server was asked.
 /// Symbols are X keysyms, keys X keycodes.
@@ -59,3 +62,5 @@ struct X11CopyKeys
 /// else in another group; a layout without Latin letters has Insert, since toolkits that look for
 /// the letter do not find it at its place on the keyboard (tried with GTK 3 and Qt 5).
 [[nodiscard]] std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection);
+
+}

@@ -10,6 +10,8 @@
 
 #include <xcb/xfixes.h>
 
+namespace Tessel {
+
 X11Pasteboard::X11Pasteboard(X11Connection &connection, X11SelectionReader &reader)
     : m_connection(connection)
     , m_reader(reader)
@@ -40,4 +42,6 @@ QFuture<std::optional<QString>> X11Pasteboard::string(std::chrono::milliseconds 
 void X11Pasteboard::setString(const QString &text)
 {
     QGuiApplication::clipboard()->setText(text);
+}
+
 }

@@ -14,6 +14,8 @@
 
 #include <QGuiApplication>
 
+namespace Tessel {
+
 /// In order of construction: each uses those above it.
 struct X11Platform::Services
 {
@@ -92,4 +94,6 @@ Appearance &X11Platform::appearance()
 StatusArea &X11Platform::statusArea()
 {
     return m_services->statusArea;
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include "platform/Platform.h"
 
+namespace Tessel {
+
 /// The services of an X11 desktop, over one connection apart from Qt's.
 class X11Platform final : public Platform
 {
@@ -27,3 +29,5 @@ private:
 
     std::unique_ptr<Services> m_services;
 };
+
+}

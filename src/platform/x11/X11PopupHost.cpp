@@ -14,6 +14,8 @@
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
+namespace Tessel {
+
 namespace {
 
 /// Qt keeps the origin of a screen in device pixels and divides its size by the scale factor.
@@ -208,4 +210,6 @@ void X11PopupHost::releaseHeldKeyboard()
 bool X11PopupHost::holdsKeyboard() const
 {
     return m_keyboardWindow && m_keyboardWindow->isVisible();
+}
+
 }

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QWindow>
 
+namespace Tessel {
+
 class X11Connection;
 class X11Workspace;
 
@@ -37,3 +39,5 @@ private:
     X11Workspace &m_workspace;
     QPointer<QWindow> m_keyboardWindow;
 };
+
+}

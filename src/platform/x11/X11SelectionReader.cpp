@@ -8,6 +8,8 @@
 
 using namespace std::chrono_literals;
 
+namespace Tessel {
+
 namespace {
 
 QString decoded(QByteArrayView utf8)
@@ -44,4 +46,6 @@ QFuture<std::optional<QString>> X11SelectionReader::read(quint32 selection,
             });
     m_transfers.push_back(std::move(transfer));
     return promise->future();
+}
+
 }

@@ -11,6 +11,8 @@
 #include <optional>
 #include <vector>
 
+namespace Tessel {
+
 class X11Connection;
 class X11SelectionTransfer;
 
@@ -32,3 +34,5 @@ private:
     X11Connection &m_connection;
     std::vector<std::unique_ptr<X11SelectionTransfer>> m_transfers;
 };
+
+}

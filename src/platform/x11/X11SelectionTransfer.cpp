@@ -8,6 +8,8 @@
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
+namespace Tessel {
+
 namespace {
 
 constexpr quint32 mostBytes = 64 << 20;
@@ -141,4 +143,6 @@ void X11SelectionTransfer::finish(const std::optional<QByteArray> &text)
 QByteArray X11SelectionTransfer::utf8() const
 {
     return targets[m_target].isUtf8 ? m_bytes : QString::fromLatin1(m_bytes).toUtf8();
+}
+
 }

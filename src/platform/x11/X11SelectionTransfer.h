@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+namespace Tessel {
+
 class X11Connection;
 class X11Event;
 
@@ -49,3 +51,5 @@ private:
     QTimer m_limit; ///< for the whole transfer
     std::shared_ptr<void> m_subscription;
 };
+
+}

@@ -11,6 +11,8 @@
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
+namespace Tessel {
+
 namespace {
 
 QByteArray traySelection(int screen)
@@ -60,4 +62,6 @@ void X11StatusArea::handle(const X11Event &event)
     const auto &notify = event.as<xcb_xfixes_selection_notify_event_t>();
     if (notify.selection == m_traySelection && notify.owner != XCB_NONE)
         Q_EMIT becameAvailable();
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+namespace Tessel {
+
 class X11Connection;
 class X11Event;
 
@@ -30,3 +32,5 @@ private:
     bool m_hasNotifierHost = false;
     std::shared_ptr<void> m_subscription;
 };
+
+}

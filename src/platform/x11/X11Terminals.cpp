@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace Tessel {
+
 namespace {
 
 constexpr QStringView terminalClasses[] = {
@@ -75,4 +77,6 @@ bool X11Terminals::copiesOnControlShiftC(const QString &identifier)
     // Desktop entries carry a vendor prefix: "debian-xterm".
     const QStringView name = QStringView(identifier).mid(identifier.indexOf(u'-') + 1);
     return !contains(withoutCopyShortcut, identifier) && !contains(withoutCopyShortcut, name);
+}
+
 }

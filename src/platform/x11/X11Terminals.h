@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace Tessel {
+
 /// What is known of terminal emulators beyond their desktop entries.
 namespace X11Terminals {
 
@@ -13,5 +15,7 @@ namespace X11Terminals {
 /// False for those that send Ctrl+Shift+C to the program in them as an interrupt. Takes the desktop
 /// entry's identifier or the window class.
 [[nodiscard]] bool copiesOnControlShiftC(const QString &identifier);
+
+}
 
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11WorkArea.h"
 
+namespace Tessel {
+
 namespace {
 
 bool overlaps(int start, int length, int otherStart, int otherEnd)
@@ -36,4 +38,6 @@ QRect x11WorkArea(const QRect &screen, QSize desktop, const QList<X11Strut> &str
             area = rest;
     }
     return area;
+}
+
 }

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QRect>
 
+namespace Tessel {
+
 /// Space that a panel reserves at the edges of the whole desktop (EWMH, _NET_WM_STRUT_PARTIAL), in
 /// device pixels: its depth from an edge, and the stretch of the edge that it covers, both ends
 /// included.
@@ -19,3 +21,5 @@ struct X11Strut
 
 /// The part of a screen that no panel reserves. Struts that would leave nothing are ignored.
 [[nodiscard]] QRect x11WorkArea(const QRect &screen, QSize desktop, const QList<X11Strut> &struts);
+
+}

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
-#include "Log.h"
+#include "base/Log.h"
 #include "platform/freedesktop/XdgOpen.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Terminals.h"
@@ -15,6 +15,8 @@
 #include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
+
+namespace Tessel {
 
 X11Workspace::X11Workspace(X11Connection &connection)
     : m_connection(connection)
@@ -146,4 +148,6 @@ QStringList X11Workspace::missingAccess() const
     if (!m_connection.xfixes().present)
         missing += QStringLiteral("the X server's XFIXES extension, to see the clipboard change");
     return missing;
+}
+
 }

@@ -5,6 +5,8 @@
 #include "platform/Workspace.h"
 #include "platform/freedesktop/DesktopEntries.h"
 
+namespace Tessel {
+
 class X11Connection;
 
 class X11Workspace final : public Workspace
@@ -32,3 +34,5 @@ private:
     X11Connection &m_connection;
     DesktopEntries m_entries;
 };
+
+}

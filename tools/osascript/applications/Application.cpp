@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-#include "../Coercion.h"
-#include "../Printer.h"
-#include "../ScriptError.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 Value Invocation::argument(QStringView label) const
 {

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../Host.h"
-#include "../Terms.h"
-#include "../Value.h"
+#include "lib/Host.h"
+#include "osascript/language/Terms.h"
+#include "osascript/values/Value.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// A command with its values.
 struct Invocation

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Applications.h"
+#include "osascript/applications/Applications.h"
 
-#include "CalendarApplication.h"
-#include "Finder.h"
-#include "Mail.h"
-#include "Notes.h"
-#include "Shortcuts.h"
-#include "SystemEvents.h"
+#include "osascript/applications/CalendarApplication.h"
+#include "osascript/applications/Finder.h"
+#include "osascript/applications/Mail.h"
+#include "osascript/applications/Notes.h"
+#include "osascript/applications/Shortcuts.h"
+#include "osascript/applications/SystemEvents.h"
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 Applications::Applications(Host &host)
     : m_host(host)

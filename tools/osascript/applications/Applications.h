@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../ScriptError.h"
-#include "Application.h"
+#include "osascript/applications/Application.h"
+#include "osascript/values/ScriptError.h"
 
 #include <map>
 #include <memory>
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// The applications that scripts can tell: those with an adapter, and all that are installed.
 class Applications final

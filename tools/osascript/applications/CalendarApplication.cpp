@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "CalendarApplication.h"
+#include "osascript/applications/CalendarApplication.h"
 
-#include "../Coercion.h"
-#include "../Printer.h"
-#include "../ScriptError.h"
+#include "lib/calendar/CalendarEntry.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
-#include <CalendarEntry.h>
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

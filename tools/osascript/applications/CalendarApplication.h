@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Calendar and Reminders. What they make is handed to the desktop's calendar as a file.
 class CalendarApplication final : public Application

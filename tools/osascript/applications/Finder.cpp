@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Finder.h"
+#include "osascript/applications/Finder.h"
 
-#include "../Coercion.h"
-#include "../UserFolders.h"
-#include "../ValueProperties.h"
+#include "osascript/runtime/UserFolders.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/ValueProperties.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 Finder::Finder(Host &host)
     : Application(u"Finder"_s, host)

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Files and folders, by the desktop's file manager.
 class Finder final : public Application

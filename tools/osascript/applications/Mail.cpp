@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Mail.h"
+#include "osascript/applications/Mail.h"
 
-#include "../Coercion.h"
-#include "../Printer.h"
-#include "../ScriptError.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

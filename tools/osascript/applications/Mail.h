@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
 #include <QStringList>
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Messages are composed in the desktop's mail program, by mailto: (RFC 6068), when they have all
 /// their parts: when they are sent, or when the script has ended.

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "NoteText.h"
+#include "osascript/applications/NoteText.h"
 
 #include <QHash>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

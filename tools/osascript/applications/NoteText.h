@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// The lines of a note's body, which is HTML, without a line break at the end.
 ///

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Notes.h"
+#include "osascript/applications/Notes.h"
 
-#include "../Coercion.h"
-#include "../Printer.h"
-#include "../ScriptError.h"
-#include "../UserFolders.h"
-#include "NoteText.h"
+#include "osascript/applications/NoteText.h"
+#include "osascript/runtime/UserFolders.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Notes are Markdown files in the folder Notes of the user's documents, and in its folders.
 class Notes final : public Application

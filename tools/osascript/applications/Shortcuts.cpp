@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "Shortcuts.h"
+#include "osascript/applications/Shortcuts.h"
 
-#include "../Coercion.h"
+#include "osascript/values/Coercion.h"
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 Shortcuts::Shortcuts(Host &host)
     : Application(u"Shortcuts"_s, host)

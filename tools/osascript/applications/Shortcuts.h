@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Runs the user's shortcuts.
 class Shortcuts final : public Application

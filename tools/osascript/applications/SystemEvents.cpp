@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "SystemEvents.h"
+#include "osascript/applications/SystemEvents.h"
 
-#include "../Coercion.h"
-#include "../Printer.h"
-#include "../ScriptError.h"
+#include "osascript/values/Coercion.h"
+#include "osascript/values/Printer.h"
+#include "osascript/values/ScriptError.h"
 
 using namespace Qt::StringLiterals;
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 namespace {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Application.h"
+#include "osascript/applications/Application.h"
 
-namespace osascript {
+namespace Tessel::Osascript {
 
 /// Types, presses keys, and knows the applications that have windows.
 class SystemEvents final : public Application

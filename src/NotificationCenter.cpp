@@ -1,9 +1,0 @@
-// SPDX-FileCopyrightText: 2026 The Tessel developers
-// SPDX-License-Identifier: MIT
-#include "NotificationCenter.h"
-
-NotificationCenter &NotificationCenter::defaultCenter()
-{
-    static auto *center = new NotificationCenter; // outlives everything that may announce at exit
-    return *center;
-}

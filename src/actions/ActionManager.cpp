@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "actions/ActionManager.h"
+
+#include "actions/Placeholder.h"
+#include "actions/ScriptAction.h"
+#include "actions/ShellAction.h"
+#include "base/Log.h"
+#include "base/TextRules.h"
+#include "config/ConfigManager.h"
+#include "config/NotificationCenter.h"
+#include "platform/Pasteboard.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+/// The application below needs this long to be active again.
+constexpr auto handOver = 100ms;
+
+void logUnlessEmpty(const QString &line)
+{
+    if (!line.isEmpty())
+        Log::print(line);
+}
+
+}
+
+ActionManager::ActionManager(Dependencies dependencies)
+    : m_dependencies(dependencies)
+{
+    connect(&dependencies.notifications, &NotificationCenter::configDidChange, this,
+            &ActionManager::reloadActions);
+    reloadActions();
+}
+
+ActionManager &ActionManager::shared()
+{
+    static auto *instance
+        = new ActionManager({ ConfigManager::shared(), NotificationCenter::defaultCenter(),
+                              Platform::current().workspace(), Platform::current().pasteboard() });
+    return *instance;
+}
+
+void ActionManager::reloadActions()
+{
+    m_actions = getGlintActions(
+        m_dependencies.config.customActions,
+        [this](const ActionConfig &action, const QString &text) { dispatch(action, text); });
+    Q_EMIT m_dependencies.notifications.actionsDidReload();
+}
+
+void ActionManager::dispatch(const ActionConfig &action, const QString &text)
+{
+    Q_EMIT willRunAction();
+    QTimer::singleShot(handOver, Qt::PreciseTimer, this,
+                       [this, action, text] { run(action, text); });
+}
+
+void ActionManager::run(const ActionConfig &action, const QString &text)
+{
+    switch (action.type) {
+    case ActionType::url:
+        performURLAction(action.templateText, text);
+        break;
+    case ActionType::shellScript:
+        performShellScript(action.templateText, text);
+        break;
+    case ActionType::appleScript:
+        performAppleScript(action.templateText, text);
+        break;
+    case ActionType::shortcut:
+        performShortcut(action.templateText, text);
+        break;
+    case ActionType::builtin:
+        performBuiltin(action.templateText, text);
+        break;
+    }
+}
+
+void ActionManager::performURLAction(const QString &urlTemplate, const QString &text)
+{
+    const auto encoded = Placeholder::percentEncodedForQuery(text);
+    if (!encoded)
+        return;
+    const auto url = Placeholder::validUrl(Placeholder::substitute(urlTemplate, *encoded));
+    if (!url)
+        return;
+    m_dependencies.workspace.open(*url);
+    Log::print(u"Action: Opened URL "_s + *url);
+}
+
+void ActionManager::performShellScript(const QString &commandTemplate, const QString &text)
+{
+    m_commands.run(shellCommandRequest(commandTemplate, text, defaultShell()),
+                   [this](const CommandResult &result) {
+                       const ShellReport report = shellReport(result);
+                       logUnlessEmpty(report.logLine);
+                       if (report.error)
+                           Q_EMIT commandFailed(report.error->title, report.error->message);
+                   });
+}
+
+void ActionManager::performAppleScript(const QString &script, const QString &text)
+{
+    m_commands.run(appleScriptRequest(script, text, scriptRunner()),
+                   [](const CommandResult &result) {
+                       logUnlessEmpty(scriptLogLine(u"AppleScript"_s, result));
+                   });
+}
+
+void ActionManager::performShortcut(const QString &name, const QString &text)
+{
+    if (name.isEmpty())
+        return;
+    const QString stored = shortcutName(name);
+    Log::print(u"Action: Requesting shortcut '"_s + stored + u"'"_s);
+    m_commands.run(shortcutRequest(stored, text, scriptRunner()), [](const CommandResult &result) {
+        logUnlessEmpty(scriptLogLine(u"Shortcut"_s, result));
+    });
+}
+
+void ActionManager::performBuiltin(const QString &type, const QString &text)
+{
+    if (type == u"COPY") {
+        m_dependencies.pasteboard.setString(text);
+        Log::print(u"Action: Copied text to clipboard");
+    } else if (type == u"COUNT") {
+        const QString count = QString::number(characterCount(text));
+        m_dependencies.pasteboard.setString(count);
+        Log::print(u"Action: Copied count "_s + count + u" to clipboard"_s);
+    } else if (type == u"LARGE_TYPE") {
+        // When the bar has been hidden.
+        QMetaObject::invokeMethod(
+            this, [this, text] { Q_EMIT largeTypeRequested(text); }, Qt::QueuedConnection);
+    } else {
+        Log::print(u"Action: Unknown builtin type "_s + type);
+    }
+}
+
+}

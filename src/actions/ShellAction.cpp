@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "actions/ShellAction.h"
+
+#include "actions/Placeholder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+std::optional<QString> decoded(const QByteArray &bytes)
+{
+    return bytes.isValidUtf8() ? std::optional(QString::fromUtf8(bytes)) : std::nullopt;
+}
+
+}
+
+QString defaultShell()
+{
+    const QString zsh = u"/bin/zsh"_s;
+    return QFileInfo(zsh).isExecutable() ? zsh : u"/bin/sh"_s;
+}
+
+CommandRequest shellCommandRequest(const QString &commandTemplate, const QString &text,
+                                   const QString &shell)
+{
+    CommandRequest request;
+    const QString command
+        = Placeholder::substitute(commandTemplate, Placeholder::escapedForShell(text));
+    request.program = shell;
+    request.arguments = { u"-c"_s, command };
+    request.environment = { { u"LANG"_s, u"en_US.UTF-8"_s }, { u"TESSEL_TEXT"_s, text } };
+    return request;
+}
+
+ShellReport shellReport(const CommandResult &result)
+{
+    if (result.launchError) {
+        return { u"ERROR: Shell command failed: "_s + *result.launchError,
+                 ShellReport::Error { u"Execution Failed"_s,
+                                      u"Could not launch the command.\n\nError:\n"_s
+                                          + *result.launchError } };
+    }
+    if (result.exitStatus == 0) {
+        const QString output = decoded(result.output).value_or(QString());
+        return { output.isEmpty() ? QString() : u"Shell Output: "_s + output.trimmed(), {} };
+    }
+    const QString status = QString::number(result.exitStatus);
+    const QString error = decoded(result.errorOutput).value_or(u"Unknown error"_s);
+    return { u"ERROR: Shell command failed with status "_s + status + u": "_s + error,
+             ShellReport::Error { u"Command Failed"_s,
+                                  u"The command exited with status "_s + status + u".\n\nError:\n"_s
+                                      + error.trimmed() } };
+}
+
+}

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+
+#include "actions/ActionManager.h"
+#include "app/MenuBarManager.h"
+#include "app/UpdaterController.h"
+#include "bar/FloatingPanel.h"
+#include "base/Log.h"
+#include "capture/AccessibilityManager.h"
+#include "capture/SelectionDetector.h"
+#include "config/ConfigManager.h"
+#include "config/ResourceBundle.h"
+#include "platform/CopyRequest.h"
+#include "platform/Platform.h"
+#include "platform/PopupHost.h"
+#include "platform/Workspace.h"
+#include "windows/ApplicationIcon.h"
+#include "windows/LargeTypeWindow.h"
+#include "windows/WindowStyle.h"
+
+#include <QMessageBox>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+/// After the start, so that it costs none of it; before anybody can press the trigger.
+constexpr auto warmUpDelay = 100ms;
+
+}
+
+AppDelegate::AppDelegate() = default;
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    Platform &platform = Platform::current();
+    const QStringList missing = platform.workspace().missingAccess();
+    if (!missing.isEmpty()) {
+        Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
+                   u"System Settings.");
+        showMissingAccess(missing);
+    }
+    m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
+        ConfigManager::shared(), AccessibilityManager::shared(), FloatingPanel::shared(),
+        platform.eventMonitor(), platform.popupHost(), platform.workspace() });
+    m_detector->startMonitoring();
+    m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
+    connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
+            &MenuBarManager::openSettings);
+    m_updaterController
+        = std::make_unique<UpdaterController>(UpdaterController::standard(platform.workspace()));
+    connect(m_menuBarManager.get(), &MenuBarManager::updateCheckRequested,
+            m_updaterController.get(), &UpdaterController::checkForUpdates);
+    connect(&ActionManager::shared(), &ActionManager::commandFailed, this,
+            [this](const QString &title, const QString &message) {
+                // The first error adds an item to the tray, whose menu works like the other's.
+                MenuBarManager &reporter = MenuBarManager::shared();
+                connect(&reporter, &MenuBarManager::updateCheckRequested, m_updaterController.get(),
+                        &UpdaterController::checkForUpdates, Qt::UniqueConnection);
+                reporter.showError(title, message);
+            });
+    connect(
+        &ActionManager::shared(), &ActionManager::largeTypeRequested, this,
+        [&platform](const QString &text) { LargeTypeWindow::show(platform.popupHost(), text); });
+    Log::print(u"Tessel started.");
+
+    QTimer::singleShot(warmUpDelay, this, [&platform] {
+        WindowStyle::apply(platform.appearance());
+        FloatingPanel::shared().warmUp();
+        platform.copyRequest().prepare();
+    });
+}
+
+void AppDelegate::showMissingAccess(const QStringList &missing)
+{
+    applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
+    auto *box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tessel"),
+                                QStringLiteral("Tessel cannot see the selected text here. "
+                                               "Missing:\n\n• %1")
+                                    .arg(missing.join(QStringLiteral("\n• "))),
+                                QMessageBox::Close);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+}
+
+}

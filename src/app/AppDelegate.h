@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace Tessel {
+
+class MenuBarManager;
+class SelectionDetector;
+class UpdaterController;
+
+/// Creates what lives as long as the program, once it is up.
+class AppDelegate final : public QObject
+{
+    Q_OBJECT
+
+public:
+    AppDelegate();
+    ~AppDelegate() override;
+
+    void applicationDidFinishLaunching();
+
+private:
+    void showMissingAccess(const QStringList &missing);
+
+    std::unique_ptr<SelectionDetector> m_detector;
+    std::unique_ptr<MenuBarManager> m_menuBarManager;
+    std::unique_ptr<UpdaterController> m_updaterController;
+};
+
+}

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "app/MenuBarManager.h"
+
+#include "app/TrayImage.h"
+#include "base/FileLogger.h"
+#include "base/Log.h"
+#include "base/Memory.h"
+#include "config/ConfigManager.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "config/ResourceBundle.h"
+#include "platform/Appearance.h"
+#include "platform/Pasteboard.h"
+#include "platform/Platform.h"
+#include "platform/PopupHost.h"
+#include "platform/StatusArea.h"
+#include "settings/SettingsWindowController.h"
+#include "windows/AboutWindow.h"
+#include "windows/ApplicationIcon.h"
+#include "windows/ErrorPanel.h"
+#include "windows/PanelTheme.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QPixmapCache>
+#include <QSystemTrayIcon>
+
+namespace Tessel {
+
+MenuBarManager::MenuBarManager(Dependencies dependencies)
+    : m_dependencies(dependencies)
+    , m_icons(dependencies.config, dependencies.bundle)
+{
+    updateMenu();
+    connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
+            &MenuBarManager::updateMenu);
+    connect(&dependencies.platform.appearance(), &Appearance::changed, this,
+            &MenuBarManager::updateIcon);
+    connect(&dependencies.platform.statusArea(), &StatusArea::becameAvailable, this,
+            &MenuBarManager::setupMenuBar);
+    if (dependencies.platform.statusArea().isAvailable())
+        setupMenuBar();
+}
+
+MenuBarManager::~MenuBarManager() = default;
+
+MenuBarManager::Dependencies MenuBarManager::standardDependencies()
+{
+    return { ConfigManager::shared(), LocalizationManager::shared(),
+             NotificationCenter::defaultCenter(), ResourceBundle::module(), Platform::current() };
+}
+
+MenuBarManager &MenuBarManager::shared()
+{
+    static auto *instance = new MenuBarManager(standardDependencies());
+    return *instance;
+}
+
+/// Not before there is a tray: Qt decides once, at the first item, which kind of tray there is.
+void MenuBarManager::setupMenuBar()
+{
+    if (m_statusItem)
+        return;
+    m_statusItem = std::make_unique<QSystemTrayIcon>();
+    m_statusItem->setToolTip(QStringLiteral("Tessel"));
+    m_statusItem->setContextMenu(&m_menu);
+    connect(m_statusItem.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    m_menu.popup(QCursor::pos());
+            });
+    updateIcon();
+    m_statusItem->show();
+}
+
+void MenuBarManager::updateIcon()
+{
+    if (m_statusItem)
+        m_statusItem->setIcon(
+            trayIcon(m_dependencies.bundle, m_dependencies.platform.appearance().isDark()));
+}
+
+void MenuBarManager::updateMenu()
+{
+    const auto add = [this](const QString &key, auto &&run, const QKeySequence &keys = {}) {
+        QAction *action = m_menu.addAction(m_dependencies.localization.localizedString(key));
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, run);
+    };
+    m_menu.clear();
+    add(QStringLiteral("About Tessel"), [this] { showAbout(); });
+    add(QStringLiteral("Check for Updates..."), [this] { Q_EMIT updateCheckRequested(); });
+    m_menu.addSeparator();
+    add(
+        QStringLiteral("Preferences..."), [this] { openSettings(); }, Qt::CTRL | Qt::Key_Comma);
+    m_menu.addSeparator();
+    add(
+        QStringLiteral("Quit"), [] { QApplication::quit(); }, Qt::CTRL | Qt::Key_Q);
+}
+
+void MenuBarManager::showAbout()
+{
+    Log::print(u"DEBUG: Show About clicked");
+    applyApplicationIcon(m_dependencies.config.appIcon, m_dependencies.bundle);
+    AboutWindow::open(applicationIconImage(m_dependencies.config.appIcon, m_dependencies.bundle));
+}
+
+void MenuBarManager::openSettings()
+{
+    FileLogger::log(QStringLiteral("DEBUG: Show Preferences clicked"));
+    if (!m_settingsWindowController) {
+        FileLogger::log(QStringLiteral("DEBUG: Creating new SettingsWindowController"));
+        m_settingsWindowController = new SettingsWindowController(
+            { m_dependencies.config, m_dependencies.localization, m_dependencies.notifications,
+              m_dependencies.bundle, m_icons, m_dependencies.platform.workspace() });
+        m_settingsWindowController->onClose = [manager = QPointer(this)] {
+            FileLogger::log(QStringLiteral("DEBUG: Settings window closing - performing cleanup"));
+            if (manager)
+                manager->m_settingsWindowController.clear();
+            FileLogger::log(QStringLiteral("DEBUG: SettingsWindowController reference set to nil"));
+        };
+        connect(m_settingsWindowController, &QObject::destroyed, qApp, [] {
+            QPixmapCache::clear(); // the style's
+            releaseUnusedMemory();
+        });
+    }
+    m_settingsWindowController->setFloating(m_dependencies.config.alwaysOnTop);
+    m_settingsWindowController->showWindow();
+}
+
+ErrorPanel *MenuBarManager::errorWindow() const
+{
+    return m_errorWindow;
+}
+
+void MenuBarManager::showError(const QString &title, const QString &message)
+{
+    if (m_errorWindow)
+        m_errorWindow->close();
+    const bool isDark = panelTheme(m_dependencies.config.themeMode,
+                                   m_dependencies.platform.appearance().isDark(), true)
+                            .isDark;
+    m_errorWindow = new ErrorPanel(m_dependencies.platform.popupHost(),
+                                   m_icons.image(QStringLiteral("exclamationmark.triangle.fill")),
+                                   title, message, isDark);
+    connect(m_errorWindow, &ErrorPanel::copyRequested, this,
+            [this](const QString &text) { m_dependencies.platform.pasteboard().setString(text); });
+    m_errorWindow->showAt(QCursor::pos());
+}
+
+}

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "app/TrayImage.h"
+
+#include "config/ResourceBundle.h"
+#include "config/TemplateImage.h"
+
+#include <QPainter>
+
+namespace Tessel {
+
+namespace {
+
+/// The image with its contour, in a square of the given device pixels.
+QPixmap outlined(const QImage &artwork, const QColor &color, const QColor &contour, int pixels)
+{
+    const int line = qMax(1, pixels / 22);
+    const int extent = pixels - 2 * line;
+    const QImage image = TemplateImage::tinted(artwork, color, extent);
+    const QImage around = TemplateImage::tinted(artwork, contour, extent);
+    const QPoint corner((pixels - image.width()) / 2, (pixels - image.height()) / 2);
+    QPixmap pixmap(pixels, pixels);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setOpacity(0.75);
+    for (const QPoint &offset :
+         { QPoint(-line, 0), QPoint(line, 0), QPoint(0, -line), QPoint(0, line) })
+        painter.drawImage(corner + offset, around);
+    painter.setOpacity(1);
+    painter.drawImage(corner, image);
+    return pixmap;
+}
+
+}
+
+QIcon trayIcon(const ResourceBundle &bundle, bool isDesktopDark)
+{
+    QImage artwork = bundle.iconImage(QStringLiteral("MenuBarIcon"));
+    if (artwork.isNull())
+        artwork = bundle.iconImage(QStringLiteral("phosphor_star"));
+    const QColor light(245, 245, 245);
+    const QColor dark(45, 45, 45);
+    QIcon icon;
+    for (const int pixels : { 22, 44 })
+        icon.addPixmap(
+            outlined(artwork, isDesktopDark ? light : dark, isDesktopDark ? dark : light, pixels));
+    return icon;
+}
+
+}

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "bar/FloatingPanel.h"
+
+#include "actions/ActionManager.h"
+#include "actions/Pattern.h"
+#include "bar/HoverButton.h"
+#include "base/Log.h"
+#include "base/TextRules.h"
+#include "config/ConfigManager.h"
+#include "config/IconResolver.h"
+#include "config/NotificationCenter.h"
+#include "config/ResourceBundle.h"
+#include "platform/Appearance.h"
+#include "platform/Platform.h"
+#include "platform/PopupHost.h"
+
+namespace Tessel {
+
+namespace {
+
+/// The counting action shows its result before it is clicked.
+QString countTitle(const QString &text)
+{
+    const qsizetype count = characterCount(text);
+    return QStringLiteral("%1 char%2").arg(count).arg(count == 1 ? QString() : QStringLiteral("s"));
+}
+
+}
+
+FloatingPanel::FloatingPanel(Dependencies dependencies)
+    : m_dependencies(dependencies)
+    , m_window(dependencies.popupHost)
+{
+    const auto rebuildIfVisible = [this] {
+        if (m_phase != Phase::hidden)
+            updateTheme();
+    };
+    connect(&dependencies.notifications, &NotificationCenter::actionsDidReload, this,
+            [this, rebuildIfVisible] {
+                m_icons.clear();
+                rebuildIfVisible();
+            });
+    connect(&dependencies.notifications, &NotificationCenter::themeDidChange, this,
+            rebuildIfVisible);
+    connect(&dependencies.appearance, &Appearance::changed, this, rebuildIfVisible);
+    connect(&dependencies.actions, &ActionManager::willRunAction, this, &FloatingPanel::hide);
+    connect(&m_window, &PanelWindow::keyPressed, this, &FloatingPanel::handleKey);
+    connect(&m_window, &PanelWindow::vanished, this, &FloatingPanel::forgetText);
+}
+
+FloatingPanel &FloatingPanel::shared()
+{
+    static auto *instance = [] {
+        Platform &platform = Platform::current();
+        static IconResolver icons(ConfigManager::shared(), ResourceBundle::module());
+        return new FloatingPanel({ ActionManager::shared(), ConfigManager::shared(),
+                                   NotificationCenter::defaultCenter(), icons, platform.popupHost(),
+                                   platform.appearance() });
+    }();
+    return *instance;
+}
+
+void FloatingPanel::show(const PopupLocation &at, const QString &text, bool makeKey)
+{
+    m_currentText = text;
+    updateTheme();
+    if (m_buttons.isEmpty()) {
+        Log::print(u"DEBUG: No action applies to the selected text.");
+        hide();
+        return;
+    }
+    const QSize size = m_window.size();
+    const QPoint place = PanelLayout::place(at.pointer, size, at.visibleFrame);
+    Log::print(QStringLiteral("DEBUG: FloatingPanel showing at (%1, %2, %3, %4)")
+                   .arg(place.x())
+                   .arg(place.y())
+                   .arg(size.width())
+                   .arg(size.height()));
+    m_phase = Phase::shown;
+    m_isChosen = false;
+    m_window.fadeIn(place);
+    if (makeKey)
+        m_dependencies.popupHost.takeKeyboard(m_window.windowHandle());
+}
+
+void FloatingPanel::hide()
+{
+    if (m_phase != Phase::shown)
+        return;
+    m_phase = Phase::hiding;
+    m_dependencies.popupHost.releaseKeyboard(m_window.windowHandle());
+    m_window.fadeOut();
+}
+
+/// The captured text may be large, and is the user's: not kept longer than it is shown.
+void FloatingPanel::forgetText()
+{
+    m_phase = Phase::hidden;
+    m_currentText.clear();
+    for (HoverButton *button : std::as_const(m_buttons))
+        button->effectiveText.reset();
+}
+
+void FloatingPanel::updateTheme()
+{
+    reloadButtons();
+    const bool isCompositing = m_dependencies.popupHost.isCompositing();
+    m_window.setTheme(panelTheme(m_dependencies.config.themeMode,
+                                 m_dependencies.appearance.isDark(), isCompositing),
+                      isCompositing);
+}
+
+void FloatingPanel::reloadButtons()
+{
+    MatchBudget budget;
+    QList<std::pair<const GlintAction *, QString>> offered;
+    for (const GlintAction &action : m_dependencies.actions.actions()) {
+        const auto text = action.check ? action.check(m_currentText, budget)
+                                       : std::optional<QString>(m_currentText);
+        if (text)
+            offered += { &action, *text };
+    }
+    m_buttons = m_window.buttons(int(offered.size()));
+    for (int i = 0; i < m_buttons.size(); ++i)
+        fill(*m_buttons.at(i), *offered.at(i).first, offered.at(i).second, i);
+    m_window.arrange();
+}
+
+void FloatingPanel::fill(HoverButton &button, const GlintAction &action,
+                         const QString &effectiveText, int index)
+{
+    const bool isCounting = action.id == u"count";
+    button.identifier = action.id;
+    button.hoverToolTipText = action.title;
+    button.effectiveText = effectiveText;
+    button.showsTooltip = m_dependencies.config.showTooltips;
+    button.setAccessibleName(action.title);
+    button.setText(isCounting ? countTitle(m_currentText) : QString());
+    button.setTemplateImage(isCounting ? QImage() : icon(action.iconName));
+    const char shortcut = PanelLayout::shortcutCharacter(index);
+    const bool isLabelled = m_dependencies.config.showKeyboardShortcuts && shortcut != '\0';
+    button.setShortcut(isLabelled ? std::optional(shortcut) : std::nullopt);
+    disconnect(&button, &HoverButton::clicked, this, nullptr);
+    connect(&button, &HoverButton::clicked, this, [this, &button] { choose(&button); });
+}
+
+QImage FloatingPanel::icon(const QString &name)
+{
+    auto known = m_icons.constFind(name);
+    if (known == m_icons.constEnd())
+        known = m_icons.insert(name, m_dependencies.icons.image(name));
+    return *known;
+}
+
+void FloatingPanel::handleKey(const PanelKey &key)
+{
+    const auto decision = decidePanelKey(key, m_dependencies.config.enableKeyboardShortcuts);
+    switch (decision.kind) {
+    case PanelKeyDecision::Kind::ignore:
+        break;
+    case PanelKeyDecision::Kind::hide:
+        hide();
+        break;
+    case PanelKeyDecision::Kind::openSettings:
+        hide();
+        Q_EMIT settingsRequested();
+        break;
+    case PanelKeyDecision::Kind::pick:
+        if (decision.button < m_buttons.size())
+            choose(m_buttons.at(decision.button));
+        break;
+    }
+}
+
+void FloatingPanel::choose(HoverButton *button)
+{
+    if (m_phase != Phase::shown || m_isChosen || !button->effectiveText)
+        return;
+    const auto &actions = m_dependencies.actions.actions();
+    const auto action = std::find_if(actions.cbegin(), actions.cend(), [button](const auto &entry) {
+        return entry.id == button->identifier;
+    });
+    if (action == actions.cend())
+        return;
+    m_isChosen = true;
+    button->flash([this, handler = action->handler, text = *button->effectiveText] {
+        m_window.whenKeysAreUp([handler, text] { handler(text); });
+    });
+}
+
+void FloatingPanel::warmUp()
+{
+    if (m_phase != Phase::hidden)
+        return;
+    updateTheme();
+    m_window.warmUp();
+}
+
+}

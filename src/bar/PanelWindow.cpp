@@ -1,0 +1,293 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "bar/PanelWindow.h"
+
+#include "bar/HoverButton.h"
+#include "bar/PopEffect.h"
+#include "base/KeyCodes.h"
+#include "platform/PopupHost.h"
+
+#include <QEasingCurve>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <qdrawutil.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr int cornerRadius = 8;
+constexpr auto fadeInTime = 200ms;
+constexpr auto fadeOutTime = 150ms;
+constexpr auto popTime = 250ms;
+constexpr double popFrom = 0.8;
+/// Where the fade is one display frame after its start: the first frame is to be seen.
+constexpr double firstOpacity = 0.15;
+constexpr auto longestPress = 3s; ///< for a key whose release never comes
+constexpr auto afterRelease = 50ms; ///< a key that repeats is released and pressed again at once
+
+QEasingCurve cubicBezier(QPointF first, QPointF second)
+{
+    QEasingCurve curve(QEasingCurve::BezierSpline);
+    curve.addCubicBezierSegment(first, second, { 1, 1 });
+    return curve;
+}
+
+/// Signed distance from a point to the edge of a rounded rectangle, negative inside.
+double distanceToEdge(QPointF point, const QRectF &rect)
+{
+    const QPointF center = rect.center();
+    const double x = std::abs(point.x() - center.x()) - rect.width() / 2 + cornerRadius;
+    const double y = std::abs(point.y() - center.y()) - rect.height() / 2 + cornerRadius;
+    return std::hypot(std::max(x, 0.0), std::max(y, 0.0)) + std::min(std::max(x, y), 0.0)
+        - cornerRadius;
+}
+
+/// The soft shadow around a bar, with a hole where the translucent bar itself is. Made pixel by
+/// pixel: paths of this kind would start Qt's painting threads.
+QImage shadow(QSize extent, const QRectF &bar, double scale)
+{
+    constexpr double depth = 17;
+    constexpr double drop = 2;
+    constexpr double darkness = 0.2;
+    QImage image(extent * scale, QImage::Format_ARGB32_Premultiplied);
+    for (int row = 0; row < image.height(); ++row) {
+        auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(row));
+        for (int column = 0; column < image.width(); ++column) {
+            const QPointF point((column + 0.5) / scale, (row + 0.5) / scale);
+            const double away = distanceToEdge(point - QPointF(0, drop), bar);
+            const double nearness = std::clamp(1 - away / depth, 0.0, 1.0);
+            const double outside = std::clamp(distanceToEdge(point, bar) * scale + 0.5, 0.0, 1.0);
+            pixels[column] = qRgba(0, 0, 0, int(255 * darkness * nearness * nearness * outside));
+        }
+    }
+    image.setDevicePixelRatio(scale);
+    return image;
+}
+
+}
+
+/// The window's only child, so that an effect can move all that is drawn. Its picture is stretched
+/// from a small tile: painting the shadow over the whole window would take longer than all the
+/// rest.
+class PanelWindow::Ground final : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    void set(const PanelTheme &theme, bool isTranslucent)
+    {
+        m_theme = theme;
+        m_isTranslucent = isTranslucent;
+        m_tile = {};
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const double scale = devicePixelRatioF();
+        if (m_tile.isNull() || !qFuzzyCompare(m_tile.devicePixelRatio(), scale))
+            m_tile = tile(scale);
+        const QMargins fixed(corner, corner, corner, corner);
+        QPainter painter(this);
+        qDrawBorderPixmap(&painter, rect(), fixed, m_tile, m_tile.rect(), fixed * scale);
+    }
+
+private:
+    /// What stays as it is on each side: margin, rounded corner, and a bit of the straight edge.
+    static constexpr int corner = PanelLayout::windowMargin + cornerRadius + 4;
+
+    [[nodiscard]] QPixmap tile(double scale) const
+    {
+        const QSize extent(2 * corner + 2, 2 * corner + 2);
+        const QRectF bar = QRect(QPoint(), extent).marginsRemoved(PanelLayout::barMargins);
+        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, scale));
+        if (!m_isTranslucent)
+            pixmap.fill(m_theme.material);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(m_theme.material);
+        painter.drawRoundedRect(bar, cornerRadius, cornerRadius);
+        painter.setPen(QPen(m_theme.border, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(bar.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5,
+                                cornerRadius - 0.5);
+        return pixmap;
+    }
+
+    PanelTheme m_theme;
+    bool m_isTranslucent = true;
+    QPixmap m_tile;
+};
+
+PanelWindow::PanelWindow(PopupHost &host)
+    : QWidget(nullptr,
+              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
+                  | Qt::NoDropShadowWindowHint)
+    , m_host(host)
+    , m_ground(new Ground(this))
+    , m_pop(new PopEffect(m_ground))
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowTitle(QStringLiteral("Tessel"));
+    m_ground->setGraphicsEffect(m_pop);
+    m_pop->setEnabled(false);
+
+    connect(&m_fade, &QVariantAnimation::valueChanged, m_pop,
+            [this](const QVariant &value) { m_pop->setOpacity(value.toDouble()); });
+    connect(&m_fade, &QVariantAnimation::finished, this, [this] {
+        if (m_fade.endValue().toDouble() == 0)
+            vanish();
+    });
+    m_keyDown.setSingleShot(true);
+    connect(&m_keyDown, &QTimer::timeout, this, [this] {
+        if (const auto run = std::exchange(m_afterKeys, {}))
+            run();
+    });
+    m_popping.setDuration(int(popTime.count()));
+    m_popping.setEasingCurve(cubicBezier({ 0.175, 0.885 }, { 0.32, 1.275 }));
+    m_popping.setStartValue(popFrom);
+    m_popping.setEndValue(1.0);
+    connect(&m_popping, &QVariantAnimation::valueChanged, m_pop,
+            [this](const QVariant &value) { m_pop->setScale(value.toDouble()); });
+}
+
+PanelWindow::~PanelWindow() = default;
+
+QList<HoverButton *> PanelWindow::buttons(int count)
+{
+    while (m_buttons.size() < count)
+        m_buttons += new HoverButton(m_host, m_ground);
+    for (int i = 0; i < m_buttons.size(); ++i)
+        m_buttons.at(i)->setVisible(i < count);
+    return m_buttons.first(count);
+}
+
+void PanelWindow::arrange()
+{
+    QList<int> widths;
+    for (const HoverButton *button : std::as_const(m_buttons)) {
+        if (!button->isHidden())
+            widths += button->preferredWidth();
+    }
+    m_layout = PanelLayout::arrange(widths);
+    for (int i = 0; i < m_layout.buttons.size(); ++i)
+        m_buttons.at(i)->setGeometry(m_layout.buttons.at(i));
+    resize(m_layout.window);
+    m_ground->resize(m_layout.window);
+}
+
+void PanelWindow::setTheme(const PanelTheme &theme, bool isCompositing)
+{
+    m_isCompositing = isCompositing;
+    m_ground->set(theme, m_isCompositing);
+    for (HoverButton *button : std::as_const(m_buttons))
+        button->setTheme(theme);
+}
+
+void PanelWindow::create()
+{
+    if (windowHandle())
+        return;
+    winId();
+    m_host.adopt(windowHandle());
+}
+
+void PanelWindow::warmUp()
+{
+    create();
+    grab();
+}
+
+/// Where nothing is blended the window itself gets the bar's shape.
+void PanelWindow::updateShape()
+{
+    if (m_isCompositing) {
+        if (!mask().isEmpty())
+            clearMask();
+        return;
+    }
+    QPainterPath shape;
+    shape.addRoundedRect(m_layout.bar, cornerRadius, cornerRadius);
+    setMask(QRegion(shape.toFillPolygon().toPolygon()));
+}
+
+void PanelWindow::fadeIn(QPoint place)
+{
+    create();
+    m_fade.stop();
+    m_popping.stop();
+    if (!m_afterKeys)
+        m_keyDown.stop(); // the release of the key that hid the bar went elsewhere
+    updateShape();
+    move(place);
+    const QRectF bar = m_layout.bar;
+    m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
+    m_pop->setScale(m_isCompositing ? popFrom : 1);
+    m_pop->setOpacity(m_isCompositing ? firstOpacity : 1);
+    show();
+    m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
+    if (!m_isCompositing)
+        return;
+    m_fade.setDuration(int(fadeInTime.count()));
+    m_fade.setEasingCurve(cubicBezier({ 0, 0 }, { 0.58, 1 }));
+    m_fade.setStartValue(firstOpacity);
+    m_fade.setEndValue(1.0);
+    m_fade.start();
+    m_popping.start();
+}
+
+void PanelWindow::fadeOut()
+{
+    m_fade.stop();
+    if (!m_isCompositing) {
+        vanish();
+        return;
+    }
+    m_fade.setDuration(int(fadeOutTime.count()));
+    m_fade.setEasingCurve(QEasingCurve::Linear);
+    m_fade.setStartValue(m_pop->opacity());
+    m_fade.setEndValue(0.0);
+    m_fade.start();
+}
+
+void PanelWindow::vanish()
+{
+    hide();
+    Q_EMIT vanished();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent *event)
+{
+    m_keyDown.start(longestPress);
+    if (event->isAutoRepeat())
+        return;
+    const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
+    Q_EMIT keyPressed({ keyCode.value_or(-1), event->text(),
+                        bool(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) });
+}
+
+void PanelWindow::keyReleaseEvent(QKeyEvent *)
+{
+    if (m_keyDown.isActive())
+        m_keyDown.start(afterRelease);
+}
+
+void PanelWindow::whenKeysAreUp(std::function<void()> run)
+{
+    if (m_keyDown.isActive())
+        m_afterKeys = std::move(run);
+    else
+        run();
+}
+
+}

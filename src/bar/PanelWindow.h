@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bar/PanelKeys.h"
+#include "bar/PanelLayout.h"
+#include "windows/PanelTheme.h"
+
+#include <QPixmap>
+#include <QTimer>
+#include <QVariantAnimation>
+#include <QWidget>
+
+#include <functional>
+
+namespace Tessel {
+
+class HoverButton;
+class PopEffect;
+class PopupHost;
+
+/// The bar on the screen: draws its rounded ground and shadow, holds the buttons, fades and pops.
+class PanelWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PanelWindow(PopupHost &host);
+    ~PanelWindow() override;
+
+    /// The first `count` buttons, made when needed and shown; the others are hidden.
+    [[nodiscard]] QList<HoverButton *> buttons(int count);
+
+    /// Arranges the buttons in use by their preferred widths.
+    void arrange();
+
+    void setTheme(const PanelTheme &theme, bool isCompositing);
+
+    /// Shows the window at a place (top-left corner, global logical pixels), fading and popping in
+    /// where the desktop can blend.
+    void fadeIn(QPoint place);
+    void fadeOut(); ///< then the window is hidden
+
+    /// Runs it when the key that the bar was used with is up again, at once when none is down: what
+    /// a key repeats must not reach the application below, where it would replace the selection.
+    void whenKeysAreUp(std::function<void()> run);
+
+    /// Makes the window and paints it once off screen, so that it appears at once later.
+    void warmUp();
+
+Q_SIGNALS:
+    void keyPressed(const PanelKey &key);
+    void vanished(); ///< hidden at the end of a fade
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    class Ground;
+
+    void create();
+    void vanish();
+    void updateShape();
+
+    PopupHost &m_host;
+    Ground *m_ground; ///< fills the window; the buttons are its children
+    PopEffect *m_pop;
+    QList<HoverButton *> m_buttons;
+    PanelLayout::Layout m_layout;
+    QVariantAnimation m_fade;
+    QVariantAnimation m_popping;
+    bool m_isCompositing = true;
+    QTimer m_keyDown; ///< runs while a key is down
+    std::function<void()> m_afterKeys;
+};
+
+}

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace Tessel {
+
+class PopupHost;
+
+/// A dark bubble with an arrow that points down at a place on the screen. Clicks go through it.
+class TooltipWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `tip`: where the arrow points, in global logical pixels.
+    TooltipWindow(PopupHost &host, const QString &text, QPoint tip);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    [[nodiscard]] QPainterPath bubble() const;
+
+    QString m_text;
+    bool m_isCompositing;
+};
+
+}

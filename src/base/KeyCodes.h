@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <optional>
+
+namespace Tessel {
+
+/// Virtual key codes and modifier bits as the configuration file holds them. A virtual key code
+/// names a physical key by its place on an ANSI keyboard, whatever the layout makes of it.
+namespace KeyCodes {
+
+inline constexpr qint64 keyC = 8;
+inline constexpr qint64 keyComma = 43;
+inline constexpr qint64 keyEscape = 53;
+inline constexpr qint64 keyF2 = 120;
+
+inline constexpr qint64 shift = 0x20000;
+inline constexpr qint64 control = 0x40000;
+inline constexpr qint64 option = 0x80000; ///< Alt
+inline constexpr qint64 command = 0x100000; ///< Super
+inline constexpr qint64 modifierMask = 0x1E0000;
+
+/// Between virtual key codes and Linux input event codes (linux/input-event-codes.h); an X11
+/// keycode is the latter + 8. Nothing for keys that have no counterpart. Keys at the same place of
+/// different keyboards share a virtual key code (Insert and Help; Print Screen and F13), for which
+/// evdevFromVirtual() gives one of them.
+[[nodiscard]] std::optional<qint64> virtualFromEvdev(int evdevCode);
+/// The same from a key event's native scan code, which is an X11 keycode.
+[[nodiscard]] std::optional<qint64> virtualFromScanCode(quint32 scanCode);
+[[nodiscard]] std::optional<int> evdevFromVirtual(qint64 virtualCode);
+
+/// Whether the key does nothing but modify others.
+[[nodiscard]] bool isModifier(qint64 virtualCode);
+
+/// The letter or digit, upper case, that a key of the typing block gives on an ANSI keyboard.
+[[nodiscard]] std::optional<char> ansiCharacter(qint64 virtualCode);
+
+}
+
+}

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "capture/AccessibilityManager.h"
+
+#include "base/Log.h"
+#include "base/TextRules.h"
+#include "platform/CopyRequest.h"
+#include "platform/Pasteboard.h"
+#include "platform/Platform.h"
+#include "platform/PopupHost.h"
+#include "platform/Workspace.h"
+
+#include <QCoroFuture>
+#include <QCoroTimer>
+#include <QElapsedTimer>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr qint64 pollInterval = 100; // milliseconds
+constexpr qint64 lastPoll = 5;
+
+QCoro::Task<> sleepFor(qint64 milliseconds)
+{
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.start(int(qMax(qint64(0), milliseconds)));
+    co_await timer;
+}
+
+}
+
+AccessibilityManager::AccessibilityManager(Dependencies dependencies)
+    : m_dependencies(std::move(dependencies))
+{
+}
+
+AccessibilityManager &AccessibilityManager::shared()
+{
+    static auto *instance = [] {
+        Platform &platform = Platform::current();
+        QElapsedTimer sinceStart;
+        sinceStart.start();
+        return new AccessibilityManager({ platform.workspace(), platform.copyRequest(),
+                                          platform.pasteboard(), platform.popupHost(),
+                                          [sinceStart] { return sinceStart.elapsed(); } });
+    }();
+    return *instance;
+}
+
+std::optional<qint64> AccessibilityManager::millisecondsSinceSimulation() const
+{
+    if (!m_lastSimulationTime)
+        return {};
+    return m_dependencies.clock() - *m_lastSimulationTime;
+}
+
+QCoro::Task<std::optional<SelectedText>> AccessibilityManager::getSelectedTextInfo()
+{
+    Log::print(u"DEBUG: getSelectedTextInfo() called (Cmd+C Strategy)");
+    const auto application = m_dependencies.workspace.frontmostApplication();
+    if (!application) {
+        Log::print(u"DEBUG: No frontmost application found.");
+        co_return std::nullopt;
+    }
+    const QString name = application->localizedName;
+    Log::print(QStringLiteral("DEBUG: Focused App: %1 (%2)")
+                   .arg(name.isEmpty() ? QStringLiteral("Unknown") : name,
+                        application->bundleIdentifier.value_or(QStringLiteral("no-bundle-id"))));
+
+    const auto text = co_await getSelectionBySimulation(*application);
+    if (!text) {
+        Log::print(u"DEBUG: Cmd+C simulation failed or no text selected.");
+        co_return std::nullopt;
+    }
+    Log::print(u"DEBUG: Cmd+C simulation succeeded.");
+    const PopupLocation location = co_await m_dependencies.popupHost.locate();
+    co_return SelectedText { *text, location.pointer, application->bundleIdentifier };
+}
+
+QCoro::Task<std::optional<QString>>
+AccessibilityManager::getSelectionBySimulation(FrontApplication application)
+{
+    Pasteboard &pasteboard = m_dependencies.pasteboard;
+    const qint64 before = pasteboard.changeCount();
+    const qint64 start = m_dependencies.clock();
+    m_lastSimulationTime = start;
+    m_dependencies.copyRequest.copySelection(application);
+
+    // A poll that had to wait for the owner takes the place of those that fell due meanwhile.
+    const auto elapsed = [this, start] { return m_dependencies.clock() - start; };
+    for (qint64 poll = 1; poll <= lastPoll; poll = qMax(poll + 1, elapsed() / pollInterval + 1)) {
+        co_await sleepFor(poll * pollInterval - elapsed());
+        if (pasteboard.changeCount() <= before)
+            continue;
+        const qint64 rest = lastPoll * pollInterval - elapsed();
+        const auto text
+            = co_await pasteboard.string(std::chrono::milliseconds(qMax(pollInterval, rest)));
+        if (text && !text->isEmpty())
+            co_return withNormalizedLineEnds(*text);
+    }
+    co_return std::nullopt;
+}
+
+}

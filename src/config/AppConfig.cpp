@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "config/AppConfig.h"
+
+#include <QSet>
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace Tessel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// The raw values of the enumerations, in the order of their cases.
+constexpr std::array actionTypes { QLatin1StringView("url"), QLatin1StringView("shortcut"),
+                                   QLatin1StringView("shellScript"),
+                                   QLatin1StringView("appleScript"), QLatin1StringView("builtin") };
+constexpr std::array appIconTypes { QLatin1StringView("default"), QLatin1StringView("light"),
+                                    QLatin1StringView("neon") };
+constexpr std::array themeModes { QLatin1StringView("system"), QLatin1StringView("light"),
+                                  QLatin1StringView("dark") };
+
+template <typename Enum, typename Names> QString nameOf(Enum value, const Names &names)
+{
+    return names.at(static_cast<std::size_t>(value));
+}
+
+template <typename Enum, typename Names>
+std::optional<Enum> caseNamed(const QString &name, const Names &names)
+{
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? std::nullopt
+                                : std::optional(static_cast<Enum>(found - names.begin()));
+}
+
+constexpr auto bundleIdsKey = "excludedBundleIds";
+constexpr auto actionsKey = "customActions";
+
+/// The optional settings with their keys, in the order in which they are written.
+template <typename Config, typename Visitor> void visitSettings(Config &config, Visitor &&visit)
+{
+    visit("triggerKeyCode", config.triggerKeyCode);
+    visit("triggerModifiers", config.triggerModifiers);
+    visit("showTooltips", config.showTooltips);
+    visit("enableKeyboardShortcuts", config.enableKeyboardShortcuts);
+    visit("alwaysOnTop", config.alwaysOnTop);
+    visit("language", config.language);
+    visit("showKeyboardShortcuts", config.showKeyboardShortcuts);
+    visit("appIcon", config.appIcon);
+    visit("themeMode", config.themeMode);
+}
+
+// Reading. What does not fit ends it with a DecodingError, which stays in this file.
+
+struct DecodingError
+{
+    QString text;
+};
+
+/// A value's place in the file, for example "customActions[3].type".
+struct Place
+{
+    const char *key; ///< of the root object, or of the action
+    qsizetype index = -1; ///< of the element in the array under the key
+    qsizetype action = -1; ///< index of the action that the key belongs to
+
+    [[noreturn]] void fail(const QString &problem) const
+    {
+        QString path = QLatin1StringView(key);
+        if (index >= 0)
+            path += QStringLiteral("[%1]").arg(index);
+        if (action >= 0)
+            path.prepend(QStringLiteral("customActions[%1].").arg(action));
+        throw DecodingError { path + QStringLiteral(": ") + problem };
+    }
+};
+
+/// QString::fromUtf8() takes U+FEFF at the start for a byte order mark; here it is part of the
+/// text.
+QString exactText(const std::string &utf8)
+{
+    QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (utf8.starts_with("\xEF\xBB\xBF"))
+        text.prepend(QChar(QChar::ByteOrderMark));
+    return text;
+}
+
+void read(QString &field, const Json &value, const Place &place)
+{
+    if (!value.is_string())
+        place.fail(QStringLiteral("must be a string"));
+    field = exactText(value.get_ref<const std::string &>());
+}
+
+void read(bool &field, const Json &value, const Place &place)
+{
+    if (!value.is_boolean())
+        place.fail(QStringLiteral("must be true or false"));
+    field = value.get<bool>();
+}
+
+/// 120, 120.0 and 1.2e2 are whole numbers. An integer beyond 64 bits comes as a float, rounded, so
+/// that the smallest 64-bit integer has to be written without fraction and exponent.
+std::optional<qint64> wholeNumber(const Json &value)
+{
+    if (value.is_number_unsigned()) {
+        const auto number = value.get<quint64>();
+        return std::in_range<qint64>(number) ? std::optional(static_cast<qint64>(number))
+                                             : std::nullopt;
+    }
+    if (value.is_number_integer())
+        return value.get<qint64>();
+    const double number = value.is_number_float() ? value.get<double>() : HUGE_VAL;
+    if (number != std::trunc(number) || std::abs(number) >= 0x1p63)
+        return std::nullopt;
+    return static_cast<qint64>(number);
+}
+
+void read(qint64 &field, const Json &value, const Place &place)
+{
+    const std::optional<qint64> number = wholeNumber(value);
+    if (!number)
+        place.fail(QStringLiteral("must be a whole number of 64 bits"));
+    field = *number;
+}
+
+template <typename Enum>
+void readCase(Enum &field, const Json &value, const Place &place,
+              std::optional<Enum> (*caseFrom)(const QString &))
+{
+    QString name;
+    read(name, value, place);
+    const std::optional<Enum> found = caseFrom(name);
+    if (!found)
+        place.fail(QStringLiteral("unknown value \"%1\"").arg(name));
+    field = *found;
+}
+
+void read(AppIconType &field, const Json &value, const Place &place)
+{
+    readCase(field, value, place, appIconTypeFrom);
+}
+
+void read(ThemeMode &field, const Json &value, const Place &place)
+{
+    readCase(field, value, place, themeModeFrom);
+}
+
+template <typename T> void read(std::optional<T> &field, const Json &value, const Place &place)
+{
+    read(field.emplace(), value, place);
+}
+
+template <typename T> void readRequired(T &field, const Json &object, const Place &place)
+{
+    const auto found = object.find(place.key);
+    if (found == object.end())
+        place.fail(QStringLiteral("missing"));
+    read(field, *found, place);
+}
+
+template <typename T> void readOptional(T &field, const Json &object, const Place &place)
+{
+    const auto found = object.find(place.key);
+    if (found != object.end() && !found->is_null())
+        read(field, *found, place);
+}
+
+/// Turns a kind of action that older versions had into a current one. False for unknown kinds.
+bool migrate(ActionConfig &action, const QString &oldType)
+{
+    const bool isCommand = oldType == u"command";
+    if (isCommand && action.templateText == u"LARGE_TYPE") {
+        action.type = ActionType::builtin;
+    } else if (isCommand) {
+        action.type = ActionType::shellScript;
+    } else if (oldType == u"app") {
+        action.type = ActionType::shellScript;
+        action.templateText.prepend(QStringLiteral("# App action deprecated: "));
+        action.isEnabled = false;
+    } else if (oldType == u"copy" || oldType == u"count") {
+        action.type = ActionType::builtin;
+        action.templateText = oldType.toUpper();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+ActionConfig readAction(const Json &object, qsizetype index)
+{
+    if (!object.is_object())
+        Place { actionsKey, index }.fail(QStringLiteral("must be an object"));
+    const auto place = [index](const char *key) { return Place { key, -1, index }; };
+    ActionConfig action;
+    readRequired(action.id, object, place("id"));
+    readRequired(action.title, object, place("title"));
+    readRequired(action.iconName, object, place("iconName"));
+    readOptional(action.regex, object, place("regex"));
+    readOptional(action.isEnabled, object, place("isEnabled"));
+    QString type;
+    readRequired(type, object, place("type"));
+    readRequired(action.templateText, object, place("template"));
+    if (const std::optional<ActionType> current = actionTypeFrom(type))
+        action.type = *current;
+    else if (!migrate(action, type))
+        place("type").fail(QStringLiteral("unknown value \"%1\"").arg(type));
+    return action;
+}
+
+const Json &arrayIn(const Json &object, const Place &place)
+{
+    const auto found = object.find(place.key);
+    if (found == object.end())
+        place.fail(QStringLiteral("missing"));
+    if (!found->is_array())
+        place.fail(QStringLiteral("must be an array"));
+    return *found;
+}
+
+AppConfig readConfig(const QByteArray &text)
+{
+    AppConfig config;
+    std::string rootKey;
+    QSet<QString> iconNames; // equal ones share their text
+    // Each action leaves the document as soon as it is read: a tree of a long list would cost much
+    // more memory than the list itself.
+    const auto takeActions = [&](int depth, Json::parse_event_t event, Json &value) {
+        if (depth == 1 && event == Json::parse_event_t::key)
+            rootKey = value.get_ref<const std::string &>();
+        const bool isElement = event == Json::parse_event_t::object_end
+            || event == Json::parse_event_t::array_end || event == Json::parse_event_t::value;
+        if (depth != 2 || !isElement || rootKey != actionsKey)
+            return true;
+        ActionConfig action = readAction(value, config.customActions.size());
+        action.iconName = *iconNames.insert(action.iconName);
+        config.customActions.append(std::move(action));
+        return false;
+    };
+    const Json document = Json::parse(text.cbegin(), text.cend(), takeActions);
+    if (!document.is_object())
+        throw DecodingError { QStringLiteral("must be an object") };
+
+    for (const Json &bundleId : arrayIn(document, { bundleIdsKey })) {
+        const Place place { bundleIdsKey, config.excludedBundleIds.size() };
+        read(config.excludedBundleIds.emplaceBack(), bundleId, place);
+    }
+    static_cast<void>(arrayIn(document, { actionsKey }));
+    visitSettings(config, [&document](const char *key, auto &setting) {
+        readOptional(setting, document, { key });
+    });
+    return config;
+}
+
+// Writing.
+
+void write(std::string &out, bool value)
+{
+    out += value ? "true" : "false";
+}
+
+void write(std::string &out, qint64 value)
+{
+    out += std::to_string(value);
+}
+
+void write(std::string &out, const QString &text)
+{
+    out += Json(text.toStdString()).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+template <typename Enum>
+requires std::is_enum_v<Enum>
+void write(std::string &out, Enum value)
+{
+    write(out, rawValue(value));
+}
+
+void write(std::string &out, const ActionConfig &action);
+
+template <typename T> void write(std::string &out, const QList<T> &list)
+{
+    char separator = '[';
+    for (const T &element : list) {
+        out += std::exchange(separator, ',');
+        write(out, element);
+    }
+    out += list.isEmpty() ? "[]" : "]";
+}
+
+/// Visitor that writes an object's members; optional ones only when they are set.
+struct MemberWriter
+{
+    std::string &out;
+    char separator = '{';
+
+    template <typename T> void operator()(const char *key, const T &value)
+    {
+        out += std::exchange(separator, ',');
+        out.append("\"").append(key).append("\":");
+        write(out, value);
+    }
+
+    template <typename T> void operator()(const char *key, const std::optional<T> &value)
+    {
+        if (value)
+            (*this)(key, *value);
+    }
+};
+
+void write(std::string &out, const ActionConfig &action)
+{
+    MemberWriter member { out };
+    member("id", action.id);
+    member("title", action.title);
+    member("iconName", action.iconName);
+    member("type", action.type);
+    member("template", action.templateText);
+    member("regex", action.regex);
+    member("isEnabled", action.isEnabled);
+    out += '}';
+}
+
+}
+
+QString rawValue(ActionType type)
+{
+    return nameOf(type, actionTypes);
+}
+
+QString rawValue(AppIconType type)
+{
+    return nameOf(type, appIconTypes);
+}
+
+QString rawValue(ThemeMode mode)
+{
+    return nameOf(mode, themeModes);
+}
+
+std::optional<ActionType> actionTypeFrom(const QString &rawValue)
+{
+    return caseNamed<ActionType>(rawValue, actionTypes);
+}
+
+std::optional<AppIconType> appIconTypeFrom(const QString &rawValue)
+{
+    return caseNamed<AppIconType>(rawValue, appIconTypes);
+}
+
+std::optional<ThemeMode> themeModeFrom(const QString &rawValue)
+{
+    return caseNamed<ThemeMode>(rawValue, themeModes);
+}
+
+DecodedConfig decodeConfig(const QByteArray &json)
+{
+    try {
+        return { readConfig(json), QString() };
+    } catch (const DecodingError &error) {
+        return { std::nullopt, error.text };
+    } catch (const Json::exception &error) {
+        return { std::nullopt, QString::fromUtf8(error.what()) };
+    }
+}
+
+QByteArray encodeConfig(const AppConfig &config)
+{
+    std::string out;
+    MemberWriter member { out };
+    member(bundleIdsKey, config.excludedBundleIds);
+    member(actionsKey, config.customActions);
+    visitSettings(config, member);
+    out += '}';
+    return QByteArray::fromStdString(out);
+}
+
+}

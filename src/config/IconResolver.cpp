@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "config/IconResolver.h"
+
+#include "config/ConfigManager.h"
+#include "config/DefaultActions.h"
+#include "config/ImageFile.h"
+#include "config/ResourceBundle.h"
+
+#include <QFileInfo>
+
+namespace Tessel {
+
+namespace {
+
+/// The icon-set name for a system symbol, looked up without its variants ("star.circle",
+/// "bell.fill") where the symbol itself has none.
+QString iconForSymbol(QString symbol)
+{
+    static const QHash<QString, QString> further {
+        { QStringLiteral("exclamationmark.triangle"), QStringLiteral("phosphor_warning") },
+        { QStringLiteral("plus"), QStringLiteral("phosphor_plus") },
+        { QStringLiteral("minus"), QStringLiteral("phosphor_minus") },
+    };
+    while (true) {
+        QString icon = further.value(symbol, DefaultActions::renamedIcon(symbol));
+        const qsizetype dot = symbol.lastIndexOf(u'.');
+        if (icon != symbol || dot < 0)
+            return icon;
+        symbol.truncate(dot);
+    }
+}
+
+}
+
+IconResolver::IconResolver(const ConfigManager &config, const ResourceBundle &bundle)
+    : m_config(config)
+    , m_bundle(bundle)
+{
+}
+
+QImage IconResolver::image(const QString &iconName) const
+{
+    if (const std::optional<QString> path = m_config.getCustomIconURL(iconName)) {
+        const QString rendition = renditionPath(*path);
+        QImage custom = customImage(QFileInfo::exists(rendition) ? rendition : *path);
+        if (!custom.isNull())
+            return custom;
+    }
+    QImage icon = m_bundle.iconImage(iconName);
+    return icon.isNull() ? m_bundle.iconImage(iconForSymbol(iconName)) : icon;
+}
+
+QString IconResolver::renditionPath(const QString &path)
+{
+    return path + QStringLiteral(".png");
+}
+
+QImage IconResolver::customImage(const QString &path) const
+{
+    const QDateTime modified = QFileInfo(path).lastModified();
+    CustomImage &custom = m_customImages[path];
+    if (custom.modified != modified)
+        custom = { modified, readImageFile(path, longestSide) };
+    return custom.image;
+}
+
+}

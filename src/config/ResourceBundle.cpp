@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "config/ResourceBundle.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace Tessel {
+
+namespace {
+
+/// The folder of the program's own bundle.
+QString moduleFolder()
+{
+    const QString installed
+        = QDir::cleanPath(QCoreApplication::applicationDirPath()
+                          + QStringLiteral("/../share/tessel/Tessel_Tessel.bundle"));
+    const QString built = QStringLiteral(TESSEL_BUILD_BUNDLE);
+    for (const QString &folder : { installed, built }) {
+        if (QFileInfo(folder).isDir())
+            return folder;
+    }
+    std::fprintf(stderr, "could not load resource bundle: from %s or %s\n",
+                 qUtf8Printable(installed), qUtf8Printable(built));
+    std::exit(EXIT_FAILURE);
+}
+
+}
+
+ResourceBundle::ResourceBundle(QString folder)
+    : m_folder(std::move(folder))
+{
+}
+
+const ResourceBundle &ResourceBundle::module()
+{
+    static const auto *bundle = new ResourceBundle(moduleFolder());
+    return *bundle;
+}
+
+QString ResourceBundle::path(const QString &name, const QString &extension) const
+{
+    const QString file = m_folder + u'/' + name + u'.' + extension;
+    return QFileInfo(file).isFile() ? file : QString();
+}
+
+QImage ResourceBundle::iconImage(const QString &name) const
+{
+    for (const char *extension : { "png", "svg", "jpg", "jpeg", "gif", "bmp" }) {
+        const QString file = path(name, QLatin1StringView(extension));
+        // Naming the format keeps Qt from loading every image plugin to find it out.
+        QImage image = file.isEmpty() ? QImage() : QImage(file, extension);
+        if (!image.isNull())
+            return image;
+    }
+    return {};
+}
+
+QStringList ResourceBundle::iconSetNames() const
+{
+    const QLatin1StringView extension(".png");
+    QStringList names = QDir(m_folder).entryList({ QStringLiteral("phosphor_*") + extension },
+                                                 QDir::Files, QDir::Unsorted);
+    for (QString &name : names)
+        name.chop(extension.size());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/AppConfig.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace Tessel {
+
+/// The rules by which the list of actions is edited.
+namespace ActionEditing {
+
+/// What "add" makes, with an identifier of its own.
+[[nodiscard]] ActionConfig newAction();
+
+/// The action with another type, and a template for it where that type needs one.
+[[nodiscard]] ActionConfig withType(ActionConfig action, ActionType type);
+
+/// An expression as it is stored: without white space around it, absent when nothing is left.
+[[nodiscard]] std::optional<QString> regexFrom(const QString &typed);
+
+/// Whether the template is a script, which is edited in several lines.
+[[nodiscard]] bool hasScript(ActionType type);
+
+/// Why the action cannot run, as a key of the localised texts; nothing when it can.
+[[nodiscard]] std::optional<QString> problem(const ActionConfig &action);
+
+/// Where a dragged row would go, given where the pointer is in the row under it: before that row,
+/// behind it, or nowhere when the pointer is in its middle.
+[[nodiscard]] std::optional<qsizetype> dropRow(qsizetype rowUnderPointer, int offset,
+                                               int rowHeight);
+
+/// Moves an action to the place before `dropRow` (as counted before the move). False, with nothing
+/// changed, when either is out of range.
+bool move(QList<ActionConfig> &actions, qsizetype source, qsizetype dropRow);
+
+/// A row number as dragged data, and back; nothing when the data are not a row number.
+[[nodiscard]] QByteArray draggedRow(qsizetype row);
+[[nodiscard]] std::optional<qsizetype> rowFromDragged(const QByteArray &data);
+
+}
+
+}

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/ActionsModel.h"
+
+#include "config/ConfigManager.h"
+#include "config/LocalizationManager.h"
+#include "settings/ActionEditing.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+const QString headerKeys[ActionsModel::columns] = {
+    u"Enabled"_s, u"Icon"_s, u"Name"_s, u"Type"_s, u"Template / Command"_s, u"Context (Regex)"_s
+};
+
+}
+
+ActionsModel::ActionsModel(ConfigManager &config, const LocalizationManager &localization,
+                           QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_config(config)
+    , m_localization(localization)
+{
+    for (const QString &key : headerKeys)
+        m_headers.append(localization.localizedString(key));
+}
+
+void ActionsModel::relabel()
+{
+    for (int column = 0; column < regexColumn; ++column)
+        m_headers[column] = m_localization.localizedString(headerKeys[column]);
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns - 1);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
+}
+
+const ActionConfig *ActionsModel::action(int row) const
+{
+    const bool exists = row >= 0 && row < m_config.customActions.size();
+    return exists ? &m_config.customActions.at(row) : nullptr;
+}
+
+template <typename Change> void ActionsModel::change(int row, Change &&change)
+{
+    if (!action(row))
+        return;
+    change(m_config.customActions[row]);
+    Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
+    m_config.save();
+}
+
+void ActionsModel::toggle(int row)
+{
+    change(row, [](ActionConfig &action) { action.isEnabled = !action.isEnabled; });
+}
+
+void ActionsModel::setType(int row, ActionType type)
+{
+    if (const ActionConfig *current = action(row); current && current->type == type)
+        return; // which else would lose its template
+    change(row, [type](ActionConfig &action) { action = ActionEditing::withType(action, type); });
+}
+
+void ActionsModel::setIcon(int row, const QString &iconName)
+{
+    change(row, [&iconName](ActionConfig &action) { action.iconName = iconName; });
+}
+
+void ActionsModel::setTemplate(int row, const QString &text)
+{
+    change(row, [&text](ActionConfig &action) { action.templateText = text; });
+}
+
+int ActionsModel::append()
+{
+    const int row = rowCount();
+    beginInsertRows({}, row, row);
+    m_config.customActions.append(ActionEditing::newAction());
+    endInsertRows();
+    m_config.save();
+    return row;
+}
+
+void ActionsModel::remove(int row)
+{
+    if (!action(row))
+        return;
+    beginRemoveRows({}, row, row);
+    m_config.customActions.removeAt(row);
+    endRemoveRows();
+    m_config.save();
+}
+
+bool ActionsModel::move(int source, int dropRow)
+{
+    QList<ActionConfig> actions = m_config.customActions;
+    if (!ActionEditing::move(actions, source, dropRow))
+        return false;
+    if (beginMoveRows({}, source, source, {}, dropRow)) { // not where it would stay in place
+        m_config.customActions = actions;
+        endMoveRows();
+    }
+    m_config.save();
+    return true;
+}
+
+void ActionsModel::resetToDefaults()
+{
+    beginResetModel();
+    m_config.loadDefaults();
+    endResetModel();
+}
+
+int ActionsModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_config.customActions.size());
+}
+
+int ActionsModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : columns;
+}
+
+QString ActionsModel::shownText(const ActionConfig &action, int column) const
+{
+    switch (column) {
+    case titleColumn:
+        return action.title;
+    case typeColumn:
+        return rawValue(action.type);
+    case templateColumn:
+        return action.templateText;
+    case regexColumn:
+        return action.regex.value_or(QString());
+    default:
+        return {};
+    }
+}
+
+QVariant ActionsModel::data(const QModelIndex &index, int role) const
+{
+    const ActionConfig *action = this->action(index.row());
+    if (!action)
+        return {};
+    const int column = index.column();
+    const auto problem = column == templateColumn ? ActionEditing::problem(*action) : std::nullopt;
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return shownText(*action, column);
+    case Qt::CheckStateRole:
+        return column == enabledColumn ? QVariant(action->isEnabled ? Qt::Checked : Qt::Unchecked)
+                                       : QVariant();
+    case Qt::ToolTipRole:
+        return problem ? m_localization.localizedString(*problem) : QVariant();
+    case Qt::AccessibleTextRole:
+        return column == iconColumn ? QVariant(action->iconName) : shownText(*action, column);
+    case invalidRole:
+        return problem.has_value();
+    case placeholderRole:
+        if (column == regexColumn)
+            return u"Optional"_s;
+        return problem && action->templateText.isEmpty()
+            ? m_localization.localizedString(u"Required"_s)
+            : QString();
+    default:
+        return {};
+    }
+}
+
+QVariant ActionsModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columns)
+        return {};
+    if (role == Qt::TextAlignmentRole) {
+        const bool isText
+            = section == titleColumn || section == templateColumn || section == regexColumn;
+        return int((isText ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter);
+    }
+    return role == Qt::DisplayRole ? m_headers[section] : QVariant();
+}
+
+Qt::ItemFlags ActionsModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
+    const int column = index.column();
+    if (column == enabledColumn)
+        flags |= Qt::ItemIsUserCheckable;
+    const ActionConfig *action = this->action(index.row());
+    const bool isMenu = column == templateColumn && action && action->type == ActionType::builtin;
+    if ((column == titleColumn || column == templateColumn || column == regexColumn) && !isMenu)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool ActionsModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    change(index.row(), [&](ActionConfig &action) {
+        const QString text = value.toString();
+        if (index.column() == titleColumn)
+            action.title = text.trimmed();
+        else if (index.column() == templateColumn)
+            action.templateText = text.trimmed();
+        else
+            action.regex = ActionEditing::regexFrom(text);
+    });
+    return true;
+}
+
+}

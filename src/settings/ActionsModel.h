@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/AppConfig.h"
+
+#include <QAbstractTableModel>
+
+namespace Tessel {
+
+class ConfigManager;
+class LocalizationManager;
+
+/// The actions of the configuration as a table. Each change is written into the configuration and
+/// saved at once; what is typed is stored also when it cannot run, and flagged.
+class ActionsModel final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column { enabledColumn, iconColumn, titleColumn, typeColumn, templateColumn, regexColumn };
+    static constexpr int columns = 6;
+    static constexpr ActionType actionTypes[]
+        = { ActionType::url, ActionType::shortcut, ActionType::shellScript, ActionType::appleScript,
+            ActionType::builtin };
+
+    /// True for a template that cannot run; its tool tip says why.
+    static constexpr int invalidRole = Qt::UserRole;
+    /// What an empty field shows.
+    static constexpr int placeholderRole = Qt::UserRole + 1;
+
+    /// Borrows both.
+    ActionsModel(ConfigManager &config, const LocalizationManager &localization,
+                 QObject *parent = nullptr);
+
+    /// Null when there is no such row.
+    [[nodiscard]] const ActionConfig *action(int row) const;
+
+    // Rows that do not exist are passed over.
+    void toggle(int row);
+    void setType(int row, ActionType type);
+    void setIcon(int row, const QString &iconName);
+    void setTemplate(int row, const QString &text); ///< as it is, with its white space
+    int append(); ///< gives the row of the new action
+    void remove(int row);
+    bool move(int source, int dropRow); ///< to the place before `dropRow`; false: refused
+    void resetToDefaults();
+
+    /// Puts the headers, but that of the expressions, into the current language.
+    void relabel();
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    /// Stores the text of a single-line field, without white space around it.
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+
+private:
+    template <typename Change> void change(int row, Change &&change);
+    [[nodiscard]] QString shownText(const ActionConfig &action, int column) const;
+
+    ConfigManager &m_config;
+    const LocalizationManager &m_localization;
+    QStringList m_headers;
+};
+
+}

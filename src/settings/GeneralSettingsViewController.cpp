@@ -1,0 +1,311 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/GeneralSettingsViewController.h"
+
+#include "base/Log.h"
+#include "config/ConfigManager.h"
+#include "config/IconResolver.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "settings/ApplicationChooser.h"
+#include "settings/ExcludedAppsModel.h"
+#include "settings/IconSelectionButton.h"
+#include "settings/SegmentedControl.h"
+#include "settings/SettingsLayout.h"
+#include "settings/SettingsSwitch.h"
+#include "settings/ShortcutRecorderControl.h"
+#include "windows/ApplicationIcon.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QTableView>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+using namespace SettingsLayout;
+
+namespace {
+
+constexpr QSize artworkSize(64, 64);
+constexpr double artworkShare = 0.85;
+
+struct IconChoice
+{
+    AppIconType type;
+    QStringView name;
+};
+
+constexpr IconChoice iconChoices[] = {
+    { AppIconType::standard, u"Default" },
+    { AppIconType::light, u"Light" },
+    { AppIconType::neon, u"Neon" },
+};
+
+/// Leaves the wheel to the page, which else could not be scrolled without changing a setting.
+class PopUpButton final : public QComboBox
+{
+protected:
+    void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
+
+QComboBox *popUpButton(const QList<std::pair<QString, QString>> &titlesAndValues,
+                       const QString &current, const QString &name)
+{
+    auto *button = new PopUpButton;
+    for (const auto &[title, value] : titlesAndValues)
+        button->addItem(title, value);
+    button->setCurrentIndex(button->findData(current));
+    button->setAccessibleName(name);
+    return button;
+}
+
+}
+
+GeneralSettingsViewController::GeneralSettingsViewController(SettingsDependencies dependencies,
+                                                             QWidget *parent)
+    : QWidget(parent)
+    , m_dependencies(dependencies)
+{
+    stack(this, Qt::Vertical, 0);
+    setupUI();
+    connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
+            &GeneralSettingsViewController::reloadUI);
+}
+
+void GeneralSettingsViewController::setupUI()
+{
+    auto *content = new QWidget;
+    QBoxLayout *column = stack(content, Qt::Vertical, 30);
+    column->setContentsMargins(30, 24, 30, 30);
+    for (QWidget *section : { appearanceSection(), behaviorSection(), exclusionSection() })
+        column->addWidget(section);
+    column->addStretch();
+
+    m_scrollArea = new QScrollArea;
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_scrollArea->setWidget(content);
+    layout()->addWidget(m_scrollArea);
+}
+
+/// Everything is made anew, so that no text can be left in the old language.
+void GeneralSettingsViewController::reloadUI()
+{
+    const int position = m_scrollArea->verticalScrollBar()->value();
+    const bool hadFocus = m_languageButton->hasFocus();
+    m_iconButtons.clear();
+    m_scrollArea->hide();
+    layout()->removeWidget(m_scrollArea);
+    m_scrollArea->deleteLater(); // it may hold the control that brought us here
+    setupUI();
+    m_scrollArea->show();
+    m_scrollArea->verticalScrollBar()->setValue(position);
+    if (hadFocus)
+        m_languageButton->setFocus(Qt::OtherFocusReason);
+}
+
+QString GeneralSettingsViewController::text(const char *key) const
+{
+    return m_dependencies.localization.localizedString(QString::fromLatin1(key));
+}
+
+QWidget *GeneralSettingsViewController::appearanceSection()
+{
+    auto *rows = new QWidget;
+    QBoxLayout *row = stack(rows, Qt::Horizontal, 40);
+    for (QWidget *part : { languageRow(), themeRow() }) {
+        part->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+        row->addWidget(part);
+    }
+    row->addStretch();
+    return section(
+        u"Appearance"_s,
+        { rows, separator(), label(u"App Icon"_s, 13, QFont::DemiBold), iconGrid(), separator() });
+}
+
+QWidget *GeneralSettingsViewController::languageRow()
+{
+    using Manager = LocalizationManager;
+    m_languageButton = popUpButton(
+        { { u"English"_s, u"en"_s }, { u"한국어"_s, u"ko"_s }, { u"中文"_s, u"zh"_s } },
+        Manager::code(m_dependencies.localization.currentLanguage), text("Language"));
+    connect(m_languageButton, &QComboBox::activated, this,
+            [this] { changeLanguage(m_languageButton->currentData().toString()); });
+    return row(10, { label(text("Language") + u':'), m_languageButton });
+}
+
+QWidget *GeneralSettingsViewController::themeRow()
+{
+    auto *button = popUpButton({ { u"System"_s, rawValue(ThemeMode::system) },
+                                 { u"Light"_s, rawValue(ThemeMode::light) },
+                                 { u"Dark"_s, rawValue(ThemeMode::dark) } },
+                               rawValue(m_dependencies.config.themeMode), u"Theme"_s);
+    connect(button, &QComboBox::activated, this, [this, button] {
+        if (const auto mode = themeModeFrom(button->currentData().toString())) {
+            m_dependencies.config.themeMode = *mode;
+            m_dependencies.config.save();
+        }
+    });
+    return row(10, { label(u"Theme:"_s), button });
+}
+
+QWidget *GeneralSettingsViewController::iconGrid()
+{
+    auto *grid = new QWidget;
+    QBoxLayout *columns = stack(grid, Qt::Horizontal, 20);
+    for (const IconChoice &choice : iconChoices) {
+        auto *button = new IconSelectionButton;
+        button->setAccessibleName(choice.name.toString());
+        button->setPicture(QPixmap::fromImage(applicationArtwork(
+            choice.type, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
+        button->setSelectedIcon(choice.type == m_dependencies.config.appIcon);
+        connect(button, &QAbstractButton::clicked, this,
+                [this, type = choice.type] { changeAppIcon(type); });
+        m_iconButtons.insert(choice.type, button);
+        auto *column = new QWidget;
+        QBoxLayout *parts = stack(column, Qt::Vertical, 4);
+        parts->addWidget(button, 0, Qt::AlignHCenter);
+        parts->addWidget(secondaryLabel(choice.name.toString(), 11), 0, Qt::AlignHCenter);
+        columns->addWidget(column);
+    }
+    columns->addStretch();
+    return grid;
+}
+
+QWidget *GeneralSettingsViewController::behaviorSection()
+{
+    ConfigManager &config = m_dependencies.config;
+    const auto switchRow = [&config](const QString &title, bool isOn, auto &&apply) {
+        auto *control = new SettingsSwitch;
+        control->setAccessibleName(title);
+        control->setChecked(isOn);
+        connect(control, &QAbstractButton::toggled, control, [&config, apply](bool isNowOn) {
+            apply(isNowOn);
+            config.save();
+        });
+        return row(12, { control, label(title) });
+    };
+    auto *switches = new QWidget;
+    QBoxLayout *column = stack(switches, Qt::Vertical, 12);
+    column->addWidget(switchRow(u"Show Tooltips"_s, config.showTooltips,
+                                [&config](bool isOn) { config.showTooltips = isOn; }));
+    column->addWidget(switchRow(u"Show Keyboard Shortcuts"_s, config.showKeyboardShortcuts.value(),
+                                [&config](bool isOn) { config.showKeyboardShortcuts = isOn; }));
+    column->addWidget(
+        switchRow(u"Keep Settings Window on Top"_s, config.alwaysOnTop, [this, &config](bool isOn) {
+            config.alwaysOnTop = isOn;
+            Q_EMIT alwaysOnTopChanged(isOn);
+        }));
+    return section(u"Behavior"_s, { triggerRow(), switches, separator() });
+}
+
+QWidget *GeneralSettingsViewController::triggerRow()
+{
+    ConfigManager &config = m_dependencies.config;
+    auto *recorder = new ShortcutRecorderControl(config.triggerKeyCode, config.triggerModifiers);
+    recorder->setAccessibleName(text("Trigger Shortcut"));
+    recorder->onShortcutChanged = [&config](qint64 keyCode, qint64 modifierFlags) {
+        config.triggerKeyCode = keyCode;
+        config.triggerModifiers = modifierFlags;
+        config.save();
+    };
+    return row(10, { label(text("Trigger Shortcut") + u':'), recorder });
+}
+
+QWidget *GeneralSettingsViewController::exclusionSection()
+{
+    auto *control = new SegmentedControl;
+    control->addSegment(m_dependencies.icons.image(u"plus"_s), u"Add"_s);
+    control->addSegment(m_dependencies.icons.image(u"minus"_s), u"Remove"_s);
+    connect(control, &SegmentedControl::triggered, this,
+            &GeneralSettingsViewController::handleExcludedAppsAction);
+    return section(
+        u"Exclusion"_s,
+        { label(text("Excluded Apps"), 13, QFont::DemiBold), excludedAppsTable(), control });
+}
+
+QWidget *GeneralSettingsViewController::excludedAppsTable()
+{
+    m_tableView = new QTableView;
+    m_excludedApps = new ExcludedAppsModel(m_dependencies.config, text("Bundle ID"), m_tableView);
+    m_tableView->setModel(m_excludedApps);
+    m_tableView->setFixedSize(500, 160);
+    m_tableView->setAccessibleName(text("Excluded Apps"));
+    m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_tableView->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_tableView->setEditTriggers(QAbstractItemView::DoubleClicked
+                                 | QAbstractItemView::SelectedClicked
+                                 | QAbstractItemView::EditKeyPressed);
+    m_tableView->setTabKeyNavigation(false);
+    m_tableView->setShowGrid(false);
+    m_tableView->setAlternatingRowColors(true);
+    m_tableView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_tableView->horizontalHeader()->setHighlightSections(false);
+    m_tableView->verticalHeader()->hide();
+    m_tableView->verticalHeader()->setDefaultSectionSize(24);
+    auto *edit = new QShortcut(Qt::Key_Return, m_tableView);
+    edit->setContext(Qt::WidgetShortcut);
+    connect(edit, &QShortcut::activated, m_tableView,
+            [this] { m_tableView->edit(m_tableView->currentIndex()); });
+    connect(&m_dependencies.notifications, &NotificationCenter::configDidChange, m_excludedApps,
+            &ExcludedAppsModel::refresh);
+    return m_tableView;
+}
+
+void GeneralSettingsViewController::changeLanguage(const QString &code)
+{
+    const auto language = LocalizationManager::languageFrom(code);
+    if (!language)
+        return;
+    ConfigManager &config = m_dependencies.config;
+    config.save(); // what listens to the save still speaks the old language
+    m_dependencies.localization.currentLanguage = *language;
+    Q_EMIT m_dependencies.notifications.languageDidChange();
+    config.language = code;
+    config.save();
+}
+
+void GeneralSettingsViewController::changeAppIcon(AppIconType type)
+{
+    m_dependencies.config.appIcon = type;
+    m_dependencies.config.save();
+    for (auto it = m_iconButtons.cbegin(); it != m_iconButtons.cend(); ++it)
+        it.value()->setSelectedIcon(it.key() == type);
+    applyApplicationIcon(type, m_dependencies.bundle);
+}
+
+void GeneralSettingsViewController::handleExcludedAppsAction(int segment)
+{
+    if (segment == 0)
+        addExcludedApp();
+    else if (const auto rows = m_tableView->selectionModel()->selectedRows(); !rows.isEmpty())
+        m_excludedApps->remove(rows.first().row());
+}
+
+void GeneralSettingsViewController::addExcludedApp()
+{
+    auto *chooser = new ApplicationChooser(m_dependencies.workspace, m_dependencies.localization,
+                                           m_dependencies.icons, window());
+    connect(chooser, &ApplicationChooser::chosen, m_excludedApps, &ExcludedAppsModel::add);
+    chooser->open();
+}
+
+void GeneralSettingsViewController::clearIconCache()
+{
+    Log::print(QStringLiteral("DEBUG: clearIconCache called - clearing %1 icon buttons")
+                   .arg(m_iconButtons.size()));
+    for (IconSelectionButton *button : std::as_const(m_iconButtons))
+        button->setPicture({});
+    m_iconButtons.clear();
+}
+
+}

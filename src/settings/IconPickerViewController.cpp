@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/IconPickerViewController.h"
+
+#include "base/HelperFolder.h"
+#include "base/Log.h"
+#include "config/ConfigManager.h"
+#include "config/IconResolver.h"
+#include "config/ResourceBundle.h"
+#include "settings/IconCellDelegate.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QStringListModel>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr QSize pickerSize(300, 400);
+constexpr int inset = 10;
+constexpr int distance = 4; ///< from what it belongs to
+
+/// What is offered when the icon set is missing.
+QStringList fallbackIcons()
+{
+    return { u"phosphor_copy"_s, u"phosphor_magnifying-glass"_s,
+             u"phosphor_hash"_s, u"phosphor_text-aa"_s,
+             u"phosphor_star"_s, u"phosphor_heart"_s };
+}
+
+QStringList offeredIcons(const ResourceBundle &bundle)
+{
+    const QStringList names = bundle.iconSetNames();
+    return names.isEmpty() ? fallbackIcons() : names;
+}
+
+}
+
+IconPickerViewController::IconPickerViewController(Dependencies dependencies, QWidget *parent)
+    : QWidget(parent, Qt::Popup)
+    , m_dependencies(dependencies)
+    , m_allIcons(offeredIcons(dependencies.bundle))
+    , m_filteredIcons(new QStringListModel(m_allIcons, this))
+    , m_searchField(new QLineEdit(this))
+    , m_collectionView(new QListView(this))
+{
+    Log::print(QStringLiteral("DEBUG IconPicker: Loaded %1 icons").arg(m_allIcons.size()));
+    setFixedSize(pickerSize);
+    setupControls();
+}
+
+void IconPickerViewController::setupControls()
+{
+    m_searchField->setGeometry(inset, inset, 200, 30);
+    m_searchField->setPlaceholderText(QStringLiteral("Search %1 icons...").arg(m_allIcons.size()));
+    m_searchField->setAccessibleName(m_searchField->placeholderText());
+    connect(m_searchField, &QLineEdit::textChanged, this, &IconPickerViewController::filter);
+
+    auto *import = new QPushButton(u"Import..."_s, this);
+    import->setGeometry(220, inset, 70, 30);
+    connect(import, &QPushButton::clicked, this, &IconPickerViewController::chooseFile);
+
+    m_collectionView->setGeometry(inset, 50, 280, 340);
+    m_collectionView->setAccessibleName(u"Icons"_s);
+    m_collectionView->setFrameShape(QFrame::NoFrame);
+    m_collectionView->setViewMode(QListView::IconMode);
+    m_collectionView->setMovement(QListView::Static);
+    m_collectionView->setResizeMode(QListView::Adjust);
+    m_collectionView->setUniformItemSizes(true);
+    m_collectionView->setGridSize(IconCellDelegate::gridSize);
+    m_collectionView->setVerticalScrollMode(QListView::ScrollPerPixel);
+    m_collectionView->setMouseTracking(true);
+    m_collectionView->viewport()->setBackgroundRole(QPalette::Window);
+    m_collectionView->setItemDelegate(new IconCellDelegate(m_dependencies.icons, m_collectionView));
+    m_collectionView->setModel(m_filteredIcons);
+    const auto chooseIndex = [this](const QModelIndex &index) { choose(index.data().toString()); };
+    connect(m_collectionView, &QListView::clicked, this, chooseIndex);
+    for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space }) {
+        auto *pick = new QShortcut(key, m_collectionView);
+        pick->setContext(Qt::WidgetShortcut);
+        connect(pick, &QShortcut::activated, this,
+                [this, chooseIndex] { chooseIndex(m_collectionView->currentIndex()); });
+    }
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+    m_searchField->setFocus();
+}
+
+void IconPickerViewController::showBeside(const QRect &area)
+{
+    const QRect available = screen()->availableGeometry();
+    const int bottom = available.y() + available.height();
+    const auto clamped = [](int value, int first, int size, int own) { // within the screen
+        return std::clamp(value, first, std::max(first, first + size - own));
+    };
+    QPoint place(area.x() + (area.width() - width()) / 2, area.y() + area.height() + distance);
+    if (place.y() + height() > bottom)
+        place.setY(area.y() - height() - distance);
+    if (place.y() < available.y())
+        place = { area.x() + area.width() + distance, bottom };
+    move(clamped(place.x(), available.x(), available.width(), width()),
+         clamped(place.y(), available.y(), available.height(), height()));
+    show();
+}
+
+void IconPickerViewController::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void IconPickerViewController::filter(const QString &text)
+{
+    QStringList found;
+    for (const QString &name : std::as_const(m_allIcons)) {
+        if (name.contains(text, Qt::CaseInsensitive))
+            found.append(name);
+    }
+    m_filteredIcons->setStringList(found);
+}
+
+void IconPickerViewController::choose(const QString &iconName)
+{
+    if (!iconName.isEmpty())
+        QMetaObject::invokeMethod(
+            this, [this, iconName] { Q_EMIT didSelectIcon(iconName); }, Qt::QueuedConnection);
+}
+
+/// The picker hides behind the dialog and lives until that is done.
+void IconPickerViewController::chooseFile()
+{
+    auto *dialog = new QFileDialog(
+        parentWidget()->window(), u"Import"_s,
+        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
+        u"Images (*.png *.jpg *.jpeg *.tiff *.icns *.PNG *.JPG *.JPEG *.TIFF *.ICNS)"_s);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, this, &IconPickerViewController::importIcon);
+    connect(dialog, &QFileDialog::rejected, this, &QObject::deleteLater);
+    m_isImporting = true;
+    hide();
+    dialog->open();
+}
+
+void IconPickerViewController::importIcon(const QString &path)
+{
+    const auto name = m_dependencies.config.saveCustomIcon(path);
+    const auto copy = name ? m_dependencies.config.getCustomIconURL(*name) : std::nullopt;
+    if (!copy)
+        return deleteLater();
+    CommandRequest request;
+    request.program = helperFolder() + u"/tessel-icon-import"_s;
+    request.arguments = { *copy, IconResolver::renditionPath(*copy) };
+    m_importer.run(request, [this, name](const CommandResult &result) {
+        if (result.launchError)
+            Log::print(u"ERROR: tessel-icon-import: "_s + *result.launchError);
+        else if (result.exitStatus != 0)
+            Log::print(u"ERROR: "_s + QString::fromUtf8(result.errorOutput).trimmed());
+        Q_EMIT didSelectIcon(*name);
+        deleteLater();
+    });
+}
+
+void IconPickerViewController::cleanup()
+{
+    m_filteredIcons->setStringList({});
+}
+
+void IconPickerViewController::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (!m_isImporting)
+        deleteLater();
+}
+
+}

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsLayout.h"
+
+namespace Tessel {
+
+QBoxLayout *SettingsLayout::stack(QWidget *widget, Qt::Orientation orientation, int spacing)
+{
+    const auto direction
+        = orientation == Qt::Vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
+    auto *layout = new QBoxLayout(direction, widget);
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+QWidget *SettingsLayout::row(int spacing, const QList<QWidget *> &widgets)
+{
+    auto *row = new QWidget;
+    QBoxLayout *layout = stack(row, Qt::Horizontal, spacing);
+    for (QWidget *widget : widgets)
+        layout->addWidget(widget, 0, Qt::AlignVCenter);
+    layout->addStretch();
+    return row;
+}
+
+QWidget *SettingsLayout::section(const QString &title, const QList<QWidget *> &widgets)
+{
+    auto *section = new QWidget;
+    QBoxLayout *layout = stack(section, Qt::Vertical, 16);
+    layout->addWidget(secondaryLabel(title, 15, QFont::Bold));
+    for (QWidget *widget : widgets)
+        layout->addWidget(widget);
+    return section;
+}
+
+QWidget *SettingsLayout::separator()
+{
+    auto *line = new QWidget;
+    line->setFixedHeight(1);
+    line->setAutoFillBackground(true);
+    line->setBackgroundRole(QPalette::Mid);
+    return line;
+}
+
+QLabel *SettingsLayout::label(const QString &text, int pixels, QFont::Weight weight)
+{
+    auto *label = new QLabel(text);
+    QFont font = label->font();
+    font.setPixelSize(pixels);
+    font.setWeight(weight);
+    label->setFont(font);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLabel *SettingsLayout::secondaryLabel(const QString &text, int pixels, QFont::Weight weight)
+{
+    QLabel *secondary = label(text, pixels, weight);
+    secondary->setForegroundRole(QPalette::PlaceholderText);
+    return secondary;
+}
+
+}

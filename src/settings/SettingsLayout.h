@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QBoxLayout>
+#include <QLabel>
+
+namespace Tessel {
+
+/// What the settings' tabs are put together from. Sizes of fonts and distances are in pixels.
+namespace SettingsLayout {
+
+/// Gives the widget a layout without margins.
+QBoxLayout *stack(QWidget *widget, Qt::Orientation orientation, int spacing);
+
+/// The widgets from left to right, at the leading edge.
+[[nodiscard]] QWidget *row(int spacing, const QList<QWidget *> &widgets);
+
+/// A title with the widgets below it.
+[[nodiscard]] QWidget *section(const QString &title, const QList<QWidget *> &widgets);
+
+[[nodiscard]] QWidget *separator();
+[[nodiscard]] QLabel *label(const QString &text, int pixels = 13,
+                            QFont::Weight weight = QFont::Normal);
+[[nodiscard]] QLabel *secondaryLabel(const QString &text, int pixels,
+                                     QFont::Weight weight = QFont::Normal);
+
+}
+
+}

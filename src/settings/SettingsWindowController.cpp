@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsWindowController.h"
+
+#include "base/FileLogger.h"
+#include "config/ConfigManager.h"
+#include "config/IconResolver.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "platform/Workspace.h"
+#include "settings/ActionsSettingsViewController.h"
+#include "settings/GeneralSettingsViewController.h"
+#include "settings/SettingsLayout.h"
+#include "settings/ToolbarTabBar.h"
+#include "windows/ApplicationIcon.h"
+#include "windows/WindowCommands.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QWindow>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr QSize windowSize(810, 450);
+constexpr int fontSize = 13; // pixels
+
+}
+
+SettingsWindowController::SettingsWindowController(SettingsDependencies dependencies)
+    : m_dependencies(dependencies)
+    , m_tabs(new ToolbarTabBar)
+{
+    FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(u"Tessel Preferences"_s);
+    QFont font = this->font();
+    font.setPixelSize(fontSize);
+    setFont(font);
+    setMinimumSize(windowSize);
+    resize(windowSize);
+    setFloating(dependencies.config.alwaysOnTop);
+    addWindowCommands(this);
+    FileLogger::log(u"DEBUG: Window created"_s);
+    setupTabs();
+    languageChanged();
+    FileLogger::log(u"DEBUG: SettingsWindowController setup complete"_s);
+    connect(&dependencies.notifications, &NotificationCenter::languageDidChange, this,
+            &SettingsWindowController::languageChanged);
+}
+
+void SettingsWindowController::setupTabs()
+{
+    const IconResolver &icons = m_dependencies.icons;
+    auto *pages = new QStackedWidget;
+    FileLogger::log(u"DEBUG: Creating General Settings VC"_s);
+    m_general = new GeneralSettingsViewController(m_dependencies);
+    pages->addWidget(m_general);
+    m_tabs->addTab(icons.image(u"gear"_s), u"General"_s);
+    FileLogger::log(u"DEBUG: Creating Actions Settings VC"_s);
+    m_actions = new ActionsSettingsViewController(m_dependencies);
+    pages->addWidget(m_actions);
+    m_tabs->addTab(icons.image(u"star"_s), u"Actions"_s);
+    connect(m_tabs, &QTabBar::currentChanged, pages, &QStackedWidget::setCurrentIndex);
+    connect(m_general, &GeneralSettingsViewController::alwaysOnTopChanged, this,
+            &SettingsWindowController::setFloating);
+
+    for (const auto keys : { QKeySequence::NextChild, QKeySequence::PreviousChild }) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                [this] { m_tabs->setCurrentIndex(1 - m_tabs->currentIndex()); });
+    }
+
+    auto *content = new QWidget;
+    content->setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
+    QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
+    column->addSpacing(4);
+    column->addWidget(m_tabs, 0, Qt::AlignHCenter);
+    column->addSpacing(4);
+    column->addWidget(SettingsLayout::separator());
+    column->addWidget(pages);
+    setCentralWidget(content);
+    content->setFocus(); // no control is marked before the keyboard is used
+}
+
+void SettingsWindowController::showWindow()
+{
+    applyApplicationIcon(m_dependencies.config.appIcon, m_dependencies.bundle);
+    if (isVisible()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        m_dependencies.workspace.bringToFront(winId());
+        return;
+    }
+    const QScreen *userScreen = QGuiApplication::screenAt(QCursor::pos());
+    const QRect area = (userScreen ? userScreen : screen())->availableGeometry();
+    move(area.center() - rect().center());
+    show();
+    raise();
+    activateWindow();
+}
+
+void SettingsWindowController::setFloating(bool isFloating)
+{
+    Qt::WindowFlags flags = windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, isFloating);
+    overrideWindowFlags(flags); // setting them would hide the window
+    if (windowHandle())
+        windowHandle()->setFlags(flags);
+}
+
+void SettingsWindowController::languageChanged()
+{
+    m_tabs->setTabText(0, m_dependencies.localization.localizedString(u"General"_s));
+    m_tabs->setTabText(1, m_dependencies.localization.localizedString(u"Actions"_s));
+}
+
+void SettingsWindowController::closeEvent(QCloseEvent *event)
+{
+    windowWillClose();
+    QMainWindow::closeEvent(event);
+}
+
+void SettingsWindowController::windowWillClose()
+{
+    FileLogger::log(u"DEBUG: windowWillClose - starting cleanup"_s);
+    if (QWidget *field = focusWidget())
+        field->clearFocus(); // stores what is being typed
+    m_general->clearIconCache();
+    m_actions->cleanup();
+    FileLogger::log(u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s);
+    if (const auto callback = std::exchange(onClose, {}))
+        callback();
+}
+
+}

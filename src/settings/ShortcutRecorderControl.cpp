@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "settings/ShortcutRecorderControl.h"
+
+#include "base/KeyCodes.h"
+#include "settings/KeyNames.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace Tessel {
+
+namespace {
+
+constexpr double radius = 5;
+
+qint64 modifierBits(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? KeyCodes::shift : 0)
+        | (modifiers & Qt::ControlModifier ? KeyCodes::control : 0)
+        | (modifiers & Qt::AltModifier ? KeyCodes::option : 0)
+        | (modifiers & Qt::MetaModifier ? KeyCodes::command : 0);
+}
+
+}
+
+ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifierFlags,
+                                                 QWidget *parent)
+    : QWidget(parent)
+    , m_keyCode(keyCode)
+    , m_modifierFlags(modifierFlags & KeyCodes::modifierMask)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setFixedSize(120, 24);
+    setToolTip(QStringLiteral("Click to record shortcut"));
+    setAccessibleDescription(text());
+}
+
+QString ShortcutRecorderControl::text() const
+{
+    return m_isRecording ? QStringLiteral("Type shortcut...")
+                         : shortcutText(m_keyCode, m_modifierFlags);
+}
+
+bool ShortcutRecorderControl::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && m_isRecording) {
+        event->accept(); // the keys of our own windows can be recorded too
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (m_isRecording && !movesFocus(*key)) {
+            keyPressEvent(key); // else QWidget would keep Tab for itself
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+/// Who came by Tab wants to go on by Tab.
+bool ShortcutRecorderControl::movesFocus(const QKeyEvent &event) const
+{
+    return m_cameByTab && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
+        && !(event.modifiers() & ~Qt::ShiftModifier);
+}
+
+void ShortcutRecorderControl::mousePressEvent(QMouseEvent *)
+{
+    m_cameByTab = false;
+    setFocus(Qt::MouseFocusReason);
+    setRecording(true);
+}
+
+void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
+{
+    event->accept();
+    const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
+    if (!m_isRecording || !keyCode || KeyCodes::isModifier(*keyCode))
+        return;
+    if (*keyCode != KeyCodes::keyEscape) {
+        m_keyCode = *keyCode;
+        m_modifierFlags = modifierBits(event->modifiers());
+        if (onShortcutChanged)
+            onShortcutChanged(m_keyCode, m_modifierFlags);
+    }
+    setRecording(false);
+    clearFocus();
+}
+
+void ShortcutRecorderControl::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
+        return; // nobody asked for it when the window comes back
+    m_cameByTab
+        = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    setRecording(true);
+}
+
+void ShortcutRecorderControl::focusOutEvent(QFocusEvent *event)
+{
+    setRecording(false);
+    QWidget::focusOutEvent(event);
+}
+
+void ShortcutRecorderControl::hideEvent(QHideEvent *)
+{
+    setRecording(false);
+}
+
+void ShortcutRecorderControl::setRecording(bool isRecording)
+{
+    if (m_isRecording == isRecording)
+        return;
+    m_isRecording = isRecording;
+    if (isRecording)
+        grabKeyboard();
+    else
+        releaseKeyboard();
+    setAccessibleDescription(text());
+    update();
+}
+
+void ShortcutRecorderControl::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(m_isRecording ? QPalette::Highlight : QPalette::Mid));
+    painter.setBrush(palette().base());
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.setPen(palette().color(m_isRecording ? QPalette::PlaceholderText : QPalette::Text));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QTabBar>
+
+namespace Tessel {
+
+/// Tabs as buttons of a tool bar: an icon with its label below.
+class ToolbarTabBar final : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    explicit ToolbarTabBar(QWidget *parent = nullptr);
+
+    /// The name is for assistive technology; the label is set by setTabText().
+    void addTab(const QImage &templateImage, const QString &accessibleName);
+
+protected:
+    [[nodiscard]] QSize tabSizeHint(int index) const override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void drawTab(QPainter &painter, int index) const;
+
+    QList<QImage> m_images;
+};
+
+}

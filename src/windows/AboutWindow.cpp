@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "windows/AboutWindow.h"
+
+#include "windows/WindowCommands.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace Tessel {
+
+namespace {
+
+QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight)
+{
+    auto *label = new QLabel(text);
+    QFont font = label->font();
+    font.setPixelSize(pixels);
+    font.setWeight(weight);
+    label->setFont(font);
+    label->setAlignment(Qt::AlignCenter);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+}
+
+AboutWindow::AboutWindow(const QImage &icon)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(QStringLiteral("About Tessel"));
+    addWindowCommands(this);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+
+    auto *picture = new QLabel;
+    picture->setPixmap(QPixmap::fromImage(icon));
+    picture->setAlignment(Qt::AlignCenter);
+    auto *links = centredLabel(
+        QStringLiteral("Icons: <a href=\"https://phosphoricons.com\">Phosphor</a>, MIT<br>"
+                       "Built with <a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3")
+            .arg(QLatin1StringView(qVersion())),
+        12, QFont::Normal);
+    links->setOpenExternalLinks(true);
+    links->setTextInteractionFlags(Qt::TextBrowserInteraction);
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(48, 28, 48, 32);
+    column->setSpacing(6);
+    column->addWidget(picture);
+    column->addWidget(centredLabel(QStringLiteral("Tessel"), 22, QFont::Bold));
+    column->addWidget(centredLabel(
+        QStringLiteral("Version %1").arg(QApplication::applicationVersion()), 13, QFont::Normal));
+    column->addSpacing(10);
+    column->addWidget(centredLabel(QStringLiteral("© 2026 The Tessel developers\nMIT License"), 12,
+                                   QFont::Normal));
+    column->addWidget(links);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void AboutWindow::open(const QImage &icon)
+{
+    static QPointer<AboutWindow> window;
+    if (!window)
+        window = new AboutWindow(icon);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+}

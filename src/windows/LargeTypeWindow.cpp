@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "windows/LargeTypeWindow.h"
+
+#include "platform/PopupHost.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QWindow>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr int fontSize = 72;
+constexpr double share = 0.8; ///< of the screen that the text may take, each way
+constexpr QRect withoutScreen(0, 0, 800, 600);
+/// More than fits on any screen; what is longer would only cost time to lay out.
+constexpr qsizetype mostCharacters = 20'000;
+/// For a key whose release never comes.
+constexpr auto longestPress = 3s;
+constexpr auto afterRelease = 50ms;
+
+QPointer<LargeTypeWindow> shown;
+
+}
+
+void LargeTypeWindow::show(PopupHost &host, const QString &text)
+{
+    host.locate().then(&host, [&host, text](const PopupLocation &location) {
+        if (shown)
+            shown->closeWindow();
+        auto *window = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen));
+        shown = window;
+        window->winId();
+        host.adopt(window->windowHandle());
+        window->setVisible(true);
+        host.takeKeyboard(window->windowHandle());
+    });
+}
+
+LargeTypeWindow *LargeTypeWindow::current()
+{
+    return shown;
+}
+
+LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame)
+    : QWidget(nullptr,
+              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
+                  | Qt::NoDropShadowWindowHint)
+    , m_host(host)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle(QStringLiteral("Tessel Large Type"));
+    setAccessibleName(text.left(mostCharacters));
+    m_leaving.setSingleShot(true);
+    connect(&m_leaving, &QTimer::timeout, this, &LargeTypeWindow::closeWindow);
+    setGeometry(frame);
+    layOut(text.left(mostCharacters));
+}
+
+/// Paragraph by paragraph and line by line, until the box is full.
+void LargeTypeWindow::layOut(const QString &text)
+{
+    const double boxWidth = width() * share;
+    const double boxHeight = height() * share;
+    QFont large = font();
+    large.setPixelSize(fontSize);
+    large.setBold(true);
+    QTextOption option(Qt::AlignHCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    for (const QString &paragraph : text.split(u'\n')) {
+        auto layout = std::make_unique<QTextLayout>(paragraph, large);
+        layout->setTextOption(option);
+        layout->beginLayout();
+        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+            line.setLineWidth(boxWidth);
+            if (m_textHeight + line.height() > boxHeight) {
+                line.setNumColumns(0); // cut off here
+                layout->endLayout();
+                m_paragraphs.push_back(std::move(layout));
+                return;
+            }
+            line.setPosition({ 0, m_textHeight });
+            m_textHeight += line.height();
+        }
+        layout->endLayout();
+        m_paragraphs.push_back(std::move(layout));
+    }
+}
+
+void LargeTypeWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0, 0, 0, 217));
+    painter.setPen(Qt::white);
+    const QRectF box(width() * (1 - share) / 2, (height() - m_textHeight) / 2, width() * share,
+                     m_textHeight);
+    painter.setClipRect(box.adjusted(-fontSize, 0, fontSize, 0));
+    for (const auto &paragraph : m_paragraphs)
+        paragraph->draw(&painter, box.topLeft());
+}
+
+/// The press must not reach the window below, nor may its repetitions and its release: the keyboard
+/// is kept until the key is up, by a window that has left the screen.
+void LargeTypeWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->isAutoRepeat() && !m_leaving.isActive())
+        return; // of a key that was down before
+    move(-2 * width(), -2 * height());
+    m_leaving.start(longestPress);
+}
+
+/// A key that repeats is released and pressed again at once.
+void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    constexpr int modifiers[]
+        = { Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_AltGr };
+    const bool isModifier = std::find(std::begin(modifiers), std::end(modifiers), event->key())
+        != std::end(modifiers);
+    if (m_leaving.isActive())
+        m_leaving.start(afterRelease);
+    else if (isModifier)
+        closeWindow();
+}
+
+void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)
+{
+    closeWindow();
+}
+
+void LargeTypeWindow::closeWindow()
+{
+    m_host.releaseKeyboard(windowHandle());
+    if (shown == this)
+        shown.clear();
+    close();
+}
+
+}

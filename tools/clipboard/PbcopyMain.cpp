@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "clipboard/ClipboardOptions.h"
+#include "clipboard/SelectionOwner.h"
+#include "lib/support/Detachment.h"
+#include "lib/support/StandardStreams.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Tessel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto usage
+    = "Usage: pbcopy [-pboard general]\n"
+      "Puts standard input on the clipboard as text, byte for byte, NUL and what is not UTF-8\n"
+      "included. Returns when it is there; it stays until something else is copied.\n"
+      "More than 64 MiB are refused.\n";
+
+}
+
+int main(int argc, char *argv[])
+{
+    occupyClosedStreams();
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    if (const auto status = exitStatusAfterOptions(arguments, usage))
+        return *status;
+    QFile input;
+    QString reason;
+    const auto text = input.open(stdin, QIODevice::ReadOnly) ? readInput(input, &reason)
+                                                             : std::optional<QByteArray>();
+    if (!text) {
+        if (reason.isEmpty())
+            reason = input.errorString();
+        std::fprintf(stderr, "pbcopy: standard input: %s\n", qUtf8Printable(reason));
+        return EXIT_FAILURE;
+    }
+
+    Detachment background = Detachment::begin();
+    QString error;
+    const auto connection = X11Connection::open(&error);
+    if (!connection)
+        background.fail(u"pbcopy: "_s + error);
+    SelectionOwner owner(*connection, "CLIPBOARD", *text);
+    if (!owner.take())
+        background.fail(u"pbcopy: The clipboard could not be taken."_s);
+    background.succeed();
+    owner.serve();
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lib/Host.h"
+#include "platform/freedesktop/DesktopEntries.h"
+
+namespace Tessel {
+
+class DisplayConnection;
+
+/// Applications by their desktop entries and, when they run, their windows. An application without
+/// a window does not count as running.
+class DesktopApplications final : public Osascript::Desktop
+{
+public:
+    explicit DesktopApplications(DisplayConnection &display);
+
+    QList<Osascript::Process> processes() override;
+    bool isInstalled(const QString &application) override;
+    bool isRunning(const QString &application) override;
+    Osascript::Failure activate(const QString &application) override;
+    Osascript::Failure launch(const QString &application) override;
+    Osascript::Failure quit(const QString &application) override;
+    Osascript::Failure open(const QString &target, const QString &application) override;
+    Osascript::Failure reveal(const QString &path) override;
+
+    /// Starts the application even when it runs, with files and URLs and further arguments.
+    [[nodiscard]] Osascript::Failure start(const QString &application, const QStringList &targets,
+                                           const QStringList &arguments = {});
+
+    /// Whether the target is a path at which there is nothing.
+    [[nodiscard]] static Osascript::Failure missingFile(const QString &target);
+
+private:
+    [[nodiscard]] QList<quint32> windowsOf(const QString &application);
+
+    DisplayConnection &m_display;
+    DesktopEntries m_entries;
+};
+
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "lib/desktop/DesktopClipboard.h"
+
+#include "clipboard/ClipboardReader.h"
+#include "lib/desktop/DisplayConnection.h"
+#include "lib/support/RunProgram.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+DesktopClipboard::DesktopClipboard(DisplayConnection &display, QString helperFolder)
+    : m_display(display)
+    , m_helperFolder(std::move(helperFolder))
+{
+}
+
+std::optional<QString> DesktopClipboard::text()
+{
+    X11Connection *connection = m_display.connection();
+    const auto bytes = connection ? clipboardText(*connection) : std::nullopt;
+    return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
+}
+
+Osascript::Failure DesktopClipboard::setText(const QString &text)
+{
+    const auto result = runProgram(m_helperFolder + u"/pbcopy"_s, {}, text.toUtf8());
+    if (result.failure || result.exitStatus == 0)
+        return result.failure;
+    return QString::fromUtf8(result.errorOutput).trimmed();
+}
+
+}

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "lib/desktop/DesktopDialogs.h"
+
+#include "lib/desktop/DisplayConnection.h"
+#include "lib/dialog/DialogProtocol.h"
+#include "lib/support/RunProgram.h"
+
+#include <QJsonDocument>
+#include <QStandardPaths>
+
+#include <xcb/xcb.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+using Osascript::Failure;
+
+namespace {
+
+QByteArray bytes(const QJsonObject &json)
+{
+    return QJsonDocument(json).toJson(QJsonDocument::Compact);
+}
+
+Failure failureOf(const ProgramResult &result)
+{
+    if (result.failure || result.exitStatus == 0)
+        return result.failure;
+    return QString::fromUtf8(result.errorOutput).trimmed();
+}
+
+}
+
+DesktopDialogs::DesktopDialogs(DisplayConnection &display, QString helperFolder)
+    : m_display(display)
+    , m_helperFolder(std::move(helperFolder))
+{
+}
+
+/// Nothing when the dialog was not answered, be it for want of a display.
+std::optional<QJsonObject> DesktopDialogs::show(const QJsonObject &request) const
+{
+    const auto result = runProgram(m_helperFolder + u"/tessel-dialog"_s, {}, bytes(request));
+    if (result.failure || result.exitStatus != 0)
+        return {};
+    return QJsonDocument::fromJson(result.output).object();
+}
+
+std::optional<Osascript::DialogAnswer> DesktopDialogs::ask(const Osascript::DialogRequest &request)
+{
+    const auto answer = show(DialogProtocol::toJson(request));
+    return answer ? std::optional(DialogProtocol::dialogAnswer(*answer, request)) : std::nullopt;
+}
+
+std::optional<std::optional<QStringList>>
+DesktopDialogs::choose(const Osascript::ListRequest &request)
+{
+    const auto answer = show(DialogProtocol::toJson(request));
+    if (!answer)
+        return {};
+    return std::make_optional(DialogProtocol::listAnswer(*answer, request));
+}
+
+Failure DesktopDialogs::notify(const QString &text, const QString &title, const QString &subtitle,
+                               const QString &file)
+{
+    const QJsonObject request {
+        { u"text"_s, text }, { u"title"_s, title }, { u"subtitle"_s, subtitle }, { u"file"_s, file }
+    };
+    return failureOf(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
+}
+
+void DesktopDialogs::beep()
+{
+    if (const X11Connection *connection = m_display.connection()) {
+        xcb_bell(connection->xcb(), 0);
+        xcb_flush(connection->xcb());
+    }
+}
+
+Failure DesktopDialogs::say(const QString &text)
+{
+    for (const QString &name : { u"espeak-ng"_s, u"espeak"_s }) {
+        const QString program = QStandardPaths::findExecutable(name);
+        if (!program.isEmpty())
+            return failureOf(runProgram(program, { u"--stdin"_s }, text.toUtf8()));
+    }
+    const QString client = QStandardPaths::findExecutable(u"spd-say"_s);
+    if (!client.isEmpty())
+        return failureOf(runProgram(client, { u"--wait"_s, u"--"_s, text }));
+    return u"No program to speak with is installed (espeak-ng, espeak or spd-say)."_s;
+}
+
+}

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "lib/desktop/Typist.h"
+
+#include "base/KeyCodes.h"
+#include "lib/desktop/SpareKeys.h"
+#include "lib/desktop/WindowPing.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Terminals.h"
+
+#include <QThread>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+#include <xkbcommon/xkbcommon.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+using Osascript::Failure;
+using Osascript::Modifiers;
+
+namespace {
+
+constexpr int evdevOffset = 8; ///< from Linux input event codes to X keycodes
+constexpr quint8 ansiControl = 37;
+constexpr quint8 ansiShift = 50;
+constexpr quint8 ansiAlt = 64;
+
+/// As many keys as a program is sent before it is waited for.
+constexpr qsizetype mostAtOnce = 200;
+constexpr auto patience = 2s;
+/// For programs that cannot be asked whether they have looked a lent key up.
+constexpr unsigned long blindWaitMs = 150;
+
+quint32 symbolOf(char32_t character)
+{
+    switch (character) {
+    case U'\n':
+        return XKB_KEY_Return;
+    case U'\t':
+        return XKB_KEY_Tab;
+    case U'\b':
+        return XKB_KEY_BackSpace;
+    case U'\x1b':
+        return XKB_KEY_Escape;
+    default:
+        return character < U' ' ? quint32(XKB_KEY_NoSymbol) : xkb_utf32_to_keysym(character);
+    }
+}
+
+QList<quint32> symbolsOf(QString text)
+{
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    QList<quint32> symbols;
+    for (const uint character : text.toUcs4())
+        symbols += symbolOf(character);
+    symbols.removeAll(XKB_KEY_NoSymbol);
+    return symbols;
+}
+
+std::optional<quint8> keyAtPlaceOf(char32_t letter)
+{
+    for (qint64 code = 0; code < 128; ++code) {
+        const auto evdev = KeyCodes::evdevFromVirtual(code);
+        const auto character = KeyCodes::ansiCharacter(code);
+        if (evdev && character && QChar::toUpper(letter) == static_cast<uchar>(*character))
+            return static_cast<quint8>(*evdev + evdevOffset);
+    }
+    return {};
+}
+
+/// The shortcuts for cut, copy and paste without letters.
+struct EditingKey
+{
+    char32_t letter;
+    quint32 symbol;
+    Modifiers modifiers;
+};
+constexpr EditingKey editingKeys[] = {
+    { U'x', XKB_KEY_Delete, { .shift = true } },
+    { U'c', XKB_KEY_Insert, { .control = true } },
+    { U'v', XKB_KEY_Insert, { .shift = true } },
+};
+
+}
+
+Typist::Typist(X11Connection &connection, const X11KeyLayout &layout, const FrontApplication &front)
+    : m_connection(connection)
+    , m_layout(layout)
+    , m_front(front)
+    , m_keys(connection)
+{
+    m_keys.liftHeldModifiers();
+}
+
+Failure Typist::type(const QString &text)
+{
+    const QList<quint32> symbols = symbolsOf(text);
+    QHash<quint32, std::optional<X11KeyLayout::Stroke>> strokes;
+    for (const quint32 symbol : symbols) {
+        if (!strokes.contains(symbol))
+            strokes.insert(symbol, m_layout.stroke(symbol));
+    }
+    SpareKeys spare(m_connection, m_layout.unusedKeys());
+    for (qsizetype begin = 0, end = 0; begin < symbols.size(); begin = end) {
+        QList<quint32> lacking;
+        for (; end < symbols.size() && end - begin < mostAtOnce; ++end) {
+            if (strokes[symbols[end]] || lacking.contains(symbols[end]))
+                continue;
+            if (lacking.size() == spare.count())
+                break;
+            lacking += symbols[end];
+        }
+        if (end == begin)
+            return u"The keyboard layout lacks characters of the text and has no key to spare."_s;
+        if (!lacking.isEmpty())
+            spare.lend(lacking);
+        for (const quint32 symbol : symbols.mid(begin, end - begin))
+            press(strokes[symbol].value_or(
+                X11KeyLayout::Stroke { spare.keyFor(symbol).value_or(0) }));
+        settle(lacking.size());
+    }
+    return {};
+}
+
+void Typist::press(X11KeyLayout::Stroke stroke)
+{
+    QList<quint8> keys = modifierKeys({ .shift = stroke.shift });
+    keys += stroke.key;
+    m_keys.press(keys);
+}
+
+/// Letters have the key that gives them, with or without Caps Lock, and in a Cyrillic layout with a
+/// Latin one beside it the key of the latter. Anything else is looked for where it is typed.
+std::optional<X11KeyLayout::Stroke> Typist::strokeFor(char32_t character) const
+{
+    const auto plainKey = [this](char32_t c) -> std::optional<X11KeyLayout::Stroke> {
+        const auto key = m_layout.key(symbolOf(c));
+        return key ? std::optional(X11KeyLayout::Stroke { *key }) : std::nullopt;
+    };
+    if (!QChar::isLetter(character)) {
+        const auto typed = m_layout.stroke(symbolOf(character));
+        return typed ? typed : plainKey(character);
+    }
+    auto stroke = plainKey(QChar::toLower(character));
+    if (!stroke) {
+        if (const auto key = keyAtPlaceOf(character))
+            stroke = X11KeyLayout::Stroke { *key };
+    }
+    if (stroke)
+        stroke->shift = QChar::isUpper(character);
+    return stroke;
+}
+
+Failure Typist::shortcut(char32_t character, Modifiers modifiers)
+{
+    const bool hasLetter = m_layout.key(symbolOf(QChar::toLower(character))).has_value();
+    if (modifiers == Modifiers { .command = true } && !hasLetter && !m_front.isTerminal) {
+        // Toolkits that look for the letter do not find it at its place (tried: GTK 3 and Qt 5).
+        for (const EditingKey &editing : editingKeys) {
+            const auto key = m_layout.key(editing.symbol);
+            if (editing.letter == character && key)
+                return shortcut(*key, editing.modifiers);
+        }
+    }
+    const auto stroke = strokeFor(character);
+    if (!stroke)
+        return u"No key of the keyboard layout gives “%1”."_s.arg(QString::fromUcs4(&character, 1));
+    modifiers.shift |= stroke->shift;
+    return shortcut(stroke->key, modifiers);
+}
+
+Failure Typist::shortcut(quint8 key, Modifiers modifiers)
+{
+    if (modifiers.command && m_front.isTerminal) {
+        const QString identifier = m_front.bundleIdentifier.value_or(QString());
+        if (!X11Terminals::copiesOnControlShiftC(identifier))
+            return u"%1 has no shortcuts of this kind: the key would go to the program in it."_s
+                .arg(m_front.localizedName);
+        modifiers.shift = true;
+    }
+    m_keys.press(modifierKeys(modifiers) + QList<quint8> { key });
+    settle(0);
+    return {};
+}
+
+QList<quint8> Typist::modifierKeys(Modifiers modifiers) const
+{
+    QList<quint8> keys;
+    if (modifiers.command || modifiers.control)
+        keys += m_layout.key(XKB_KEY_Control_L).value_or(ansiControl);
+    if (modifiers.option)
+        keys += m_layout.key(XKB_KEY_Alt_L).value_or(ansiAlt);
+    if (modifiers.shift)
+        keys += m_layout.key(XKB_KEY_Shift_L).value_or(ansiShift);
+    return keys;
+}
+
+void Typist::settle(qsizetype lentKeys)
+{
+    if (m_front.window && answersPing(m_connection, m_front.window))
+        awaitEventsHandled(m_connection, m_front.window, patience);
+    else if (lentKeys > 0)
+        QThread::msleep(blindWaitMs);
+}
+
+void Typist::awaitProgram(std::chrono::milliseconds limit)
+{
+    if (m_front.window && answersPing(m_connection, m_front.window))
+        awaitEventsHandled(m_connection, m_front.window, limit);
+}
+
+}

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "lib/support/StandardStreams.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+void occupyClosedStreams()
+{
+    for (const int stream : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
+        if (fcntl(stream, F_GETFD) >= 0)
+            continue;
+        // The lowest free number, opened for the direction in which nobody uses it.
+        [[maybe_unused]] const int same
+            = open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
+std::optional<QByteArray> readInput(QFile &file, QString *reason)
+{
+    constexpr qsizetype most = 64 << 20;
+    constexpr qint64 atOnce = 64 << 10;
+    QByteArray bytes;
+    for (QByteArray more = file.read(atOnce); !more.isEmpty(); more = file.read(atOnce)) {
+        bytes += more;
+        if (bytes.size() > most) {
+            *reason = u"more than 64 MiB are not taken"_s;
+            return {};
+        }
+    }
+    if (file.error() != QFile::NoError) {
+        *reason = file.errorString();
+        return {};
+    }
+    return bytes;
+}
+
+int finishOutput(const char *program)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return EXIT_SUCCESS;
+    std::fprintf(stderr, "%s: standard output: %s\n", program, std::strerror(errno));
+    return EXIT_FAILURE;
+}
+
+}

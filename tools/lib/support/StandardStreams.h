@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QFile;
+
+namespace Tessel {
+
+/// Keeps connections and files from becoming a standard stream that the caller has closed, which
+/// would then be read or written in its place. To be called first; using such a stream fails as
+/// before.
+void occupyClosedStreams();
+
+/// All of an open file or stream. Nothing, with the reason, when it cannot be read or has more than
+/// 64 MiB, as much as is taken from a clipboard: a stream may have no end.
+[[nodiscard]] std::optional<QByteArray> readInput(QFile &file, QString *reason);
+
+/// Writes what waits for standard output. The exit status; after a failure the program has told of
+/// it on standard error.
+[[nodiscard]] int finishOutput(const char *program);
+
+}

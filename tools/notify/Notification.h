@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace Tessel {
+
+/// A notification of the desktop (Desktop Notifications Specification 1.2), which may offer to open
+/// a file.
+class Notification final : public QObject
+{
+    Q_OBJECT
+
+public:
+    QString text;
+    QString title;
+    QString subtitle;
+    QString file; ///< a path; empty: nothing to open
+
+    /// Nothing, or why it cannot be shown. Afterwards finished() comes at once or when the user has
+    /// done something with it.
+    [[nodiscard]] QString show();
+
+Q_SIGNALS:
+    void finished();
+
+private Q_SLOTS:
+    void actionInvoked(uint id, const QString &action);
+    void notificationClosed(uint id, uint reason);
+
+private:
+    uint m_id = 0;
+};
+
+}

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "lib/support/Detachment.h"
+#include "notify/Notification.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Tessel;
+using namespace std::chrono_literals;
+
+/// Shows the notification on standard input, a JSON object with "text", "title", "subtitle" and
+/// "file". Returns once it is shown; the file is offered for another minute.
+int main(int argc, char *argv[])
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return EXIT_FAILURE;
+    const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
+
+    Detachment background = Detachment::begin();
+    const QCoreApplication app(argc, argv);
+    Notification notification;
+    notification.text = request[u"text"].toString();
+    notification.title = request[u"title"].toString();
+    notification.subtitle = request[u"subtitle"].toString();
+    notification.file = request[u"file"].toString();
+    QObject::connect(&notification, &Notification::finished, qApp, &QCoreApplication::quit);
+    if (const QString reason = notification.show(); !reason.isEmpty())
+        background.fail(reason);
+    background.succeed();
+    QTimer::singleShot(1min, qApp, &QCoreApplication::quit);
+    return QCoreApplication::exec();
+}
