@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/language/Parser.h"
 
-#include "osascript/runtime/Scoped.h"
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -234,7 +234,7 @@ HandlerDefinition Parser::readHandler()
         : readIdentifier();
     handler.takesOptionalArguments = handler.name == u"run";
     m_assigned.insert(handler.name.toLower());
-    const Scoped<Suite> outside(m_suite, Suite::language);
+    const QScopedValueRollback outside(m_suite, Suite::language);
     const QString firstName = handler.name;
     if (accept(u"("))
         readPositionalParameters(handler);
@@ -270,7 +270,7 @@ void Parser::readPositionalParameters(HandlerDefinition &handler)
 
 void Parser::readLabelledParameters(HandlerDefinition &handler)
 {
-    const Scoped<Allowed> allowed(m_allowed, { .of = false, .in = false });
+    const QScopedValueRollback allowed(m_allowed, { .of = false, .in = false });
     const auto add = [&](const QString &label) {
         handler.labels.append(label);
         addParameter(handler, readPrimary());
@@ -312,7 +312,7 @@ std::unique_ptr<ScriptBlock> Parser::readScript()
     const QString name = isAtLineEnd() ? QString() : readIdentifier();
     m_assigned.insert(name.toLower());
     expectLineEnd();
-    const Scoped<Suite> outside(m_suite, Suite::language);
+    const QScopedValueRollback outside(m_suite, Suite::language);
     auto script = std::make_unique<ScriptBlock>(readScriptItems());
     script->name = name;
     readEnd(isAt(u"end script") ? u"script" : QStringView(name));

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/language/Parser.h"
 
-#include "osascript/runtime/Scoped.h"
-
+#include <QScopedValueRollback>
 #include <QStringTokenizer>
 
 using namespace Qt::StringLiterals;
@@ -29,9 +28,9 @@ ExpressionPointer Parser::readCommand(const CommandTerm &command, qsizetype leng
             command.parameters.begin(), command.parameters.end(),
             [&](const ParameterTerm &parameter) { return parameter.label == label; });
     };
-    const Scoped<Allowed> allowed(
+    const QScopedValueRollback allowed(
         m_allowed, { .of = m_allowed.of, .in = !hasLabel(u"in"), .as = !hasLabel(u"as") });
-    const Scoped<const CommandTerm *> current(m_command, &command);
+    const QScopedValueRollback<const CommandTerm *> current(m_command, &command);
     readDirect(call, isStatement ? disjunction : coercion);
     while (readArgument(call) || readFlags(call)) {
         if (call.arguments.size() > mostArguments)
@@ -162,8 +161,8 @@ ExpressionPointer Parser::readCall(const QString &name, qsizetype from)
 
 ExpressionPointer Parser::readPositionalCall(const QString &name, qsizetype from)
 {
-    const Scoped<Allowed> allowed(m_allowed, {});
-    const Scoped<const CommandTerm *> none(m_command, nullptr);
+    const QScopedValueRollback allowed(m_allowed, {});
+    const QScopedValueRollback<const CommandTerm *> none(m_command, nullptr);
     expect(u"(");
     CallExpression call { .name = name };
     if (!isAt(u")")) {

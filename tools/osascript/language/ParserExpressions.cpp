@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/language/Parser.h"
 
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/NumberFormat.h"
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -62,7 +63,7 @@ Parser::Precedence Parser::precedenceOf(Operation operation)
 /// Precedence climbing over binary operators.
 ExpressionPointer Parser::readExpression(Precedence loosest)
 {
-    const Scoped<int> deeper(m_depth, m_depth + 1);
+    const QScopedValueRollback deeper(m_depth, m_depth + 1);
     if (m_depth > deepestNesting)
         failSyntax(u"The expression is nested too deeply."_s);
     const qsizetype from = m_at;
@@ -176,8 +177,8 @@ ExpressionPointer Parser::readLiteral()
 
 ExpressionPointer Parser::readParenthesized()
 {
-    const Scoped<Allowed> allowed(m_allowed, {});
-    const Scoped<const CommandTerm *> none(m_command, nullptr);
+    const QScopedValueRollback allowed(m_allowed, {});
+    const QScopedValueRollback<const CommandTerm *> none(m_command, nullptr);
     expect(u"(");
     accept(u"get");
     m_statementStart = m_at; // a command in parentheses takes all that follows it
@@ -188,8 +189,8 @@ ExpressionPointer Parser::readParenthesized()
 
 ExpressionPointer Parser::readBraces()
 {
-    const Scoped<Allowed> allowed(m_allowed, {});
-    const Scoped<const CommandTerm *> none(m_command, nullptr);
+    const QScopedValueRollback allowed(m_allowed, {});
+    const QScopedValueRollback<const CommandTerm *> none(m_command, nullptr);
     const qsizetype from = m_at;
     expect(u"{");
     if (labelLength() > 0)

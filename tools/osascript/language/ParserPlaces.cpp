@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/language/Parser.h"
 
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Constants.h"
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +51,7 @@ bool Parser::isBeforeContainer() const
 
 ExpressionPointer Parser::readContainer()
 {
-    const Scoped<int> deeper(m_depth, m_depth + 1);
+    const QScopedValueRollback deeper(m_depth, m_depth + 1);
     countOperator();
     if (m_depth > deepestNesting)
         failSyntax(u"The expression is nested too deeply."_s);
@@ -84,7 +85,7 @@ void Parser::readFilter(Expression &place)
     if (element->form == Form::index && !isNumbered)
         return;
     ++m_at;
-    const Scoped<Allowed> allowed(m_allowed, {});
+    const QScopedValueRollback allowed(m_allowed, {});
     element->filter = readExpression();
 }
 
@@ -248,7 +249,7 @@ bool Parser::readRange(ElementExpression &element)
 /// An operand without a container: in `item i of x`, x is the container of the item.
 ExpressionPointer Parser::readKey()
 {
-    const Scoped<Allowed> allowed(m_allowed, { .of = false, .in = false, .as = false });
+    const QScopedValueRollback allowed(m_allowed, { .of = false, .in = false, .as = false });
     const qsizetype from = m_at;
     if (accept(u"beginning"))
         return make(Literal { Value(qint64 { 1 }) }, from);

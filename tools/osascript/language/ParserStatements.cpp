@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/language/Parser.h"
 
-#include "osascript/runtime/Scoped.h"
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -79,7 +79,7 @@ const StatementTerm *Parser::matchStatement() const
 
 Statement Parser::readStatement()
 {
-    const Scoped<int> deeper(m_depth, m_depth + 1);
+    const QScopedValueRollback deeper(m_depth, m_depth + 1);
     if (m_depth > deepestNesting)
         failSyntax(u"The script is nested too deeply."_s);
     m_operators = 0;
@@ -309,7 +309,7 @@ Statements Parser::readBodyTold(const Expression &target, QStringView name, bool
     const std::optional<QString> application = applicationOf(target);
     if (application)
         m_applications.append({ *application, target.where });
-    const Scoped<Suite> told(m_suite, application ? suiteOf(*application) : m_suite);
+    const QScopedValueRollback told(m_suite, application ? suiteOf(*application) : m_suite);
     Statements body;
     if (inOneLine) {
         body.push_back(readStatement());

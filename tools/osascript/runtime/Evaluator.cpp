@@ -3,13 +3,13 @@
 #include "osascript/runtime/Evaluator.h"
 
 #include "osascript/language/Parser.h"
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Operators.h"
 #include "osascript/values/ScriptError.h"
 #include "osascript/values/StackLimit.h"
 
 #include <QFileInfo>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -182,8 +182,8 @@ Value Evaluator::evaluateForm(const PropertyExpression &property)
 
 Value Evaluator::evaluateForm(const DistributedExpression &distributed)
 {
-    const Scoped<Value> told(frame().it, valueOf(distributed.container));
-    const Scoped<bool> many(frame().isMany, isMany(*distributed.container));
+    const QScopedValueRollback told(frame().it, valueOf(distributed.container));
+    const QScopedValueRollback many(frame().isMany, isMany(*distributed.container));
     return evaluate(*distributed.list);
 }
 

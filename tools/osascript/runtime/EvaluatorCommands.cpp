@@ -3,7 +3,6 @@
 #include "osascript/runtime/Evaluator.h"
 
 #include "osascript/language/ScriptSource.h"
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
@@ -11,6 +10,7 @@
 #include "osascript/values/ValueProperties.h"
 
 #include <QFile>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -185,7 +185,7 @@ Value Evaluator::call(ScriptObject *owner, const HandlerDefinition &handler,
     Frame callee { .me = owner, .it = Value(owner) };
     const bool isRun = handler.name == u"run";
     callee.variables = isRun ? &owner->runVariables : &callee.own;
-    const Scoped<Frame *> running(m_frame, &callee);
+    const QScopedValueRollback running(m_frame, &callee);
     bind(handler, arguments);
     const Flow flow = execute(handler.body);
     return flow == Flow::exitRepeat ? Value() : callee.result;
@@ -226,7 +226,7 @@ ScriptObject *Evaluator::instantiate(const ScriptBlock &block, ScriptObject *out
     for (const QString &name : block.globals)
         script->globals.insert(name.toLower());
     Frame initial { .me = script, .variables = &script->properties, .it = Value(script) };
-    const Scoped<Frame *> running(m_frame, &initial);
+    const QScopedValueRollback running(m_frame, &initial);
     for (const auto &[name, value, inner] : block.properties) {
         const Value first = inner ? Value(instantiate(*inner, script)) : valueOf(value);
         script->properties.insert(name.toLower(), first);

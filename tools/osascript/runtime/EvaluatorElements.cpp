@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/runtime/Evaluator.h"
 
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/DateValue.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
 
 #include <QRandomGenerator>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -142,8 +142,8 @@ QList<Object> Evaluator::filtered(QList<Object> objects, const ExpressionPointer
     if (!filter)
         return objects;
     objects.removeIf([&](const Object &object) {
-        const Scoped<Value> told(frame().it, Value(object));
-        const Scoped<bool> one(frame().isMany, false);
+        const QScopedValueRollback told(frame().it, Value(object));
+        const QScopedValueRollback one(frame().isMany, false);
         return !toBoolean(valueOf(filter));
     });
     return objects;

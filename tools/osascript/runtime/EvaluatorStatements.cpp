@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/runtime/Evaluator.h"
 
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
 #include "osascript/values/StackLimit.h"
 
 #include <QHash>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -246,8 +246,8 @@ Evaluator::Flow Evaluator::executeForm(const ErrorStatement &error)
 
 Evaluator::Flow Evaluator::executeForm(const TellStatement &tell)
 {
-    const Scoped<Value> told(frame().it, valueOf(tell.target));
-    const Scoped<bool> many(frame().isMany, isMany(*tell.target));
+    const QScopedValueRollback told(frame().it, valueOf(tell.target));
+    const QScopedValueRollback many(frame().isMany, isMany(*tell.target));
     return execute(tell.body);
 }
 
@@ -258,7 +258,7 @@ Evaluator::Flow Evaluator::executeForm(const ConsideringStatement &statement)
         apply(attribute, true, rules);
     for (const auto attribute : statement.ignored)
         apply(attribute, false, rules);
-    const Scoped<TextRules> changed(m_rules, rules);
+    const QScopedValueRollback changed(m_rules, rules);
     return execute(statement.body);
 }
 

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/runtime/Evaluator.h"
 
-#include "osascript/runtime/Scoped.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
 #include "osascript/values/ValueProperties.h"
+
+#include <QScopedValueRollback>
 
 #include <numbers>
 
@@ -346,8 +347,8 @@ void Evaluator::assignForm(const ListExpression &target, const Value &value)
 
 void Evaluator::assignForm(const DistributedExpression &target, const Value &value)
 {
-    const Scoped<Value> told(frame().it, valueOf(target.container));
-    const Scoped<bool> many(frame().isMany, isMany(*target.container));
+    const QScopedValueRollback told(frame().it, valueOf(target.container));
+    const QScopedValueRollback many(frame().isMany, isMany(*target.container));
     assign(*target.list, value);
 }
 
