@@ -3,7 +3,7 @@
 #include "osascript/Cases.h"
 
 #include "osascript/Manual.h"
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/CommandLine.h"
 
+#include "osascript/applications/UserFolders.h"
 #include "osascript/language/ScriptSource.h"
 #include "osascript/runtime/Evaluator.h"
-#include "osascript/runtime/UserFolders.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"

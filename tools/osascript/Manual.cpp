@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/Manual.h"
 
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
 
 #include <QStringList>
 

@@ -112,4 +112,9 @@ QString Application::textOf(const Value &value)
     return value.isNothing() ? QString() : toText(value, {});
 }
 
+Application &applicationOf(const Object &object)
+{
+    return static_cast<Application &>(*object.owner);
+}
+
 }

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "lib/Host.h"
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
+#include "osascript/values/ObjectOwner.h"
 #include "osascript/values/Value.h"
 
 namespace Tessel::Osascript {
@@ -26,14 +27,14 @@ struct Invocation
 ///
 /// An application of the desktop that has an adapter's name is activated and quit in its place.
 /// Without one, the adapter is always running.
-class Application
+class Application : public ObjectOwner
 {
 public:
     Application(QString name, Host &host);
-    virtual ~Application() = default;
+    ~Application() override = default;
     Q_DISABLE_COPY_MOVE(Application)
 
-    [[nodiscard]] QString name() const { return m_name; }
+    [[nodiscard]] QString name() const final { return m_name; }
     [[nodiscard]] Value object(); ///< the application itself
 
     /// All elements of the class in the container.
@@ -43,8 +44,7 @@ public:
     /// False when the property cannot be set.
     [[nodiscard]] virtual bool setProperty(const Object &object, const QString &name,
                                            const Value &value);
-    /// What stands between the quotes when the object is printed.
-    [[nodiscard]] virtual QString nameOf(const Object &object) const;
+    [[nodiscard]] QString nameOf(const Object &object) const override;
     /// Whether the element is there without being among elements(): calendars that only have to be
     /// named.
     [[nodiscard]] virtual bool acceptsName(const QString &className) const;
@@ -67,5 +67,8 @@ private:
     QString m_name;
     Host &m_host;
 };
+
+/// The application that the object belongs to: nothing else owns objects.
+[[nodiscard]] Application &applicationOf(const Object &object);
 
 }

@@ -54,6 +54,18 @@ std::unique_ptr<Application> Applications::make(const QString &name)
     }
 }
 
+Value Applications::property(const Object &object, const QString &name) const
+{
+    Application &application = applicationOf(object);
+    return ask(application, [&] { return application.property(object, name); });
+}
+
+bool Applications::setProperty(const Object &object, const QString &name, const Value &value) const
+{
+    Application &application = applicationOf(object);
+    return ask(application, [&] { return application.setProperty(object, name, value); });
+}
+
 void Applications::finish()
 {
     for (const auto &entry : m_applications) {

@@ -21,6 +21,10 @@ public:
     [[nodiscard]] Application *find(const QString &written);
     /// Lets all applications do what they have put off.
     void finish();
+    /// What the object's application answers.
+    [[nodiscard]] Value property(const Object &object, const QString &name) const;
+    [[nodiscard]] bool setProperty(const Object &object, const QString &name,
+                                   const Value &value) const;
 
     /// Calls the function; errors say that they come from the application.
     template <typename Function> auto ask(const Application &application, Function function) const

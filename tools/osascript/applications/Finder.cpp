@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/applications/Finder.h"
 
-#include "osascript/runtime/UserFolders.h"
+#include "osascript/applications/UserFolders.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/ValueProperties.h"
 
@@ -83,7 +83,7 @@ Value Finder::perform(const Invocation &invocation)
     for (const Value &item : toItems(invocation.direct)) {
         const QString path = pathOf(item);
         check(reveals ? host().desktop.reveal(path)
-                      : host().desktop.open(path, with ? with->application->name() : QString()));
+                      : host().desktop.open(path, with ? with->owner->name() : QString()));
     }
     return {};
 }

@@ -3,7 +3,7 @@
 #include "osascript/applications/Notes.h"
 
 #include "osascript/applications/NoteText.h"
-#include "osascript/runtime/UserFolders.h"
+#include "osascript/applications/UserFolders.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
 #include "osascript/values/SourceRange.h"
 #include "osascript/values/Value.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "osascript/language/Terms.h"
 #include "osascript/language/Token.h"
+#include "osascript/terms/Terms.h"
 
 #include <QHash>
 #include <QList>

@@ -93,7 +93,7 @@ Value Evaluator::evaluateForm(const Variable &variable)
         return resolved(*value);
     ScriptObject *owner = frame().me;
     if (const HandlerDefinition *handler = findHandler(owner, variable.name))
-        return Value(Handler { handler, owner });
+        return Value(Handler { handler, owner, handler->name });
     fail(ScriptError::notDefined, u"The variable "_s + variable.name + u" is not defined."_s);
 }
 
@@ -154,7 +154,7 @@ bool Evaluator::runs(const ExpressionPointer &application)
 Value Evaluator::coercedTo(const Value &value, const QString &className)
 {
     const auto *object = value.as<Object>();
-    const Value own = object ? object->application->property(*object, className) : Value();
+    const Value own = object ? applicationOf(*object).property(*object, className) : Value();
     return own.isNothing() ? coerced(value, className, context()) : own;
 }
 

@@ -6,8 +6,8 @@
 #include "osascript/language/Ast.h"
 #include "osascript/language/Parser.h"
 #include "osascript/language/Vocabulary.h"
-#include "osascript/runtime/ScriptObject.h"
 #include "osascript/runtime/StandardAdditions.h"
+#include "osascript/values/ScriptObject.h"
 #include "osascript/values/TextContext.h"
 #include "osascript/values/ValueElements.h"
 

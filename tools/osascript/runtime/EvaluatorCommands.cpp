@@ -107,7 +107,7 @@ Value Evaluator::performOnApplication(const Invocation &invocation)
         meant.direct = Value();
     }
     const auto *told = meant.target.as<Object>();
-    Application *application = told ? told->application : nullptr;
+    Application *application = told ? &applicationOf(*told) : nullptr;
     if (!application && invocation.is(u"open"))
         application = m_applications.find(u"Finder"_s); // which asks for the default handler
     if (!application)

@@ -4,6 +4,7 @@
 
 #include "osascript/values/Coercion.h"
 #include "osascript/values/DateValue.h"
+#include "osascript/values/ObjectOwner.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
 
@@ -151,7 +152,7 @@ QList<Object> Evaluator::filtered(QList<Object> objects, const ExpressionPointer
 
 Value Evaluator::objectOf(const ElementExpression &element, const Object &container)
 {
-    Application &application = *container.application;
+    Application &application = applicationOf(container);
     const QString &className = element.className;
     const Value key = optionalValueOf(element.key);
     const bool isNamed = element.form == Form::name || element.form == Form::identifier
@@ -171,7 +172,7 @@ Value Evaluator::objectNamed(const QString &name, const QString &className,
                              const QList<Object> &objects)
 {
     for (const Object &object : objects) {
-        if (object.application->nameOf(object).compare(name, Qt::CaseInsensitive) == 0)
+        if (object.owner->nameOf(object).compare(name, Qt::CaseInsensitive) == 0)
             return Value(object);
     }
     failToGet(className + u' ' + quoted(name));

@@ -14,6 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel::Osascript {
 
+/// What `error` can raise an error with, and `on error` can ask for.
+struct ErrorParts
+{
+    Value source = Value(Missing()); ///< `from`: what the error is about
+    Value wanted = Value(Missing()); ///< `to`: the class that something could not be made into
+    Value partialResult = Value::list({});
+};
+
 namespace {
 
 /// What an error says that a script raises by its number alone: AppleScript Language Guide, "Error
@@ -214,14 +222,15 @@ Evaluator::Flow Evaluator::executeForm(const TryStatement &statement)
             throw;
         caught = error;
     }
-    const std::pair<QString, Value> parts[] {
+    const ErrorParts parts = caught->parts ? *caught->parts : ErrorParts();
+    const std::pair<QString, Value> variables[] {
         { statement.message, Value(caught->message) },
         { statement.number, Value(qint64 { caught->number }) },
-        { statement.source, caught->source },
-        { statement.wanted, caught->wanted },
-        { statement.partialResult, caught->partialResult },
+        { statement.source, parts.source },
+        { statement.wanted, parts.wanted },
+        { statement.partialResult, parts.partialResult },
     };
-    for (const auto &[variable, value] : parts) {
+    for (const auto &[variable, value] : variables) {
         if (!variable.isEmpty())
             setVariable(variable, value);
     }
@@ -235,12 +244,14 @@ Evaluator::Flow Evaluator::executeForm(const ErrorStatement &error)
         raised.number = static_cast<int>(toInteger(valueOf(error.number)));
     raised.message
         = error.message ? toText(valueOf(error.message), context()) : usualMessage(raised.number);
+    ErrorParts parts;
     if (error.source)
-        raised.source = valueOf(error.source);
+        parts.source = valueOf(error.source);
     if (error.wanted)
-        raised.wanted = valueOf(error.wanted);
+        parts.wanted = valueOf(error.wanted);
     if (error.partialResult)
-        raised.partialResult = valueOf(error.partialResult);
+        parts.partialResult = valueOf(error.partialResult);
+    raised.parts = std::make_shared<const ErrorParts>(std::move(parts));
     throw raised;
 }
 

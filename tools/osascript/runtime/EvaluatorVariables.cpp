@@ -142,8 +142,7 @@ Value Evaluator::propertyOfEach(const Value &container, const QString &name)
 Value Evaluator::propertyOf(const Value &container, const QString &name)
 {
     if (const auto *object = container.as<Object>()) {
-        const Value value = m_applications.ask(
-            *object->application, [&] { return object->application->property(*object, name); });
+        const Value value = m_applications.property(*object, name);
         return value.isNothing() ? valueProperty(container, name, context()) : value;
     }
     if (auto *const *script = container.as<ScriptObject *>()) {
@@ -176,8 +175,7 @@ Value Evaluator::ownProperty(const QString &name)
         return frame().result;
     }
     if (const auto *object = frame().it.as<Object>()) {
-        Value value = m_applications.ask(
-            *object->application, [&] { return object->application->property(*object, name); });
+        Value value = m_applications.property(*object, name);
         if (!value.isNothing())
             return value;
     }
@@ -276,10 +274,7 @@ bool Evaluator::setContents(const ExpressionPointer &place, const Value &value)
 void Evaluator::setOwnProperty(const QString &name, const Value &value)
 {
     if (const auto *object = frame().it.as<Object>()) {
-        const bool isSet = m_applications.ask(*object->application, [&] {
-            return object->application->setProperty(*object, name, value);
-        });
-        if (isSet)
+        if (m_applications.setProperty(*object, name, value))
             return;
     }
     if (name == u"text item delimiters")
@@ -294,10 +289,7 @@ void Evaluator::setProperty(const Value &container, const QString &name, const V
 {
     const bool isDelimiters = name == u"text item delimiters";
     if (const auto *object = container.as<Object>()) {
-        const bool isSet = m_applications.ask(*object->application, [&] {
-            return object->application->setProperty(*object, name, value);
-        });
-        if (!isSet)
+        if (!m_applications.setProperty(*object, name, value))
             failToSet(name + u" of "_s + printed(container), printed(value));
     } else if (isDelimiters && (isLanguage(container) || container.is<ScriptObject *>())) {
         m_delimiters = value;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/runtime/StandardAdditions.h"
 
+#include "osascript/applications/UserFolders.h"
 #include "osascript/runtime/DialogCommands.h"
 #include "osascript/runtime/ShellCommand.h"
-#include "osascript/runtime/UserFolders.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Comparison.h"
 #include "osascript/values/DateValue.h"

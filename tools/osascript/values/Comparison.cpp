@@ -131,7 +131,7 @@ bool areEqual(const Value &left, const Value &right, const TextContext &context)
             else if constexpr (std::is_same_v<T, File>)
                 return value.path == other.path;
             else if constexpr (std::is_same_v<T, Object>)
-                return value.application == other.application && value.key == other.key
+                return value.owner == other.owner && value.key == other.key
                     && value.className == other.className;
             else if constexpr (std::is_same_v<T, Handler>)
                 return value.definition == other.definition && value.owner == other.owner;

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/values/Printer.h"
 
-#include "osascript/applications/Application.h"
-#include "osascript/language/Ast.h"
-#include "osascript/runtime/ScriptObject.h"
+#include "osascript/terms/Terms.h"
 #include "osascript/values/DateValue.h"
 #include "osascript/values/NumberFormat.h"
+#include "osascript/values/ObjectOwner.h"
+#include "osascript/values/ScriptObject.h"
 #include "osascript/values/StackLimit.h"
 
 #include <QRegularExpression>
@@ -112,10 +112,10 @@ void Printer::operator()(const RecordPointer &record)
 void Printer::operator()(const Object &object)
 {
     if (object.className != u"application") {
-        printNamed(object.className, object.application->nameOf(object));
+        printNamed(object.className, object.owner->nameOf(object));
         m_text += u" of ";
     }
-    printNamed(u"application", object.application->name());
+    printNamed(u"application", object.owner->name());
 }
 
 void Printer::operator()(const ScriptObject *script)
@@ -125,7 +125,7 @@ void Printer::operator()(const ScriptObject *script)
 
 void Printer::operator()(const Handler &handler)
 {
-    m_text += u"«handler "_s + handler.definition->name + u'»';
+    m_text += u"«handler "_s + handler.name + u'»';
 }
 
 }

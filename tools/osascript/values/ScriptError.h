@@ -3,13 +3,15 @@
 #pragma once
 
 #include "osascript/values/SourceRange.h"
-#include "osascript/values/Value.h"
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace Tessel::Osascript {
+
+struct ErrorParts;
 
 /// What `error` raises and `on error` catches. Thrown inside the library only. The numbers are
 /// those of the AppleScript Language Guide, "Error Numbers and Error Messages".
@@ -41,9 +43,7 @@ struct ScriptError
     int number = failed;
     Phase phase = Phase::execution;
     std::optional<SourceRange> where = std::nullopt; ///< set by the innermost code that knows it
-    Value source = Value(Missing()); ///< `from`: what the error is about
-    Value wanted = Value(Missing()); ///< `to`: the class that something could not be made into
-    Value partialResult = Value::list({});
+    std::shared_ptr<const ErrorParts> parts = nullptr; ///< the values that a script raised it with
 };
 
 /// The message ends with a full stop.

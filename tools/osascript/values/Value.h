@@ -13,7 +13,7 @@
 
 namespace Tessel::Osascript {
 
-class Application;
+class ObjectOwner;
 class Value;
 struct HandlerDefinition;
 struct Reference;
@@ -68,7 +68,7 @@ struct File
 /// Something that belongs to an application: the application itself, or one of its elements.
 struct Object
 {
-    Application *application = nullptr;
+    ObjectOwner *owner = nullptr;
     QString className; ///< "application" for the application itself
     QString key; ///< what the application finds it by: a name or an identifier
 };
@@ -77,6 +77,7 @@ struct Handler
 {
     const HandlerDefinition *definition = nullptr;
     ScriptObject *owner = nullptr;
+    QString name = {};
 };
 
 using ListPointer = std::shared_ptr<List>;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "osascript/runtime/UserFolders.h"
+#include "osascript/applications/UserFolders.h"
 
 #include <QDir>
 #include <QStandardPaths>

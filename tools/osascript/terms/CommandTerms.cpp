@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "osascript/language/Terms.h"
+#include "osascript/terms/Terms.h"
 
 namespace Tessel::Osascript {
 
