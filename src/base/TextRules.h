@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QString>
 
 namespace Tessel {
@@ -17,7 +18,21 @@ namespace Tessel {
 /// characters broken up, since Qt takes a minute to lay out one of a megabyte.
 [[nodiscard]] QString displayable(const QString &text);
 
-/// The number of user-perceived characters: extended grapheme clusters (UAX #29). CR LF is one.
-[[nodiscard]] qsizetype characterCount(const QString &text);
+/// A stretch of a text, in UTF-16 code units.
+struct TextRange
+{
+    qsizetype start = 0;
+    qsizetype length = 0;
+};
+
+/// How many characters CR LF is: UAX #29 has it as one, AppleScript as two.
+enum class CrLf { one, two };
+
+/// The user-perceived characters: extended grapheme clusters (UAX #29).
+[[nodiscard]] QList<TextRange> characterRanges(const QString &text, CrLf crLf = CrLf::one);
+/// How many there are.
+[[nodiscard]] qsizetype characterCount(const QString &text, CrLf crLf = CrLf::one);
+/// Whether all code units are of a kind that never makes one character of several, CR LF apart.
+[[nodiscard]] bool standAlone(QStringView text);
 
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/applications/Mail.h"
 
+#include "base/TextRules.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
@@ -38,10 +39,9 @@ QString encodedAddresses(const QStringList &addresses)
 }
 
 /// RFC 6068: line breaks are CR LF.
-QString withLineBreaks(QString text)
+QString withLineBreaks(const QString &text)
 {
-    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-    return text.replace(u'\n', u"\r\n"_s);
+    return withNormalizedLineEnds(text).replace(u'\n', u"\r\n"_s);
 }
 
 }

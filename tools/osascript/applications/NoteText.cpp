@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/applications/NoteText.h"
 
+#include "base/TextRules.h"
+
 #include <QHash>
 #include <QRegularExpression>
 
@@ -77,11 +79,9 @@ QString noteText(const QString &body)
     static const QRegularExpression wrapper(
         u"\\A\\s*<html>\\s*<body>(.*)</body>\\s*</html>\\s*\\z"_s,
         caseless | QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression lineBreak(u"\r\n|\r"_s);
     const auto match = wrapper.match(body);
-    QString text
-        = match.hasMatch() ? match.captured(1).replace(u"<br>"_s, u"\n"_s) : textOfHtml(body);
-    return text.replace(lineBreak, u"\n"_s);
+    return withNormalizedLineEnds(match.hasMatch() ? match.captured(1).replace(u"<br>"_s, u"\n"_s)
+                                                   : textOfHtml(body));
 }
 
 QString noteFileName(const QString &title)

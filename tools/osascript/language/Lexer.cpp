@@ -3,17 +3,13 @@
 #include "osascript/language/Lexer.h"
 
 #include "osascript/values/ScriptError.h"
+#include "osascript/values/TextElements.h"
 
 using namespace Qt::StringLiterals;
 
 namespace Tessel::Osascript {
 
 namespace {
-
-bool isLineBreak(QChar c)
-{
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
 
 /// Guillemets belong to the words of raw codes, of which a few are terms.
 bool startsWord(QChar c)

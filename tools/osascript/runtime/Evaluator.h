@@ -159,7 +159,7 @@ private:
     std::vector<std::unique_ptr<ScriptBlock>> m_blocks; ///< of all scripts that ran
     std::vector<std::unique_ptr<ScriptObject>> m_scripts; ///< owned here: they refer to each other
     Variables m_globals;
-    TextRules m_rules;
+    ComparisonRules m_rules;
     Value m_delimiters;
     Frame *m_frame = nullptr;
 };

@@ -57,7 +57,7 @@ QString usualMessage(int number)
     return messages.value(number, u"An error of type %1 has occurred."_s.arg(number));
 }
 
-void apply(ConsideringStatement::Attribute attribute, bool considers, TextRules &rules)
+void apply(ConsideringStatement::Attribute attribute, bool considers, ComparisonRules &rules)
 {
     using enum ConsideringStatement::Attribute;
     switch (attribute) {
@@ -264,7 +264,7 @@ Evaluator::Flow Evaluator::executeForm(const TellStatement &tell)
 
 Evaluator::Flow Evaluator::executeForm(const ConsideringStatement &statement)
 {
-    TextRules rules = m_rules;
+    ComparisonRules rules = m_rules;
     for (const auto attribute : statement.considered)
         apply(attribute, true, rules);
     for (const auto attribute : statement.ignored)

@@ -18,7 +18,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-bool isIgnored(QChar c, const TextRules &rules)
+bool isIgnored(QChar c, const ComparisonRules &rules)
 {
     const bool isHyphen = c.category() == QChar::Punctuation_Dash;
     return (rules.ignoresHyphens && isHyphen) || (rules.ignoresWhiteSpace && c.isSpace())
@@ -27,7 +27,7 @@ bool isIgnored(QChar c, const TextRules &rules)
 }
 
 /// Texts that are equal under the rules have the same key.
-QString keyOf(const QString &text, const TextRules &rules)
+QString keyOf(const QString &text, const ComparisonRules &rules)
 {
     QString key = text.normalized(rules.ignoresDiacriticals ? QString::NormalizationForm_D
                                                             : QString::NormalizationForm_C);
@@ -43,7 +43,8 @@ icu::UnicodeString unicodeString(const QString &text)
 }
 
 /// By the root collation of the Unicode Collation Algorithm, so that é comes before f.
-std::weak_ordering orderedTexts(const QString &left, const QString &right, const TextRules &rules)
+std::weak_ordering orderedTexts(const QString &left, const QString &right,
+                                const ComparisonRules &rules)
 {
     const QString leftKey = keyOf(left, rules);
     const QString rightKey = keyOf(right, rules);
@@ -179,7 +180,7 @@ qsizetype offsetOf(const QString &part, const QString &text, const TextContext &
     const QString key = keyOf(part, context.rules);
     QString keys; // of the characters, whose keys can be of any length
     QList<qsizetype> starts;
-    for (const TextRange &character : characterRanges(text)) {
+    for (const TextRange &character : characterRanges(text, CrLf::two)) {
         starts.append(keys.size());
         keys += keyOf(text.sliced(character.start, character.length), context.rules);
     }

@@ -7,7 +7,7 @@
 namespace Tessel::Osascript {
 
 /// What a comparison of texts takes no notice of; `considering` and `ignoring` change it.
-struct TextRules
+struct ComparisonRules
 {
     bool ignoresCase = true;
     bool ignoresDiacriticals = false;
@@ -20,7 +20,7 @@ struct TextRules
 /// What the place in the script lends to operations on texts.
 struct TextContext
 {
-    TextRules rules;
+    ComparisonRules rules;
     QStringList delimiters = { QString() }; ///< text item delimiters
 };
 

@@ -2,29 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QList>
-#include <QString>
+#include "base/TextRules.h"
 
 #include <optional>
 
 namespace Tessel::Osascript {
 
-/// A stretch of a text, in UTF-16 code units.
-struct TextRange
-{
-    qsizetype start = 0;
-    qsizetype length = 0;
-};
-
-/// Grapheme clusters (Unicode Standard Annex 29); a carriage return and a line feed are two.
-[[nodiscard]] QList<TextRange> characterRanges(const QString &text);
-/// The character at an index from 1, or from -1 backwards, without looking at all of a long text;
-/// nothing when there is none.
+/// The character (CR LF is two) at an index from 1, or from -1 backwards, without looking at all of
+/// a long text; nothing when there is none.
 [[nodiscard]] std::optional<TextRange> characterRangeAt(const QString &text, qint64 index);
-/// How many there are.
-[[nodiscard]] qsizetype characterCount(const QString &text);
 /// Words by Annex 29, whatever the locale.
 [[nodiscard]] QList<TextRange> wordRanges(const QString &text);
+[[nodiscard]] bool isLineBreak(QChar character);
 /// Divided at LF, CR, CR LF, U+2028 and U+2029. An empty text has none; what follows the last line
 /// break is one, even when it is empty.
 [[nodiscard]] QList<TextRange> paragraphRanges(const QString &text);

@@ -32,7 +32,7 @@ QList<TextRange> textItemRanges(const QString &text, const TextContext &context)
 {
     QStringList delimiters = context.delimiters;
     if (delimiters.isEmpty() || delimiters.constFirst().isEmpty())
-        return characterRanges(text);
+        return characterRanges(text, CrLf::two);
     if (text.isEmpty())
         return {};
     if (delimiters.contains(u"\r"_s) && delimiters.contains(u"\n"_s))

@@ -32,7 +32,7 @@ std::optional<QList<TextRange>> textRanges(const QString &text, const QString &c
                                            const TextContext &context)
 {
     if (className == u"character" || className == u"item" || className == u"text")
-        return characterRanges(text);
+        return characterRanges(text, CrLf::two);
     if (className == u"word")
         return wordRanges(text);
     if (className == u"paragraph")

@@ -188,7 +188,7 @@ void setValueProperty(const Value &container, const QString &name, const Value &
 qint64 valueLength(const Value &value)
 {
     if (const auto *text = value.as<QString>())
-        return characterCount(*text);
+        return characterCount(*text, CrLf::two);
     if (!hasLength(value))
         failToGet(u"length of "_s + printed(value));
     return toItems(value).size();
