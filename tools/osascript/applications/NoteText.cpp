@@ -13,7 +13,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr qsizetype longestName = 120; // bytes; file systems take 255, and " 2.md" follows
+constexpr qsizetype maxNameSize = 120; // bytes; file systems take 255, and " 2.md" follows
 
 constexpr auto caseless = QRegularExpression::CaseInsensitiveOption;
 
@@ -92,7 +92,7 @@ QString noteFileName(const QString &title)
     QString name = QString(title).replace(unsafe, u" "_s).simplified();
     while (name.startsWith(u'.') || name.startsWith(u'-') || name.startsWith(u' '))
         name.remove(0, 1);
-    while (name.toUtf8().size() > longestName)
+    while (name.toUtf8().size() > maxNameSize)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     name = name.trimmed();
     return name.isEmpty() ? u"Note"_s : name;

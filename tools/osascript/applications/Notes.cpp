@@ -18,7 +18,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr int mostNames = 10000; // of notes with the same title
+constexpr int maxNames = 10000; // of notes with the same title
 
 QString notesFolder()
 {
@@ -28,7 +28,7 @@ QString notesFolder()
 /// A new file of this name, or with a number after it when there is one already.
 bool createNew(QFile &file, const QString &folder, const QString &name)
 {
-    for (int number = 1; number < mostNames; ++number) {
+    for (int number = 1; number < maxNames; ++number) {
         const QString suffix = number == 1 ? QString() : u' ' + QString::number(number);
         file.setFileName(folder + u'/' + name + suffix + u".md"_s);
         if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) // O_EXCL

@@ -12,7 +12,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr qint64 highestKeyCode = 0x7f;
+constexpr qint64 maxKeyCode = 0x7f;
 
 Modifiers modifiersOf(const Value &value)
 {
@@ -104,7 +104,7 @@ void SystemEvents::press(const Invocation &invocation)
     QList<int> codes;
     for (const Value &code : toItems(invocation.direct)) {
         const qint64 number = toInteger(code);
-        if (number < 0 || number > highestKeyCode)
+        if (number < 0 || number > maxKeyCode)
             failToGet(u"key code "_s + printed(code));
         codes.append(static_cast<int>(number));
     }

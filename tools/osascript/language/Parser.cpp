@@ -254,7 +254,7 @@ HandlerDefinition Parser::readHandler()
 
 void Parser::addParameter(HandlerDefinition &handler, ExpressionPointer parameter)
 {
-    noteAssigned(*parameter);
+    addAssigned(*parameter);
     handler.parameters.push_back(std::move(parameter));
 }
 
@@ -319,7 +319,7 @@ std::unique_ptr<ScriptBlock> Parser::readScript()
     return script;
 }
 
-void Parser::noteAssigned(const Expression &target)
+void Parser::addAssigned(const Expression &target)
 {
     if (const auto *variable = std::get_if<Variable>(&target.form))
         m_assigned.insert(variable->name.toLower());
@@ -327,10 +327,10 @@ void Parser::noteAssigned(const Expression &target)
         m_assigned.insert(property->name.toLower());
     else if (const auto *list = std::get_if<ListExpression>(&target.form))
         for (const ExpressionPointer &item : list->items)
-            noteAssigned(*item);
+            addAssigned(*item);
     else if (const auto *record = std::get_if<RecordExpression>(&target.form))
         for (const ExpressionPointer &value : record->values)
-            noteAssigned(*value);
+            addAssigned(*value);
 }
 
 /// Inside `tell application`, a statement that is one name which never gets a value is meant as a

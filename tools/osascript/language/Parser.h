@@ -54,7 +54,7 @@ private:
         operand,
     };
 
-    static constexpr int deepestNesting = 200;
+    static constexpr int maxNesting = 200;
 
     // Tokens (Parser.cpp)
     [[nodiscard]] const Token &peek(qsizetype ahead = 0) const;
@@ -86,7 +86,7 @@ private:
     void readInterleavedParameters(HandlerDefinition &handler);
     void addParameter(HandlerDefinition &handler, ExpressionPointer parameter);
     std::unique_ptr<ScriptBlock> readScript();
-    void noteAssigned(const Expression &target);
+    void addAssigned(const Expression &target);
     void checkLoneWords() const;
 
     // Statements (ParserStatements.cpp)

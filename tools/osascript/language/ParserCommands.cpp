@@ -11,7 +11,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr int mostArguments = 100;
+constexpr int maxArguments = 100;
 
 }
 
@@ -33,7 +33,7 @@ ExpressionPointer Parser::readCommand(const CommandTerm &command, qsizetype leng
     const QScopedValueRollback<const CommandTerm *> current(m_command, &command);
     readDirect(call, isStatement ? disjunction : coercion);
     while (readArgument(call) || readFlags(call)) {
-        if (call.arguments.size() > mostArguments)
+        if (call.arguments.size() > maxArguments)
             failSyntax(u"The command has too many parameters."_s);
     }
     return make(std::move(call), from);

@@ -13,7 +13,7 @@ namespace Tessel::Osascript {
 namespace {
 
 /// Together with the nesting this bounds the height of the tree, which is walked recursively.
-constexpr int mostOperators = 2000;
+constexpr int maxOperators = 2000;
 
 }
 
@@ -24,7 +24,7 @@ bool Parser::isAtOperator() const
 
 void Parser::countOperator()
 {
-    if (++m_operators > mostOperators)
+    if (++m_operators > maxOperators)
         failSyntax(u"The expression has too many operators."_s);
 }
 
@@ -64,7 +64,7 @@ Parser::Precedence Parser::precedenceOf(Operation operation)
 ExpressionPointer Parser::readExpression(Precedence loosest)
 {
     const QScopedValueRollback deeper(m_depth, m_depth + 1);
-    if (m_depth > deepestNesting)
+    if (m_depth > maxNesting)
         failSyntax(u"The expression is nested too deeply."_s);
     const qsizetype from = m_at;
     ExpressionPointer left = readPrefixed(loosest);

@@ -53,7 +53,7 @@ ExpressionPointer Parser::readContainer()
 {
     const QScopedValueRollback deeper(m_depth, m_depth + 1);
     countOperator();
-    if (m_depth > deepestNesting)
+    if (m_depth > maxNesting)
         failSyntax(u"The expression is nested too deeply."_s);
     return readPostfixed();
 }

@@ -80,7 +80,7 @@ const StatementTerm *Parser::matchStatement() const
 Statement Parser::readStatement()
 {
     const QScopedValueRollback deeper(m_depth, m_depth + 1);
-    if (m_depth > deepestNesting)
+    if (m_depth > maxNesting)
         failSyntax(u"The script is nested too deeply."_s);
     m_operators = 0;
     m_statementStart = m_at;
@@ -157,7 +157,7 @@ Statement::Form Parser::readAssignment(bool copies)
     (copies ? assignment.value : assignment.target) = copies ? readExpression() : readPostfixed();
     expect(u"to");
     (copies ? assignment.target : assignment.value) = copies ? readPostfixed() : readExpression();
-    noteAssigned(*assignment.target);
+    addAssigned(*assignment.target);
     return assignment;
 }
 

@@ -11,14 +11,14 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr qint64 longestScript = 8 << 20; // bytes
+constexpr qint64 maxScriptSize = 8 << 20; // bytes
 
 /// All of it, up to just over the limit: a pipe gives what it has at the moment.
 QByteArray readAll(QIODevice &device)
 {
     QByteArray bytes;
-    while (bytes.size() <= longestScript) {
-        const QByteArray some = device.read(longestScript + 1 - bytes.size());
+    while (bytes.size() <= maxScriptSize) {
+        const QByteArray some = device.read(maxScriptSize + 1 - bytes.size());
         if (some.isEmpty())
             break;
         bytes += some;
@@ -31,7 +31,7 @@ QByteArray readAll(QIODevice &device)
 ScriptSource readScriptSource(QIODevice &device)
 {
     const QByteArray bytes = readAll(device);
-    if (bytes.size() > longestScript)
+    if (bytes.size() > maxScriptSize)
         return { {}, u"The script is too long."_s };
     if (bytes.startsWith("FasdUAS"))
         return { {}, u"Compiled scripts cannot be run, only their text."_s };

@@ -15,7 +15,7 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr qsizetype mostButtons = 3;
+constexpr qsizetype maxButtons = 3;
 
 QString textArgument(const Invocation &call, QStringView label, const TextContext &context)
 {
@@ -68,14 +68,14 @@ DialogRequest request(const Invocation &call, const QStringList &usualButtons,
     request.message = withLineFeeds(toText(call.direct, context));
     const Value buttons = call.argument(u"buttons");
     request.buttons = buttons.isNothing() ? usualButtons : texts(buttons, context);
-    if (request.buttons.isEmpty() || request.buttons.size() > mostButtons)
+    if (request.buttons.isEmpty() || request.buttons.size() > maxButtons)
         failWith(-50, u"A dialog has one to three buttons."_s);
     request.defaultButton = button(call, u"default button", request.buttons, context);
     request.cancelButton = button(call, u"cancel button", request.buttons, context);
     const Value seconds = call.argument(u"giving up after");
     if (!seconds.isNothing()) {
-        constexpr double longest = 1e6; // seconds
-        const double time = std::clamp(toReal(seconds), 0.0, longest);
+        constexpr double maxSeconds = 1e6;
+        const double time = std::clamp(toReal(seconds), 0.0, maxSeconds);
         if (time > 0)
             request.givingUpAfter = std::chrono::milliseconds(std::llround(time * 1000));
     }

@@ -63,10 +63,10 @@ Value openLocation(const Invocation &call, const TextContext &context, Host &hos
 
 Value delay(const Invocation &call, const TextContext & /*context*/, Host & /*host*/)
 {
-    constexpr double longest = 1e9;
+    constexpr double maxSeconds = 1e9;
     const double seconds = call.direct.isNothing() ? 0 : toReal(call.direct);
     if (seconds > 0)
-        std::this_thread::sleep_for(std::chrono::duration<double>(std::min(seconds, longest)));
+        std::this_thread::sleep_for(std::chrono::duration<double>(std::min(seconds, maxSeconds)));
     return {};
 }
 

@@ -43,10 +43,11 @@ QString joinedText(const QList<Value> &items, const TextContext &context)
 }
 
 /// A list of one item stands for its item.
-const Value &alone(const Value &value)
+const Value &singleItem(const Value &value)
 {
     checkStack();
-    return value.isList() && value.items().size() == 1 ? alone(value.items().constFirst()) : value;
+    return value.isList() && value.items().size() == 1 ? singleItem(value.items().constFirst())
+                                                       : value;
 }
 
 Value toDate(const Value &value)
@@ -127,7 +128,7 @@ QString toText(const Value &value, const TextContext &context)
 
 Value toNumber(const Value &value)
 {
-    const Value &single = alone(value);
+    const Value &single = singleItem(value);
     if (single.isNumber())
         return single;
     if (const auto *text = single.as<QString>()) {
@@ -153,16 +154,16 @@ double toReal(const Value &value)
 
 qint64 toInteger(const Value &value)
 {
-    constexpr double greatest = 9e15;
+    constexpr double maxWhole = 9e15;
     const double number = std::nearbyint(toReal(value)); // halves to the even
-    if (!(std::abs(number) < greatest))
+    if (!(std::abs(number) < maxWhole))
         failToMake(value, u"integer"_s);
     return static_cast<qint64>(number);
 }
 
 bool toBoolean(const Value &value)
 {
-    const Value &single = alone(value);
+    const Value &single = singleItem(value);
     if (const auto *truth = single.as<bool>())
         return *truth;
     if (const auto *number = single.as<qint64>())

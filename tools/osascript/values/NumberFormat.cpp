@@ -12,10 +12,10 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr int digitsAfterPoint = 12;
-constexpr double leastPower = 1e-4;
-constexpr double greatestPlain = 1e4;
-constexpr double greatestInteger = 536870911; // 2^29 - 1
+constexpr int maxFractionDigits = 12;
+constexpr double minPlain = 1e-4;
+constexpr double maxPlain = 1e4;
+constexpr double maxInteger = 536870911; // 2^29 - 1
 
 /// At least one digit after the point.
 QString trimmed(QString digits)
@@ -34,9 +34,9 @@ QString formatReal(double number)
     if (std::isinf(number))
         return number > 0 ? u"INF"_s : u"-INF"_s;
     const double size = std::abs(number);
-    if (size == 0 || (size > leastPower && size < greatestPlain))
-        return trimmed(QString::number(number, 'f', digitsAfterPoint));
-    const QString scientific = QString::number(number, 'e', digitsAfterPoint); // d.ddde+XX
+    if (size == 0 || (size > minPlain && size < maxPlain))
+        return trimmed(QString::number(number, 'f', maxFractionDigits));
+    const QString scientific = QString::number(number, 'e', maxFractionDigits); // d.ddde+XX
     const qsizetype e = scientific.indexOf(u'e');
     const int exponent = scientific.mid(e + 1).toInt();
     return trimmed(scientific.left(e)) + (exponent < 0 ? u"E-"_s : u"E+"_s)
@@ -56,7 +56,7 @@ std::optional<Value> parseNumber(const QString &text)
 
 Value wholeNumber(double number)
 {
-    return std::abs(number) <= greatestInteger ? Value(static_cast<qint64>(number)) : Value(number);
+    return std::abs(number) <= maxInteger ? Value(static_cast<qint64>(number)) : Value(number);
 }
 
 }

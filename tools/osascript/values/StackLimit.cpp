@@ -16,13 +16,13 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr quint64 usualStack = 8U << 20U;
+constexpr quint64 maxStack = 8U << 20U;
 
-qsizetype allowance()
+qsizetype maxDepth()
 {
     rlimit limit {};
     const bool isKnown = getrlimit(RLIMIT_STACK, &limit) == 0;
-    const quint64 size = isKnown ? std::min<quint64>(limit.rlim_cur, usualStack) : usualStack;
+    const quint64 size = isKnown ? std::min<quint64>(limit.rlim_cur, maxStack) : maxStack;
     return static_cast<qsizetype>(size / 4 * 3);
 }
 
@@ -32,8 +32,8 @@ void checkStack()
 {
     const auto here = reinterpret_cast<qintptr>(__builtin_frame_address(0));
     static thread_local const qintptr top = here; // the first call is near the top
-    static const qsizetype allowed = allowance();
-    if (top - here > allowed)
+    static const qsizetype max = maxDepth();
+    if (top - here > max)
         fail(ScriptError::stackOverflow, u"Stack overflow."_s);
 }
 

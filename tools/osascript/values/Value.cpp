@@ -13,8 +13,8 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr qsizetype longestText = 32 << 20; // UTF-16 code units
-constexpr qsizetype longestList = 4 << 20;
+constexpr qsizetype maxTextSize = 32 << 20; // UTF-16 code units
+constexpr qsizetype maxListSize = 4 << 20;
 
 /// Moves out what would be destroyed with the items.
 void takeLastOwned(QList<Value> &items, std::vector<Value> &pending)
@@ -171,13 +171,13 @@ bool contains(const Value &value, const Value &container)
 
 void checkTextSize(qsizetype size)
 {
-    if (size > longestText)
+    if (size > maxTextSize)
         fail(ScriptError::outOfMemory, u"Out of memory: the text is too long."_s);
 }
 
 void checkListSize(qsizetype size)
 {
-    if (size > longestList)
+    if (size > maxListSize)
         fail(ScriptError::outOfMemory, u"Out of memory: the list is too long."_s);
 }
 

@@ -18,8 +18,6 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr char32_t lastCodePoint = 0x10FFFF;
-
 Value integer(int number)
 {
     return Value(qint64 { number });
@@ -199,7 +197,7 @@ QString textOfCodePoints(const Value &value)
     QString text;
     for (const Value &item : toItems(value)) {
         const qint64 point = toInteger(item);
-        if (point < 0 || point > qint64 { lastCodePoint }
+        if (point < 0 || point > qint64 { QChar::LastValidCodePoint }
             || QChar::isSurrogate(static_cast<char32_t>(point)))
             failToGet(u"character id "_s + printed(item));
         text += QChar::fromUcs4(static_cast<char32_t>(point));
