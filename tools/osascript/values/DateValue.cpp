@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/values/DateValue.h"
 
+#include <QLocale>
 #include <QRegularExpression>
-
 #include <QTimeZone>
 
 using namespace Qt::StringLiterals;
@@ -12,19 +12,15 @@ namespace Tessel::Osascript {
 
 namespace {
 
-constexpr QStringView months[] { u"January",   u"February", u"March",    u"April",
-                                 u"May",       u"June",     u"July",     u"August",
-                                 u"September", u"October",  u"November", u"December" };
-constexpr QStringView weekdays[] { u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
-                                   u"Thursday", u"Friday", u"Saturday" };
-constexpr int afternoon = 12;
+constexpr int monthCount = 12;
+constexpr int weekdayCount = 7;
+constexpr int afternoon = 12; // o'clock
 
-template <typename Names> int indexOf(const Names &names, QStringView name)
+/// From 1; 0 when none has the name.
+int numberNamed(QStringView name, int count, QString (*nameOf)(int))
 {
-    int number = 0;
-    for (const QStringView known : names) {
-        ++number;
-        if (known.compare(name, Qt::CaseInsensitive) == 0)
+    for (int number = 1; number <= count; ++number) {
+        if (name.compare(nameOf(number), Qt::CaseInsensitive) == 0)
             return number;
     }
     return 0;
@@ -39,11 +35,12 @@ int inFull(int year)
 /// In full, or its first letters: "Nov", "sept".
 int monthFrom(QStringView name)
 {
-    constexpr qsizetype fewestLetters = 3;
-    const auto *month = std::find_if(std::begin(months), std::end(months), [&](QStringView known) {
-        return name.size() >= fewestLetters && known.startsWith(name, Qt::CaseInsensitive);
-    });
-    return month == std::end(months) ? 0 : static_cast<int>(month - std::begin(months)) + 1;
+    constexpr qsizetype minLetters = 3;
+    for (int month = 1; month <= monthCount && name.size() >= minLetters; ++month) {
+        if (monthName(month).startsWith(name, Qt::CaseInsensitive))
+            return month;
+    }
+    return 0;
 }
 
 std::optional<QDate> parseDay(const QString &text)
@@ -103,25 +100,17 @@ QDateTime currentWallClock()
 
 QString dateString(QDate date)
 {
-    return u"%1, %2 %3, %4"_s.arg(weekdayName(weekdayOf(date)), monthName(date.month()))
-        .arg(date.day())
-        .arg(date.year());
+    return QLocale::c().toString(date, u"dddd, MMMM d, ") + QString::number(date.year());
 }
 
 QString shortDateString(QDate date)
 {
-    return u"%1/%2/%3"_s.arg(date.month())
-        .arg(date.day())
-        .arg(date.year() % 100, 2, 10, QLatin1Char('0'));
+    return QLocale::c().toString(date, u"M/d/yy");
 }
 
 QString timeString(QTime time)
 {
-    const int hour = time.hour() % afternoon;
-    return u"%1:%2:%3 %4"_s.arg(hour == 0 ? afternoon : hour)
-        .arg(time.minute(), 2, 10, QLatin1Char('0'))
-        .arg(time.second(), 2, 10, QLatin1Char('0'))
-        .arg(time.hour() < afternoon ? u"AM"_s : u"PM"_s);
+    return QLocale::c().toString(time, u"h:mm:ss AP");
 }
 
 QString formatDate(const QDateTime &date)
@@ -148,22 +137,22 @@ std::optional<QDateTime> parseDate(const QString &text)
 
 QString monthName(int month)
 {
-    return months[month - 1].toString();
+    return QLocale::c().monthName(month);
 }
 
 QString weekdayName(int weekday)
 {
-    return weekdays[weekday - 1].toString();
+    return QLocale::c().dayName(weekday == 1 ? Qt::Sunday : weekday - 1);
 }
 
 int monthNumber(QStringView name)
 {
-    return indexOf(months, name);
+    return numberNamed(name, monthCount, monthName);
 }
 
 int weekdayNumber(QStringView name)
 {
-    return indexOf(weekdays, name);
+    return numberNamed(name, weekdayCount, weekdayName);
 }
 
 int weekdayOf(QDate date)
