@@ -87,20 +87,18 @@ std::optional<Request> parseArguments(QStringList arguments)
     return request;
 }
 
-/// Of the file, or of standard input for "-" and for nothing at all; nothing when it cannot be
-/// read.
-std::optional<QString> readScript(QStringList &arguments)
+/// Of the file, or of standard input for "-" and for nothing at all.
+Result<QString> readScript(QStringList &arguments)
 {
     const QString name = arguments.isEmpty() ? u"-"_s : arguments.takeFirst();
     QFile file(name);
     const bool isOpen
         = name == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    const ScriptSource source
-        = isOpen ? readScriptSource(file) : ScriptSource { {}, file.errorString() };
-    if (source.error.isEmpty())
-        return source.text;
-    print(u"osascript: "_s + name + u": "_s + source.error + u'\n', stderr);
-    return std::nullopt;
+    Result<QString> source
+        = isOpen ? readScriptSource(file) : Tessel::Failure { file.errorString() };
+    if (source)
+        return source;
+    return Tessel::Failure { name + u": "_s + source.error().reason };
 }
 
 QString described(const ScriptError &error)
@@ -123,10 +121,12 @@ int runCommandLine(const QStringList &arguments, Host &host)
             stderr);
         return 2;
     }
-    const std::optional<QString> script
-        = request->script ? request->script : readScript(request->arguments);
-    if (!script)
+    const Result<QString> script
+        = request->script ? *request->script : readScript(request->arguments);
+    if (!script) {
+        print(u"osascript: "_s + script.error().reason + u'\n', stderr);
         return 1;
+    }
     try {
         Evaluator evaluator(host);
         const Value result = evaluator.run(*script, Value::texts(request->arguments).items());

@@ -28,16 +28,16 @@ QByteArray readAll(QIODevice &device)
 
 }
 
-ScriptSource readScriptSource(QIODevice &device)
+Result<QString> readScriptSource(QIODevice &device)
 {
     const QByteArray bytes = readAll(device);
     if (bytes.size() > maxScriptSize)
-        return { {}, u"The script is too long."_s };
+        return Failure { u"The script is too long."_s };
     if (bytes.startsWith("FasdUAS"))
-        return { {}, u"Compiled scripts cannot be run, only their text."_s };
+        return Failure { u"Compiled scripts cannot be run, only their text."_s };
     QStringDecoder decoder(
         QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8));
-    return { decoder.decode(bytes), {} };
+    return QString(decoder.decode(bytes));
 }
 
 }

@@ -2,21 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "base/Result.h"
 
 class QIODevice;
 
 namespace Tessel::Osascript {
 
-/// The text of a script, or in plain English why it cannot be run; one of the two is empty, or
-/// both.
-struct ScriptSource
-{
-    QString text;
-    QString error;
-};
-
-/// Reads all that the open device has: UTF-8, or UTF-16 with a byte order mark.
-[[nodiscard]] ScriptSource readScriptSource(QIODevice &device);
+/// The text of the script that the open device has, in UTF-8, or UTF-16 with a byte order mark.
+[[nodiscard]] Result<QString> readScriptSource(QIODevice &device);
 
 }

@@ -31,10 +31,10 @@ QString sourceOf(const Value &script, const TextContext &context)
     QFile file(script.get<File>().path);
     if (!file.open(QIODevice::ReadOnly))
         failWith(-43, u"File "_s + file.fileName() + u" wasn’t found."_s);
-    const ScriptSource source = readScriptSource(file);
-    if (!source.error.isEmpty())
-        fail(ScriptError::failed, source.error);
-    return source.text;
+    const Result<QString> source = readScriptSource(file);
+    if (!source)
+        fail(ScriptError::failed, source.error().reason);
+    return *source;
 }
 
 }
