@@ -39,31 +39,13 @@ End run(const QString &script)
 /// are left out.
 QStringList vocabulary()
 {
-    QStringList words { u"("_s,
-                        u")"_s,
-                        u"{"_s,
-                        u"}"_s,
-                        u","_s,
-                        u":"_s,
-                        u"'s"_s,
-                        u"-"_s,
-                        u"\n"_s,
-                        u"\n"_s,
-                        u"1"_s,
-                        u"2.5"_s,
-                        u"\"text\""_s,
-                        u"x"_s,
-                        u"y"_s,
-                        u"|z|"_s,
-                        u"¬\n"_s,
-                        u"--"_s,
-                        u"(*"_s,
-                        u"*)"_s,
-                        u"\""_s,
-                        u"|"_s,
-                        u"application \"Notes\""_s,
-                        u"application \"System Events\""_s,
-                        u"application \"Mail\""_s };
+    QStringList words = u"( ) { } , : 's - 1 2.5 \"text\" x y |z| -- (* *) \" |"_s.split(u' ');
+    words += { u"\n"_s,
+               u"\n"_s,
+               u"¬\n"_s,
+               u"application \"Notes\""_s,
+               u"application \"System Events\""_s,
+               u"application \"Mail\""_s };
     for (const Osascript::OperatorTerm &term : Osascript::operatorTerms())
         words.append(term.words.toString());
     for (const Osascript::NameTerm &term : Osascript::nameTerms())
@@ -149,22 +131,16 @@ void tst_OsascriptRobustness::limits_data()
     const auto times = [](int count, const QString &text) { return text.repeated(count); };
     const QString syntax = u"(-2741)"_s;
     row("parentheses", times(10000, u"("_s) + u'1' + times(10000, u")"_s), syntax);
-    row("open parentheses", times(10000, u"("_s), syntax);
-    row("braces", times(10000, u"{"_s), syntax);
     row("blocks", times(10000, u"if true then\n"_s), syntax);
     row("one-line blocks", times(10000, u"tell me to "_s), syntax);
     row("containers", times(10000, u"name of "_s) + u'x', syntax);
     row("possessives", u'x' + times(10000, u"'s name"_s), syntax);
     row("negations", times(10000, u"not "_s) + u"true"_s, syntax);
-    row("minuses", times(10000, u"- "_s) + u'1', syntax);
     row("operators", u'1' + times(10000, u" + 1"_s), syntax);
-    row("powers", u'2' + times(10000, u" ^ 1"_s), syntax);
     row("comments", times(10000, u"(*"_s), syntax);
     row("long list", u'{' + times(20000, u"1, "_s) + u"1}\n1"_s, {});
-    row("long line", u"set x to \""_s + times(100000, u"abc"_s) + u"\"\nlength of x"_s, {});
     row("many statements", times(20000, u"set x to 1\n"_s), {});
     row("recursion", u"on f()\nf()\nend f\nf()"_s, u"(-2706)"_s);
-    row("recursion in an expression", u"on f(x)\nreturn {1 + (f(x))}\nend f\nf(1)"_s, u"(-2706)"_s);
     row("caught recursion",
         u"on f()\nf()\nend f\ntry\nf()\non error number n\nerror number n\nend"_s, u"(-2706)"_s);
     row("run script recursion",
