@@ -7,6 +7,7 @@
 #include "actions/ShellAction.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
+#include "base/Url.h"
 #include "config/ConfigManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/Pasteboard.h"
@@ -91,7 +92,7 @@ void ActionManager::performURLAction(const QString &urlTemplate, const QString &
     const auto encoded = Placeholder::percentEncodedForQuery(text);
     if (!encoded)
         return;
-    const auto url = Placeholder::validUrl(Placeholder::substitute(urlTemplate, *encoded));
+    const auto url = Url::validated(Placeholder::substitute(urlTemplate, *encoded));
     if (!url)
         return;
     m_dependencies.workspace.open(*url);

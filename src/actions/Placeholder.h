@@ -24,10 +24,6 @@ namespace Placeholder {
 /// For use between double quotes in an AppleScript.
 [[nodiscard]] QString escapedForAppleScript(const QString &text);
 
-/// An absolute URL as it may be handed to a handler: RFC 3986 characters only, non-ASCII ones
-/// percent-encoded (RFC 3987, section 3.1). Nothing when the text is not a URL.
-[[nodiscard]] std::optional<QString> validUrl(const QString &text);
-
 }
 
 }
