@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractTableModel>
-#include <QStringList>
+#include <QStringListModel>
 
 namespace Tessel {
 
@@ -11,7 +10,7 @@ class ConfigManager;
 
 /// The excluded applications of the configuration, which it saves at each change: one column of
 /// bundle identifiers, stored as they are typed.
-class ExcludedAppsModel final : public QAbstractTableModel
+class ExcludedAppsModel final : public QStringListModel
 {
     Q_OBJECT
 
@@ -26,12 +25,8 @@ public:
     /// Takes over what others have changed in the configuration.
     void refresh();
 
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
-    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
 private:
@@ -39,7 +34,6 @@ private:
 
     ConfigManager &m_config;
     QString m_title;
-    QStringList m_identifiers; ///< as they are shown
 };
 
 }

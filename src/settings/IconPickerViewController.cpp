@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QSortFilterProxyModel>
 #include <QStandardPaths>
 #include <QStringListModel>
 
@@ -48,12 +49,15 @@ QStringList offeredIcons(const ResourceBundle &bundle)
 IconPickerViewController::IconPickerViewController(Dependencies dependencies, QWidget *parent)
     : QWidget(parent, Qt::Popup)
     , m_dependencies(dependencies)
-    , m_allIcons(offeredIcons(dependencies.bundle))
-    , m_filteredIcons(new QStringListModel(m_allIcons, this))
+    , m_filteredIcons(new QSortFilterProxyModel(this))
     , m_searchField(new QLineEdit(this))
     , m_collectionView(new QListView(this))
 {
-    Log::print(QStringLiteral("DEBUG IconPicker: Loaded %1 icons").arg(m_allIcons.size()));
+    m_filteredIcons->setSourceModel(
+        new QStringListModel(offeredIcons(dependencies.bundle), m_filteredIcons));
+    m_filteredIcons->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    Log::print(
+        QStringLiteral("DEBUG IconPicker: Loaded %1 icons").arg(m_filteredIcons->rowCount()));
     setFixedSize(pickerSize);
     setupControls();
 }
@@ -61,9 +65,11 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
 void IconPickerViewController::setupControls()
 {
     m_searchField->setGeometry(inset, inset, 200, 30);
-    m_searchField->setPlaceholderText(QStringLiteral("Search %1 icons...").arg(m_allIcons.size()));
+    m_searchField->setPlaceholderText(
+        QStringLiteral("Search %1 icons...").arg(m_filteredIcons->rowCount()));
     m_searchField->setAccessibleName(m_searchField->placeholderText());
-    connect(m_searchField, &QLineEdit::textChanged, this, &IconPickerViewController::filter);
+    connect(m_searchField, &QLineEdit::textChanged, m_filteredIcons,
+            &QSortFilterProxyModel::setFilterFixedString);
 
     auto *import = new QPushButton(u"Import..."_s, this);
     import->setGeometry(220, inset, 70, 30);
@@ -118,16 +124,6 @@ void IconPickerViewController::paintEvent(QPaintEvent *)
     painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
-void IconPickerViewController::filter(const QString &text)
-{
-    QStringList found;
-    for (const QString &name : std::as_const(m_allIcons)) {
-        if (name.contains(text, Qt::CaseInsensitive))
-            found.append(name);
-    }
-    m_filteredIcons->setStringList(found);
-}
-
 void IconPickerViewController::choose(const QString &iconName)
 {
     if (!iconName.isEmpty())
@@ -160,19 +156,19 @@ void IconPickerViewController::importIcon(const QString &path)
     CommandRequest request;
     request.program = helperFolder() + u"/tessel-icon-import"_s;
     request.arguments = { *copy, IconResolver::renditionPath(*copy) };
-    m_importer.run(request, [this, name](const CommandResult &result) {
+    m_importer.run(request, [this, name = *name](const CommandResult &result) {
         if (result.launchError)
             Log::print(u"ERROR: tessel-icon-import: "_s + *result.launchError);
         else if (result.exitStatus != 0)
             Log::print(u"ERROR: "_s + QString::fromUtf8(result.errorOutput).trimmed());
-        Q_EMIT didSelectIcon(*name);
+        Q_EMIT didSelectIcon(name);
         deleteLater();
     });
 }
 
 void IconPickerViewController::cleanup()
 {
-    m_filteredIcons->setStringList({});
+    m_filteredIcons->setSourceModel(nullptr);
 }
 
 void IconPickerViewController::hideEvent(QHideEvent *event)

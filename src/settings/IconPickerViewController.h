@@ -4,12 +4,11 @@
 
 #include "actions/CommandRunner.h"
 
-#include <QStringList>
 #include <QWidget>
 
 class QLineEdit;
 class QListView;
-class QStringListModel;
+class QSortFilterProxyModel;
 
 namespace Tessel {
 
@@ -53,13 +52,11 @@ protected:
 
 private:
     void setupControls();
-    void filter(const QString &text);
     void choose(const QString &iconName);
     void chooseFile();
 
     Dependencies m_dependencies;
-    QStringList m_allIcons;
-    QStringListModel *m_filteredIcons;
+    QSortFilterProxyModel *m_filteredIcons;
     QLineEdit *m_searchField;
     QListView *m_collectionView;
     CommandRunner m_importer;
