@@ -16,8 +16,9 @@
 
 #include <QTimer>
 
-using namespace Qt::StringLiterals;
+#include <utility>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace Tessel {
@@ -26,6 +27,16 @@ namespace {
 
 /// The application below needs this long to be active again.
 constexpr auto handOver = 100ms;
+
+/// What carries out an action of each type, with its template and the text.
+constexpr std::pair<ActionType, void (ActionManager::*)(const QString &, const QString &)>
+    executors[] = {
+        { ActionType::url, &ActionManager::performURLAction },
+        { ActionType::shortcut, &ActionManager::performShortcut },
+        { ActionType::shellScript, &ActionManager::performShellScript },
+        { ActionType::appleScript, &ActionManager::performAppleScript },
+        { ActionType::builtin, &ActionManager::performBuiltin },
+    };
 
 void logUnlessEmpty(const QString &line)
 {
@@ -68,22 +79,9 @@ void ActionManager::dispatch(const ActionConfig &action, const QString &text)
 
 void ActionManager::run(const ActionConfig &action, const QString &text)
 {
-    switch (action.type) {
-    case ActionType::url:
-        performURLAction(action.templateText, text);
-        break;
-    case ActionType::shellScript:
-        performShellScript(action.templateText, text);
-        break;
-    case ActionType::appleScript:
-        performAppleScript(action.templateText, text);
-        break;
-    case ActionType::shortcut:
-        performShortcut(action.templateText, text);
-        break;
-    case ActionType::builtin:
-        performBuiltin(action.templateText, text);
-        break;
+    for (const auto &[type, perform] : executors) {
+        if (type == action.type)
+            (this->*perform)(action.templateText, text);
     }
 }
 
@@ -131,14 +129,14 @@ void ActionManager::performShortcut(const QString &name, const QString &text)
 
 void ActionManager::performBuiltin(const QString &type, const QString &text)
 {
-    if (type == u"COPY") {
+    if (type == Builtin::copy) {
         m_dependencies.pasteboard.setString(text);
         Log::print(u"Action: Copied text to clipboard");
-    } else if (type == u"COUNT") {
+    } else if (type == Builtin::count) {
         const QString count = QString::number(characterCount(text));
         m_dependencies.pasteboard.setString(count);
         Log::print(u"Action: Copied count "_s + count + u" to clipboard"_s);
-    } else if (type == u"LARGE_TYPE") {
+    } else if (type == Builtin::largeType) {
         // When the bar has been hidden.
         QMetaObject::invokeMethod(
             this, [this, text] { Q_EMIT largeTypeRequested(text); }, Qt::QueuedConnection);

@@ -82,7 +82,7 @@ struct Pattern::Compiled
     const QStringView literal = requiredLiteral(expression);
     std::unique_ptr<const icu::RegexPattern> kept;
 
-    static constexpr int mostKept = 200; // each takes one to five KiB
+    static constexpr int maxKept = 200; // each takes one to five KiB
     static inline int keptCount = 0;
 };
 
@@ -118,7 +118,7 @@ std::optional<QString> Pattern::firstMatch(const QString &text, MatchBudget &bud
     if (!pattern)
         return std::nullopt;
     std::optional<QString> match = search(*pattern, text, watch);
-    if (Compiled::keptCount < Compiled::mostKept) {
+    if (Compiled::keptCount < Compiled::maxKept) {
         m_compiled->kept = std::move(pattern);
         ++Compiled::keptCount;
     }

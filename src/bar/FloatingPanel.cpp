@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "config/ConfigManager.h"
+#include "config/DefaultActions.h"
 #include "config/IconResolver.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
@@ -130,7 +131,7 @@ void FloatingPanel::reloadButtons()
 void FloatingPanel::fill(HoverButton &button, const GlintAction &action,
                          const QString &effectiveText, int index)
 {
-    const bool isCounting = action.id == u"count";
+    const bool isCounting = action.id == DefaultActions::countId;
     button.identifier = action.id;
     button.hoverToolTipText = action.title;
     button.effectiveText = effectiveText;

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <string>
 #include <type_traits>
@@ -19,43 +18,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// The raw values of the enumerations, in the order of their cases.
-constexpr std::array actionTypes { QLatin1StringView("url"), QLatin1StringView("shortcut"),
-                                   QLatin1StringView("shellScript"),
-                                   QLatin1StringView("appleScript"), QLatin1StringView("builtin") };
-constexpr std::array appIconTypes { QLatin1StringView("default"), QLatin1StringView("light"),
-                                    QLatin1StringView("neon") };
-constexpr std::array themeModes { QLatin1StringView("system"), QLatin1StringView("light"),
-                                  QLatin1StringView("dark") };
-
-template <typename Enum, typename Names> QString nameOf(Enum value, const Names &names)
-{
-    return names.at(static_cast<std::size_t>(value));
-}
-
-template <typename Enum, typename Names>
-std::optional<Enum> caseNamed(const QString &name, const Names &names)
-{
-    const auto found = std::find(names.begin(), names.end(), name);
-    return found == names.end() ? std::nullopt
-                                : std::optional(static_cast<Enum>(found - names.begin()));
-}
-
 constexpr auto bundleIdsKey = "excludedBundleIds";
 constexpr auto actionsKey = "customActions";
 
-/// The optional settings with their keys, in the order in which they are written.
+/// Calls the visitor with the key and the field of each setting.
 template <typename Config, typename Visitor> void visitSettings(Config &config, Visitor &&visit)
 {
-    visit("triggerKeyCode", config.triggerKeyCode);
-    visit("triggerModifiers", config.triggerModifiers);
-    visit("showTooltips", config.showTooltips);
-    visit("enableKeyboardShortcuts", config.enableKeyboardShortcuts);
-    visit("alwaysOnTop", config.alwaysOnTop);
-    visit("language", config.language);
-    visit("showKeyboardShortcuts", config.showKeyboardShortcuts);
-    visit("appIcon", config.appIcon);
-    visit("themeMode", config.themeMode);
+    std::apply([&](const auto &...setting) { (visit(setting.key, config.*setting.field), ...); },
+               settingRows);
 }
 
 // Reading. What does not fit ends it with a DecodingError, which stays in this file.
@@ -132,26 +102,31 @@ void read(qint64 &field, const Json &value, const Place &place)
     field = *number;
 }
 
+[[noreturn]] void failOnValue(const QString &value, const Place &place)
+{
+    place.fail(QStringLiteral("unknown value \"%1\"").arg(value));
+}
+
 template <typename Enum>
-void readCase(Enum &field, const Json &value, const Place &place,
-              std::optional<Enum> (*caseFrom)(const QString &))
+requires std::is_enum_v<Enum>
+void read(Enum &field, const Json &value, const Place &place)
 {
     QString name;
     read(name, value, place);
-    const std::optional<Enum> found = caseFrom(name);
-    if (!found)
-        place.fail(QStringLiteral("unknown value \"%1\"").arg(name));
-    field = *found;
+    const auto &all = choices<Enum>;
+    const auto found = std::find_if(all.begin(), all.end(), [&name](const Choice<Enum> &choice) {
+        return choice.rawValue == name;
+    });
+    if (found == all.end())
+        failOnValue(name, place);
+    field = found->value;
 }
 
-void read(AppIconType &field, const Json &value, const Place &place)
+template <typename T> void read(Observable<T> &field, const Json &value, const Place &place)
 {
-    readCase(field, value, place, appIconTypeFrom);
-}
-
-void read(ThemeMode &field, const Json &value, const Place &place)
-{
-    readCase(field, value, place, themeModeFrom);
+    T plain = field.value();
+    read(plain, value, place);
+    field = plain;
 }
 
 template <typename T> void read(std::optional<T> &field, const Json &value, const Place &place)
@@ -174,11 +149,11 @@ template <typename T> void readOptional(T &field, const Json &object, const Plac
         read(field, *found, place);
 }
 
-/// Turns a kind of action that older versions had into a current one. False for unknown kinds.
+/// Turns a type of action that older versions had into a current one. False for unknown types.
 bool migrate(ActionConfig &action, const QString &oldType)
 {
     const bool isCommand = oldType == u"command";
-    if (isCommand && action.templateText == u"LARGE_TYPE") {
+    if (isCommand && action.templateText == Builtin::largeType) {
         action.type = ActionType::builtin;
     } else if (isCommand) {
         action.type = ActionType::shellScript;
@@ -186,9 +161,12 @@ bool migrate(ActionConfig &action, const QString &oldType)
         action.type = ActionType::shellScript;
         action.templateText.prepend(QStringLiteral("# App action deprecated: "));
         action.isEnabled = false;
-    } else if (oldType == u"copy" || oldType == u"count") {
+    } else if (oldType == u"copy") {
         action.type = ActionType::builtin;
-        action.templateText = oldType.toUpper();
+        action.templateText = Builtin::copy.toString();
+    } else if (oldType == u"count") {
+        action.type = ActionType::builtin;
+        action.templateText = Builtin::count.toString();
     } else {
         return false;
     }
@@ -212,7 +190,7 @@ ActionConfig readAction(const Json &object, qsizetype index)
     if (const std::optional<ActionType> current = actionTypeFrom(type))
         action.type = *current;
     else if (!migrate(action, type))
-        place("type").fail(QStringLiteral("unknown value \"%1\"").arg(type));
+        failOnValue(type, place("type"));
     return action;
 }
 
@@ -277,11 +255,24 @@ void write(std::string &out, const QString &text)
     out += Json(text.toStdString()).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+void write(std::string &out, ActionType type)
+{
+    write(out, infoOf(type).rawValue);
+}
+
 template <typename Enum>
 requires std::is_enum_v<Enum>
 void write(std::string &out, Enum value)
 {
-    write(out, rawValue(value));
+    const auto &all = choices<Enum>;
+    write(out, std::find_if(all.begin(), all.end(), [value](const Choice<Enum> &choice) {
+                   return choice.value == value;
+               })->rawValue);
+}
+
+template <typename T> void write(std::string &out, const Observable<T> &value)
+{
+    write(out, value.value());
 }
 
 void write(std::string &out, const ActionConfig &action);
@@ -331,44 +322,14 @@ void write(std::string &out, const ActionConfig &action)
 
 }
 
-QString rawValue(ActionType type)
-{
-    return nameOf(type, actionTypes);
-}
-
-QString rawValue(AppIconType type)
-{
-    return nameOf(type, appIconTypes);
-}
-
-QString rawValue(ThemeMode mode)
-{
-    return nameOf(mode, themeModes);
-}
-
-std::optional<ActionType> actionTypeFrom(const QString &rawValue)
-{
-    return caseNamed<ActionType>(rawValue, actionTypes);
-}
-
-std::optional<AppIconType> appIconTypeFrom(const QString &rawValue)
-{
-    return caseNamed<AppIconType>(rawValue, appIconTypes);
-}
-
-std::optional<ThemeMode> themeModeFrom(const QString &rawValue)
-{
-    return caseNamed<ThemeMode>(rawValue, themeModes);
-}
-
-DecodedConfig decodeConfig(const QByteArray &json)
+Result<AppConfig> decodeConfig(const QByteArray &json)
 {
     try {
-        return { readConfig(json), QString() };
+        return readConfig(json);
     } catch (const DecodingError &error) {
-        return { std::nullopt, error.text };
+        return Failure { error.text };
     } catch (const Json::exception &error) {
-        return { std::nullopt, QString::fromUtf8(error.what()) };
+        return Failure { QString::fromUtf8(error.what()) };
     }
 }
 

@@ -2,18 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/KeyCodes.h"
+#include "base/Result.h"
+#include "config/ActionType.h"
+#include "config/Observable.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <optional>
+#include <tuple>
 
 namespace Tessel {
-
-enum class ActionType { url, shortcut, shellScript, appleScript, builtin };
-enum class AppIconType { standard, light, neon }; ///< `standard` is stored as "default"
-enum class ThemeMode { system, light, dark };
 
 /// One action of the bar, as the user configured it.
 struct ActionConfig
@@ -30,42 +33,78 @@ struct ActionConfig
     friend bool operator==(const ActionConfig &, const ActionConfig &) = default;
 };
 
-/// The configuration file. A setting that the file leaves out stays empty here.
+enum class AppIconType { standard, light, neon };
+enum class ThemeMode { system, light, dark };
+
+/// A case of an enumeration, as the file has it and as the settings window shows it.
+template <typename Enum> struct Choice
+{
+    Enum value;
+    QLatin1StringView rawValue;
+    QStringView title;
+};
+
+/// All cases of an enumeration, in the order in which they are offered.
+template <typename Enum> inline constexpr std::array<Choice<Enum>, 0> choices {};
+
+template <>
+inline constexpr std::array choices<AppIconType> {
+    Choice<AppIconType> { AppIconType::standard, QLatin1StringView("default"), u"Default" },
+    Choice<AppIconType> { AppIconType::light, QLatin1StringView("light"), u"Light" },
+    Choice<AppIconType> { AppIconType::neon, QLatin1StringView("neon"), u"Neon" },
+};
+
+template <>
+inline constexpr std::array choices<ThemeMode> {
+    Choice<ThemeMode> { ThemeMode::system, QLatin1StringView("system"), u"System" },
+    Choice<ThemeMode> { ThemeMode::light, QLatin1StringView("light"), u"Light" },
+    Choice<ThemeMode> { ThemeMode::dark, QLatin1StringView("dark"), u"Dark" },
+};
+
+/// What the configuration file holds. What a file leaves out has the value that stands here.
 struct AppConfig
 {
     QStringList excludedBundleIds;
     QList<ActionConfig> customActions;
-    std::optional<qint64> triggerKeyCode;
-    std::optional<qint64> triggerModifiers;
-    std::optional<bool> showTooltips;
-    std::optional<bool> enableKeyboardShortcuts;
-    std::optional<bool> alwaysOnTop;
-    std::optional<QString> language;
-    std::optional<bool> showKeyboardShortcuts;
-    std::optional<AppIconType> appIcon;
-    std::optional<ThemeMode> themeMode;
+
+    qint64 triggerKeyCode = KeyCodes::keyF2;
+    qint64 triggerModifiers = 0; ///< bits of KeyCodes.h
+    bool showTooltips = true;
+    bool enableKeyboardShortcuts = true;
+    bool alwaysOnTop = true; ///< the settings window
+    QString language = QStringLiteral("en"); ///< a code; unknown ones are kept
+    Observable<bool> showKeyboardShortcuts = true;
+    AppIconType appIcon = AppIconType::standard;
+    ThemeMode themeMode = ThemeMode::system;
 
     friend bool operator==(const AppConfig &, const AppConfig &) = default;
 };
 
-[[nodiscard]] QString rawValue(ActionType type);
-[[nodiscard]] QString rawValue(AppIconType type);
-[[nodiscard]] QString rawValue(ThemeMode mode);
-[[nodiscard]] std::optional<ActionType> actionTypeFrom(const QString &rawValue);
-[[nodiscard]] std::optional<AppIconType> appIconTypeFrom(const QString &rawValue);
-[[nodiscard]] std::optional<ThemeMode> themeModeFrom(const QString &rawValue);
-
-struct DecodedConfig
+/// A field of the configuration with its key in the file. Its type says what values are valid.
+template <typename T> struct Setting
 {
-    std::optional<AppConfig> config; ///< empty when the bytes are not a valid configuration
-    QString error; ///< what is wrong, in English, when there is no config
+    const char *key;
+    T AppConfig::*field;
 };
 
-/// Reads a configuration file (JSON, RFC 8259, UTF-8). Action kinds of older versions are
-/// converted.
-[[nodiscard]] DecodedConfig decodeConfig(const QByteArray &json);
+/// The settings, which a file may leave out, in the order in which they are written.
+inline constexpr std::tuple settingRows {
+    Setting { "triggerKeyCode", &AppConfig::triggerKeyCode },
+    Setting { "triggerModifiers", &AppConfig::triggerModifiers },
+    Setting { "showTooltips", &AppConfig::showTooltips },
+    Setting { "enableKeyboardShortcuts", &AppConfig::enableKeyboardShortcuts },
+    Setting { "alwaysOnTop", &AppConfig::alwaysOnTop },
+    Setting { "language", &AppConfig::language },
+    Setting { "showKeyboardShortcuts", &AppConfig::showKeyboardShortcuts },
+    Setting { "appIcon", &AppConfig::appIcon },
+    Setting { "themeMode", &AppConfig::themeMode },
+};
 
-/// Compact JSON with the keys in declaration order; empty settings are left out.
+/// Reads a configuration file (JSON, RFC 8259, UTF-8). Types of actions that older versions had
+/// are converted.
+[[nodiscard]] Result<AppConfig> decodeConfig(const QByteArray &json);
+
+/// Compact JSON with the keys in the order above.
 [[nodiscard]] QByteArray encodeConfig(const AppConfig &config);
 
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/ConfigManager.h"
 
-#include "base/KeyCodes.h"
+#include "base/Identifier.h"
 #include "base/Log.h"
 #include "config/DefaultActions.h"
 #include "config/LocalizationManager.h"
@@ -13,9 +13,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <QStandardPaths>
-#include <QUuid>
 
-#include <algorithm>
 #include <filesystem>
 
 namespace Tessel {
@@ -23,35 +21,7 @@ namespace Tessel {
 namespace {
 
 constexpr QStringView customIconPrefix = u"custom:";
-constexpr qint64 largestIconFile = 64 << 20; ///< bytes; it is copied while the user waits
-
-/// Whether the text begins with a URL scheme (RFC 3986, section 3.1) and "://".
-bool beginsWithScheme(QStringView text)
-{
-    const auto isLetter
-        = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); };
-    const auto *end = std::find_if_not(text.begin(), text.end(), [&isLetter](QChar c) {
-        return isLetter(c) || (c >= u'0' && c <= u'9') || QStringView(u"+.-").contains(c);
-    });
-    return end != text.begin() && isLetter(text.front())
-        && text.mid(end - text.begin()).startsWith(u"://");
-}
-
-bool isRunnable(const ActionConfig &action)
-{
-    const QString &value = action.templateText;
-    switch (action.type) {
-    case ActionType::url:
-        return beginsWithScheme(value);
-    case ActionType::shortcut:
-    case ActionType::shellScript:
-    case ActionType::appleScript:
-        return !value.isEmpty();
-    case ActionType::builtin:
-        return value == u"COPY" || value == u"COUNT" || value == u"LARGE_TYPE";
-    }
-    return false;
-}
+constexpr qint64 maxIconFileSize = 64 << 20; ///< bytes; the file is copied while the user waits
 
 }
 
@@ -97,32 +67,17 @@ void ConfigManager::load()
     QFile file(configURL());
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
         return loadDefaults();
-    const DecodedConfig decoded = decodeConfig(file.readAll());
-    if (!decoded.config) {
-        Log::print(QStringLiteral("ERROR: Failed to decode config: ") + decoded.error);
+    Result<AppConfig> decoded = decodeConfig(file.readAll());
+    if (!decoded) {
+        Log::print(QStringLiteral("ERROR: Failed to decode config: ") + decoded.error().reason);
         return loadDefaults();
     }
-    apply(*decoded.config);
+    AppConfig::operator=(*std::move(decoded));
     Log::print(QStringLiteral("DEBUG: Config loaded. Excluded: %1, Actions: %2")
                    .arg(excludedBundleIds.size())
                    .arg(customActions.size()));
     applyLanguage();
     restoreStandardActions();
-}
-
-void ConfigManager::apply(const AppConfig &config)
-{
-    excludedBundleIds = config.excludedBundleIds;
-    customActions = config.customActions;
-    triggerKeyCode = config.triggerKeyCode.value_or(KeyCodes::keyF2);
-    triggerModifiers = config.triggerModifiers.value_or(0);
-    showTooltips = config.showTooltips.value_or(true);
-    enableKeyboardShortcuts = config.enableKeyboardShortcuts.value_or(true);
-    alwaysOnTop = config.alwaysOnTop.value_or(true);
-    language = config.language.value_or(QStringLiteral("en"));
-    showKeyboardShortcuts = config.showKeyboardShortcuts.value_or(true);
-    appIcon = config.appIcon.value_or(AppIconType::standard);
-    themeMode = config.themeMode.value_or(ThemeMode::system);
 }
 
 void ConfigManager::applyLanguage() const
@@ -150,27 +105,12 @@ void ConfigManager::restoreStandardActions()
     QMetaObject::invokeMethod(this, &ConfigManager::save, Qt::QueuedConnection);
 }
 
-AppConfig ConfigManager::currentConfig() const
-{
-    return { .excludedBundleIds = excludedBundleIds,
-             .customActions = customActions,
-             .triggerKeyCode = triggerKeyCode,
-             .triggerModifiers = triggerModifiers,
-             .showTooltips = showTooltips,
-             .enableKeyboardShortcuts = enableKeyboardShortcuts,
-             .alwaysOnTop = alwaysOnTop,
-             .language = language,
-             .showKeyboardShortcuts = showKeyboardShortcuts.value(),
-             .appIcon = appIcon,
-             .themeMode = themeMode };
-}
-
 void ConfigManager::save()
 {
     QFile file(configURL());
     if (file.fileName().isEmpty())
         return;
-    const QByteArray json = encodeConfig(currentConfig());
+    const QByteArray json = encodeConfig(*this);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
         || file.write(json) != json.size()) {
         Log::print(QStringLiteral("ERROR: Failed to save config: ") + file.errorString());
@@ -193,30 +133,34 @@ void ConfigManager::loadDefaults()
 
 bool ConfigManager::validateAction(const ActionConfig &action)
 {
-    return !action.isEnabled || isRunnable(action);
+    return !action.isEnabled || infoOf(action.type).isRunnable(action.templateText);
 }
 
-std::optional<QString> ConfigManager::saveCustomIcon(const QString &sourcePath) const
+Result<QString> ConfigManager::saveCustomIcon(const QString &sourcePath) const
 {
     if (folder().isEmpty())
-        return std::nullopt;
-    const auto failure = [](const QString &problem) {
-        Log::print(QStringLiteral("Error saving custom icon: ") + problem);
-        return std::nullopt;
-    };
-    if (!QFileInfo(sourcePath).isFile())
-        return failure(QStringLiteral("not a file: ") + sourcePath);
-    if (QFileInfo(sourcePath).size() > largestIconFile)
-        return failure(QStringLiteral("larger than 64 MiB: ") + sourcePath);
+        return Failure { QStringLiteral("nothing is stored") };
+    Result<QString> name = copyIntoIconFolder(sourcePath);
+    if (!name)
+        Log::print(QStringLiteral("Error saving custom icon: ") + name.error().reason);
+    return name;
+}
+
+Result<QString> ConfigManager::copyIntoIconFolder(const QString &sourcePath) const
+{
+    const QFileInfo info(sourcePath);
+    if (!info.isFile())
+        return Failure { QStringLiteral("not a file: ") + sourcePath };
+    if (info.size() > maxIconFileSize)
+        return Failure { QStringLiteral("larger than 64 MiB: ") + sourcePath };
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(iconFolder()).toStdString(), error);
     if (error)
-        return failure(QString::fromStdString(error.message()));
-    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + u'.'
-        + QFileInfo(sourcePath).suffix();
+        return Failure { QString::fromStdString(error.message()) };
+    const QString name = newIdentifier() + u'.' + info.suffix();
     QFile source(sourcePath);
     if (!source.copy(iconFolder() + u'/' + name))
-        return failure(source.errorString());
+        return Failure { source.errorString() };
     return customIconPrefix.toString() + name;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/DefaultActions.h"
 
-#include <QUuid>
+#include "base/Identifier.h"
 
 #include <string_view>
 #include <utility>
@@ -32,11 +32,6 @@ ActionConfig action(QStringView id, QStringView title, QStringView iconName, Act
     config.type = type;
     config.templateText = templateText.toString();
     return config;
-}
-
-QString newId()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
 constexpr std::pair<std::string_view, std::string_view> renames[] = {
@@ -103,14 +98,15 @@ QList<ActionConfig> DefaultActions::all()
     actions[2].iconName = QStringLiteral("phosphor_translate");
     return actions
         + QList<ActionConfig> {
-              action(newId(), u"Uppercase", u"phosphor_text-a-underline", ActionType::shellScript,
-                     uppercaseCommand),
-              action(newId(), u"ChatGPT", u"phosphor_open-ai-logo", ActionType::url,
+              action(newIdentifier(), u"Uppercase", u"phosphor_text-a-underline",
+                     ActionType::shellScript, uppercaseCommand),
+              action(newIdentifier(), u"ChatGPT", u"phosphor_open-ai-logo", ActionType::url,
                      u"https://chatgpt.com/?q={text}"),
-              action(newId(), u"Add to Calendar", u"phosphor_calendar-plus", ActionType::shortcut,
+              action(newIdentifier(), u"Add to Calendar", u"phosphor_calendar-plus",
+                     ActionType::shortcut,
                      u"일정 추가"), // "add to schedule"
-              action(newId(), u"Add to Notes", u"phosphor_note-pencil", ActionType::appleScript,
-                     notesScript),
+              action(newIdentifier(), u"Add to Notes", u"phosphor_note-pencil",
+                     ActionType::appleScript, notesScript),
           };
 }
 
@@ -119,12 +115,12 @@ QList<ActionConfig> DefaultActions::standard()
     return {
         action(u"search", u"Search", u"phosphor_magnifying-glass", ActionType::url,
                u"https://www.google.com/search?q={text}"),
-        action(u"copy", u"Copy", u"phosphor_copy", ActionType::builtin, u"COPY"),
+        action(u"copy", u"Copy", u"phosphor_copy", ActionType::builtin, Builtin::copy),
         action(u"translate", u"Translate", u"icon_translate", ActionType::url,
                u"https://translate.google.com/?sl=auto&tl=ko&text={text}&op=translate"),
-        action(u"count", u"Count", u"phosphor_hash", ActionType::builtin, u"COUNT"),
+        action(countId, u"Count", u"phosphor_hash", ActionType::builtin, Builtin::count),
         action(u"largetype", u"Large Type", u"phosphor_text-aa", ActionType::builtin,
-               u"LARGE_TYPE"),
+               Builtin::largeType),
     };
 }
 

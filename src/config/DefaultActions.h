@@ -9,6 +9,9 @@ namespace Tessel {
 /// The actions that come with the program, and the names of older versions.
 namespace DefaultActions {
 
+/// The identifier of the standard action that counts; the bar shows the count in its place.
+inline constexpr QStringView countId = u"count";
+
 /// The nine actions of a first start; the last four have a new identifier each time.
 [[nodiscard]] QList<ActionConfig> all();
 

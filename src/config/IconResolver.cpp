@@ -61,7 +61,7 @@ QImage IconResolver::customImage(const QString &path) const
     const QDateTime modified = QFileInfo(path).lastModified();
     CustomImage &custom = m_customImages[path];
     if (custom.modified != modified)
-        custom = { modified, readImageFile(path, longestSide) };
+        custom = { modified, readImageFile(path, maxSide) };
     return custom.image;
 }
 

@@ -17,7 +17,7 @@ class IconResolver final
 {
 public:
     /// Longest side of an image made from a user's file, in pixels.
-    static constexpr int longestSide = 128;
+    static constexpr int maxSide = 128;
 
     /// Borrows both.
     explicit IconResolver(const ConfigManager &config, const ResourceBundle &bundle);

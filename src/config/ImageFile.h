@@ -8,6 +8,6 @@ namespace Tessel {
 
 /// Reads an image of the user's in at most the given size (longest side, in pixels); null when the
 /// file is damaged, no image, or larger than an icon could sensibly be.
-[[nodiscard]] QImage readImageFile(const QString &path, int longestSide);
+[[nodiscard]] QImage readImageFile(const QString &path, int maxSide);
 
 }

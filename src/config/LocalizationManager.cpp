@@ -8,17 +8,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace Tessel {
-
-namespace {
-
-constexpr std::pair<LocalizationManager::Language, QStringView> codes[] = {
-    { LocalizationManager::Language::english, u"en" },
-    { LocalizationManager::Language::korean, u"ko" },
-    { LocalizationManager::Language::chinese, u"zh" },
-};
-
-}
 
 LocalizationManager::LocalizationManager(QString folder)
     : m_folder(std::move(folder))
@@ -34,20 +26,18 @@ LocalizationManager &LocalizationManager::shared()
 
 std::optional<LocalizationManager::Language> LocalizationManager::languageFrom(const QString &code)
 {
-    for (const auto &[language, known] : codes) {
-        if (known == code)
-            return language;
+    for (const LanguageInfo &known : languages) {
+        if (known.code == code)
+            return known.language;
     }
     return std::nullopt;
 }
 
 QString LocalizationManager::code(Language language)
 {
-    for (const auto &[known, code] : codes) {
-        if (known == language)
-            return code.toString();
-    }
-    Q_UNREACHABLE();
+    return std::find_if(std::begin(languages), std::end(languages),
+                        [=](const LanguageInfo &known) { return known.language == language; })
+        ->code.toString();
 }
 
 QString LocalizationManager::localizedString(const QString &key) const

@@ -15,6 +15,19 @@ class LocalizationManager
 public:
     enum class Language { english, korean, chinese };
 
+    struct LanguageInfo
+    {
+        Language language;
+        QStringView code; ///< in the configuration, and the name of the file with the texts
+        QStringView name; ///< in the language itself
+    };
+
+    static constexpr LanguageInfo languages[] = {
+        { Language::english, u"en", u"English" },
+        { Language::korean, u"ko", u"한국어" },
+        { Language::chinese, u"zh", u"中文" },
+    };
+
     /// `folder`: holds a table of texts per language, "en.json" and so on, keyed by the English
     /// text.
     explicit LocalizationManager(QString folder = {});
@@ -22,7 +35,7 @@ public:
     /// The process-wide instance, with the tables of the program's resources.
     static LocalizationManager &shared();
 
-    /// The language of a configuration code ("en", "ko", "zh"); nothing for any other.
+    /// The language of a configuration code; nothing for an unknown one.
     [[nodiscard]] static std::optional<Language> languageFrom(const QString &code);
     [[nodiscard]] static QString code(Language language);
 

@@ -2,30 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionEditing.h"
 
+#include "base/Identifier.h"
 #include "config/ConfigManager.h"
-
-#include <QUuid>
 
 namespace Tessel {
 
 ActionConfig ActionEditing::newAction()
 {
     ActionConfig action;
-    action.id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    action.id = newIdentifier();
     action.title = QStringLiteral("New Action");
     action.iconName = QStringLiteral("star");
-    action.type = ActionType::url;
-    action.templateText = QStringLiteral("https://");
-    return action;
+    return withType(action, ActionType::url);
 }
 
 ActionConfig ActionEditing::withType(ActionConfig action, ActionType type)
 {
+    const ActionTypeInfo &info = infoOf(type);
     action.type = type;
-    if (type == ActionType::builtin)
-        action.templateText = QStringLiteral("COPY");
-    else if (type == ActionType::url && action.templateText.isEmpty())
-        action.templateText = QStringLiteral("https://");
+    if (info.editor == TemplateEditor::menu || action.templateText.isEmpty())
+        action.templateText = info.initialTemplate.toString();
     return action;
 }
 
@@ -35,20 +31,11 @@ std::optional<QString> ActionEditing::regexFrom(const QString &typed)
     return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed);
 }
 
-bool ActionEditing::hasScript(ActionType type)
-{
-    return type == ActionType::shellScript || type == ActionType::appleScript;
-}
-
-std::optional<QString> ActionEditing::problem(const ActionConfig &action)
+Result<void> ActionEditing::validate(const ActionConfig &action)
 {
     if (ConfigManager::validateAction(action))
         return {};
-    if (action.type == ActionType::url)
-        return QStringLiteral("Invalid URL scheme");
-    if (action.type == ActionType::shortcut)
-        return QStringLiteral("Shortcut name required");
-    return QStringLiteral("Script required");
+    return Failure { infoOf(action.type).problem.toString() };
 }
 
 std::optional<qsizetype> ActionEditing::dropRow(qsizetype rowUnderPointer, int offset,

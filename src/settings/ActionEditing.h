@@ -22,11 +22,8 @@ namespace ActionEditing {
 /// An expression as it is stored: without white space around it, absent when nothing is left.
 [[nodiscard]] std::optional<QString> regexFrom(const QString &typed);
 
-/// Whether the template is a script, which is edited in several lines.
-[[nodiscard]] bool hasScript(ActionType type);
-
-/// Why the action cannot run, as a key of the localised texts; nothing when it can.
-[[nodiscard]] std::optional<QString> problem(const ActionConfig &action);
+/// Whether the action can run; the reason is a key of the localised texts.
+[[nodiscard]] Result<void> validate(const ActionConfig &action);
 
 /// Where a dragged row would go, given where the pointer is in the row under it: before that row,
 /// behind it, or nowhere when the pointer is in its middle.

@@ -18,7 +18,7 @@ constexpr int iconExtent = 20;
 constexpr int checkBoxExtent = 16;
 constexpr int textMargin = 6;
 constexpr int arrowsWidth = 20;
-constexpr qsizetype mostDrawn = 500; ///< characters; more do not fit into any row
+constexpr qsizetype maxDrawnLength = 500; ///< characters; more do not fit into any row
 
 QStyle *styleOf(const QStyleOptionViewItem &option)
 {
@@ -141,7 +141,8 @@ void ActionsDelegate::paintButton(QPainter *painter, const QStyleOptionViewItem 
 void ActionsDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &option,
                                 const QModelIndex &index) const
 {
-    QString text = index.data().toString().left(mostDrawn).simplified(); // of several lines, one
+    QString text
+        = index.data().toString().left(maxDrawnLength).simplified(); // of several lines, one
     QColor color = textColor(option);
     const bool isSelected = option.state & QStyle::State_Selected;
     const bool isInvalid = index.data(ActionsModel::invalidRole).toBool();

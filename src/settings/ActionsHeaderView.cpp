@@ -16,7 +16,7 @@ namespace {
 constexpr int headerHeight = 26;
 constexpr int fontSize = 11; // pixels
 constexpr int labelMargin = 12;
-constexpr int longestTitle = 240; ///< pixels that the titles may take at first
+constexpr int maxTitleWidth = 240; ///< pixels that the titles may take at first
 
 constexpr int resizables[]
     = { ActionsModel::titleColumn, ActionsModel::templateColumn, ActionsModel::regexColumn };
@@ -30,17 +30,17 @@ int titleWidth(const ActionsModel &model, const QFontMetrics &metrics)
 {
     int widest = 0;
     for (int row = 0; row < model.rowCount(); ++row) {
-        const QString title = model.action(row)->title.left(longestTitle / 4);
+        const QString title = model.action(row)->title.left(maxTitleWidth / 4);
         widest = std::max(widest, metrics.horizontalAdvance(title));
     }
-    return std::clamp(widest + 20, 100, longestTitle);
+    return std::clamp(widest + 20, 100, maxTitleWidth);
 }
 
 int typeWidth(const QFontMetrics &metrics)
 {
     int widest = 90;
-    for (const ActionType type : ActionsModel::actionTypes)
-        widest = std::max(widest, ActionsDelegate::buttonWidth(metrics, rawValue(type)));
+    for (const ActionTypeInfo &info : actionTypes())
+        widest = std::max(widest, ActionsDelegate::buttonWidth(metrics, info.rawValue));
     return widest;
 }
 
@@ -100,10 +100,10 @@ int ActionsHeaderView::labelWidth(int column) const
     return fontMetrics().horizontalAdvance(label) + labelMargin;
 }
 
-int ActionsHeaderView::smallestWidth(int column) const
+int ActionsHeaderView::minWidth(int column) const
 {
-    const int smallest = column == ActionsModel::regexColumn ? 50 : 100;
-    return std::max(smallest, labelWidth(column));
+    const int least = column == ActionsModel::regexColumn ? 50 : 100;
+    return std::max(least, labelWidth(column));
 }
 
 /// Evenly among the columns from the given one on.
@@ -117,7 +117,7 @@ void ActionsHeaderView::share(int difference, int firstColumn)
         if (column < firstColumn)
             continue;
         const int before = sectionSize(column);
-        resizeSection(column, std::max(smallestWidth(column), before + difference / sharing--));
+        resizeSection(column, std::max(minWidth(column), before + difference / sharing--));
         difference -= sectionSize(column) - before;
     }
 }

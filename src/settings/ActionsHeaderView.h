@@ -25,7 +25,7 @@ public:
 
 private:
     [[nodiscard]] int labelWidth(int column) const;
-    [[nodiscard]] int smallestWidth(int column) const;
+    [[nodiscard]] int minWidth(int column) const;
     void widenForLabels();
     void share(int difference, int firstColumn);
 

@@ -130,7 +130,7 @@ QString ActionsModel::shownText(const ActionConfig &action, int column) const
     case titleColumn:
         return action.title;
     case typeColumn:
-        return rawValue(action.type);
+        return infoOf(action.type).rawValue;
     case templateColumn:
         return action.templateText;
     case regexColumn:
@@ -146,7 +146,7 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
     if (!action)
         return {};
     const int column = index.column();
-    const auto problem = column == templateColumn ? ActionEditing::problem(*action) : std::nullopt;
+    const auto valid = column == templateColumn ? ActionEditing::validate(*action) : Result<void>();
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -155,15 +155,15 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
         return column == enabledColumn ? QVariant(action->isEnabled ? Qt::Checked : Qt::Unchecked)
                                        : QVariant();
     case Qt::ToolTipRole:
-        return problem ? m_localization.localizedString(*problem) : QVariant();
+        return valid ? QVariant() : m_localization.localizedString(valid.error().reason);
     case Qt::AccessibleTextRole:
         return column == iconColumn ? QVariant(action->iconName) : shownText(*action, column);
     case invalidRole:
-        return problem.has_value();
+        return !valid;
     case placeholderRole:
         if (column == regexColumn)
             return u"Optional"_s;
-        return problem && action->templateText.isEmpty()
+        return !valid && action->templateText.isEmpty()
             ? m_localization.localizedString(u"Required"_s)
             : QString();
     default:
@@ -190,7 +190,8 @@ Qt::ItemFlags ActionsModel::flags(const QModelIndex &index) const
     if (column == enabledColumn)
         flags |= Qt::ItemIsUserCheckable;
     const ActionConfig *action = this->action(index.row());
-    const bool isMenu = column == templateColumn && action && action->type == ActionType::builtin;
+    const bool isMenu
+        = column == templateColumn && action && infoOf(action->type).editor == TemplateEditor::menu;
     if ((column == titleColumn || column == templateColumn || column == regexColumn) && !isMenu)
         flags |= Qt::ItemIsEditable;
     return flags;

@@ -20,9 +20,6 @@ class ActionsModel final : public QAbstractTableModel
 public:
     enum Column { enabledColumn, iconColumn, titleColumn, typeColumn, templateColumn, regexColumn };
     static constexpr int columns = 6;
-    static constexpr ActionType actionTypes[]
-        = { ActionType::url, ActionType::shortcut, ActionType::shellScript, ActionType::appleScript,
-            ActionType::builtin };
 
     /// True for a template that cannot run; its tool tip says why.
     static constexpr int invalidRole = Qt::UserRole;

@@ -55,13 +55,13 @@ ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icon
     m_header->layoutColumns(fontMetrics());
     connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
         if (!index.flags().testFlag(Qt::ItemIsEditable))
-            press(index);
+            activate(index);
     });
     connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
         // The second of two quick clicks makes no further click.
         if (index.flags().testFlag(Qt::ItemIsEditable)
             || index.column() == ActionsModel::enabledColumn)
-            press(index);
+            activate(index);
     });
 }
 
@@ -78,10 +78,9 @@ void ActionsTableView::resizeEvent(QResizeEvent *event)
     m_header->fit(viewport()->width());
 }
 
-void ActionsTableView::press(const QModelIndex &index)
+void ActionsTableView::activate(const QModelIndex &index)
 {
-    const ActionConfig *action = m_model->action(index.row());
-    if (!action)
+    if (!m_model->action(index.row()))
         return;
     switch (index.column()) {
     case ActionsModel::enabledColumn:
@@ -92,15 +91,25 @@ void ActionsTableView::press(const QModelIndex &index)
     case ActionsModel::typeColumn:
         return openMenu(index);
     case ActionsModel::templateColumn:
-        if (action->type == ActionType::builtin)
-            return openMenu(index);
-        if (ActionEditing::hasScript(action->type))
-            return editScript(index.row());
-        break;
+        return activateTemplate(index);
     default:
+        edit(index);
+    }
+}
+
+void ActionsTableView::activateTemplate(const QModelIndex &index)
+{
+    switch (infoOf(m_model->action(index.row())->type).editor) {
+    case TemplateEditor::line:
+        edit(index);
+        break;
+    case TemplateEditor::script:
+        editScript(index.row());
+        break;
+    case TemplateEditor::menu:
+        openMenu(index);
         break;
     }
-    edit(index);
 }
 
 /// The choices of a type or builtin cell, the current one checked and under the pointer.
@@ -121,11 +130,11 @@ void ActionsTableView::openMenu(const QModelIndex &index)
             menu->setActiveAction(choice);
     };
     if (index.column() == ActionsModel::typeColumn) {
-        for (const ActionType type : ActionsModel::actionTypes)
-            add(rawValue(type), [this, type](int row) { m_model->setType(row, type); });
+        for (const ActionTypeInfo &info : actionTypes())
+            add(info.rawValue, [this, type = info.type](int row) { m_model->setType(row, type); });
     } else {
-        for (const char *builtin : { "COPY", "COUNT", "LARGE_TYPE" }) {
-            const QString name = QString::fromLatin1(builtin);
+        for (const QStringView builtin : Builtin::all) {
+            const QString name = builtin.toString();
             add(name, [this, name](int row) { m_model->setTemplate(row, name); });
         }
     }
@@ -204,7 +213,7 @@ void ActionsTableView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_F2:
-        return press(currentIndex());
+        return activate(currentIndex());
     case Qt::Key_Up:
         if (isMove)
             return moveCurrent(row - 1);

@@ -43,8 +43,8 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void press(const QModelIndex &index);
-    void editText(const QModelIndex &index);
+    void activate(const QModelIndex &index);
+    void activateTemplate(const QModelIndex &index);
     void editScript(int row);
     void collapse(const QModelIndex &cell, const RowTextView *editor);
     void openMenu(const QModelIndex &index);

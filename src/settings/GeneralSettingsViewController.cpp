@@ -35,35 +35,12 @@ namespace {
 constexpr QSize artworkSize(64, 64);
 constexpr double artworkShare = 0.85;
 
-struct IconChoice
-{
-    AppIconType type;
-    QStringView name;
-};
-
-constexpr IconChoice iconChoices[] = {
-    { AppIconType::standard, u"Default" },
-    { AppIconType::light, u"Light" },
-    { AppIconType::neon, u"Neon" },
-};
-
 /// Leaves the wheel to the page, which else could not be scrolled without changing a setting.
 class PopUpButton final : public QComboBox
 {
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
 };
-
-QComboBox *popUpButton(const QList<std::pair<QString, QString>> &titlesAndValues,
-                       const QString &current, const QString &name)
-{
-    auto *button = new PopUpButton;
-    for (const auto &[title, value] : titlesAndValues)
-        button->addItem(title, value);
-    button->setCurrentIndex(button->findData(current));
-    button->setAccessibleName(name);
-    return button;
-}
 
 }
 
@@ -134,9 +111,12 @@ QWidget *GeneralSettingsViewController::appearanceSection()
 QWidget *GeneralSettingsViewController::languageRow()
 {
     using Manager = LocalizationManager;
-    m_languageButton = popUpButton(
-        { { u"English"_s, u"en"_s }, { u"한국어"_s, u"ko"_s }, { u"中文"_s, u"zh"_s } },
-        Manager::code(m_dependencies.localization.currentLanguage), text("Language"));
+    m_languageButton = new PopUpButton;
+    m_languageButton->setAccessibleName(text("Language"));
+    for (const Manager::LanguageInfo &language : Manager::languages)
+        m_languageButton->addItem(language.name.toString(), language.code.toString());
+    m_languageButton->setCurrentIndex(
+        m_languageButton->findData(Manager::code(m_dependencies.localization.currentLanguage)));
     connect(m_languageButton, &QComboBox::activated, this,
             [this] { changeLanguage(m_languageButton->currentData().toString()); });
     return row(10, { label(text("Language") + u':'), m_languageButton });
@@ -144,15 +124,16 @@ QWidget *GeneralSettingsViewController::languageRow()
 
 QWidget *GeneralSettingsViewController::themeRow()
 {
-    auto *button = popUpButton({ { u"System"_s, rawValue(ThemeMode::system) },
-                                 { u"Light"_s, rawValue(ThemeMode::light) },
-                                 { u"Dark"_s, rawValue(ThemeMode::dark) } },
-                               rawValue(m_dependencies.config.themeMode), u"Theme"_s);
-    connect(button, &QComboBox::activated, this, [this, button] {
-        if (const auto mode = themeModeFrom(button->currentData().toString())) {
-            m_dependencies.config.themeMode = *mode;
-            m_dependencies.config.save();
-        }
+    auto *button = new PopUpButton;
+    button->setAccessibleName(u"Theme"_s);
+    for (const Choice<ThemeMode> &choice : choices<ThemeMode>) {
+        button->addItem(choice.title.toString());
+        if (choice.value == m_dependencies.config.themeMode)
+            button->setCurrentIndex(button->count() - 1);
+    }
+    connect(button, &QComboBox::activated, this, [&config = m_dependencies.config](int index) {
+        config.themeMode = choices<ThemeMode>[std::size_t(index)].value;
+        config.save();
     });
     return row(10, { label(u"Theme:"_s), button });
 }
@@ -161,19 +142,20 @@ QWidget *GeneralSettingsViewController::iconGrid()
 {
     auto *grid = new QWidget;
     QBoxLayout *columns = stack(grid, Qt::Horizontal, 20);
-    for (const IconChoice &choice : iconChoices) {
+    for (const Choice<AppIconType> &choice : choices<AppIconType>) {
+        const QString title = choice.title.toString();
         auto *button = new IconSelectionButton;
-        button->setAccessibleName(choice.name.toString());
+        button->setAccessibleName(title);
         button->setPicture(QPixmap::fromImage(applicationArtwork(
-            choice.type, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
-        button->setSelectedIcon(choice.type == m_dependencies.config.appIcon);
+            choice.value, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
+        button->setSelectedIcon(choice.value == m_dependencies.config.appIcon);
         connect(button, &QAbstractButton::clicked, this,
-                [this, type = choice.type] { changeAppIcon(type); });
-        m_iconButtons.insert(choice.type, button);
+                [this, type = choice.value] { changeAppIcon(type); });
+        m_iconButtons.insert(choice.value, button);
         auto *column = new QWidget;
         QBoxLayout *parts = stack(column, Qt::Vertical, 4);
         parts->addWidget(button, 0, Qt::AlignHCenter);
-        parts->addWidget(secondaryLabel(choice.name.toString(), 11), 0, Qt::AlignHCenter);
+        parts->addWidget(secondaryLabel(title, 11), 0, Qt::AlignHCenter);
         columns->addWidget(column);
     }
     columns->addStretch();
@@ -183,27 +165,23 @@ QWidget *GeneralSettingsViewController::iconGrid()
 QWidget *GeneralSettingsViewController::behaviorSection()
 {
     ConfigManager &config = m_dependencies.config;
-    const auto switchRow = [&config](const QString &title, bool isOn, auto &&apply) {
-        auto *control = new SettingsSwitch;
-        control->setAccessibleName(title);
-        control->setChecked(isOn);
-        connect(control, &QAbstractButton::toggled, control, [&config, apply](bool isNowOn) {
-            apply(isNowOn);
-            config.save();
-        });
-        return row(12, { control, label(title) });
-    };
     auto *switches = new QWidget;
     QBoxLayout *column = stack(switches, Qt::Vertical, 12);
-    column->addWidget(switchRow(u"Show Tooltips"_s, config.showTooltips,
-                                [&config](bool isOn) { config.showTooltips = isOn; }));
-    column->addWidget(switchRow(u"Show Keyboard Shortcuts"_s, config.showKeyboardShortcuts.value(),
-                                [&config](bool isOn) { config.showKeyboardShortcuts = isOn; }));
-    column->addWidget(
-        switchRow(u"Keep Settings Window on Top"_s, config.alwaysOnTop, [this, &config](bool isOn) {
-            config.alwaysOnTop = isOn;
-            Q_EMIT alwaysOnTopChanged(isOn);
-        }));
+    const auto addSwitch = [&config, column](const QString &title, auto AppConfig::*setting) {
+        auto *control = new SettingsSwitch;
+        control->setAccessibleName(title);
+        control->setChecked(config.*setting);
+        connect(control, &QAbstractButton::toggled, control, [&config, setting](bool isOn) {
+            config.*setting = isOn;
+            config.save();
+        });
+        column->addWidget(row(12, { control, label(title) }));
+        return control;
+    };
+    addSwitch(u"Show Tooltips"_s, &AppConfig::showTooltips);
+    addSwitch(u"Show Keyboard Shortcuts"_s, &AppConfig::showKeyboardShortcuts);
+    connect(addSwitch(u"Keep Settings Window on Top"_s, &AppConfig::alwaysOnTop),
+            &QAbstractButton::toggled, this, &GeneralSettingsViewController::alwaysOnTopChanged);
     return section(u"Behavior"_s, { triggerRow(), switches, separator() });
 }
 

@@ -16,7 +16,6 @@ public:
     explicit IconSelectionButton(QWidget *parent = nullptr);
 
     void setPicture(const QPixmap &picture);
-    [[nodiscard]] bool isSelectedIcon() const { return m_isSelectedIcon; }
     void setSelectedIcon(bool isSelected);
 
     [[nodiscard]] QSize sizeHint() const override { return { 72, 72 }; }

@@ -21,10 +21,6 @@ public:
 
     std::function<void(qint64 keyCode, qint64 modifierFlags)> onShortcutChanged;
 
-    [[nodiscard]] qint64 keyCode() const { return m_keyCode; }
-    [[nodiscard]] qint64 modifierFlags() const { return m_modifierFlags; }
-    [[nodiscard]] QString text() const; ///< what it shows
-
 protected:
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -35,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] QString text() const; ///< what it shows, and tells assistive technology
     [[nodiscard]] bool movesFocus(const QKeyEvent &event) const;
     void setRecording(bool isRecording);
 

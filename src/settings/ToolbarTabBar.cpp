@@ -10,7 +10,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr QSize smallestTab(84, 54);
+constexpr QSize minTabSize(84, 54);
 constexpr int iconExtent = 24;
 constexpr int iconTop = 6;
 constexpr double radius = 6;
@@ -34,7 +34,7 @@ void ToolbarTabBar::addTab(const QImage &templateImage, const QString &accessibl
 
 QSize ToolbarTabBar::tabSizeHint(int index) const
 {
-    return smallestTab.expandedTo({ fontMetrics().horizontalAdvance(tabText(index)) + 24, 0 });
+    return minTabSize.expandedTo({ fontMetrics().horizontalAdvance(tabText(index)) + 24, 0 });
 }
 
 void ToolbarTabBar::paintEvent(QPaintEvent *)

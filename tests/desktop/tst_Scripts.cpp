@@ -22,7 +22,7 @@ QJsonObject defaultAction(const QString &title)
 {
     for (const ActionConfig &action : DefaultActions::all()) {
         if (action.title == title)
-            return TesselProgram::action(title, rawValue(action.type), action.templateText);
+            return TesselProgram::action(title, infoOf(action.type).rawValue, action.templateText);
     }
     return {};
 }

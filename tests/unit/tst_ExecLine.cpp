@@ -22,7 +22,6 @@ private Q_SLOTS:
                             const QStringList &expected) {
             QTest::newRow(name) << QByteArray(exec) << targets << expected;
         };
-        row("plain", "editor --new", {}, { u"editor"_s, u"--new"_s });
         row("one file", "editor %f -x", two, { u"editor"_s, u"/a b"_s, u"-x"_s });
         row("no file", "editor %f %U", {}, { u"editor"_s });
         row("files", "editor  %F", two, { u"editor"_s, u"/a b"_s, u"/c"_s });
@@ -36,7 +35,6 @@ private Q_SLOTS:
             { u"/opt/my app/x"_s, u"a\"b"_s, QString(), u"%f$"_s });
         row("backslash", "x \"a\\\\\\\\b\" c\\sd", {}, { u"x"_s, u"a\\b"_s, u"c"_s, u"d"_s });
         row("open quotation", "x \"a", {}, {});
-        row("none", "", two, {});
     }
 
     void command()

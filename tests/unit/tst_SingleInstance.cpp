@@ -32,28 +32,19 @@ class tst_SingleInstance : public QObject
 private Q_SLOTS:
     void init() { QFile::remove(m_path); }
 
-    void parse_data()
+    void parsesProcessIds()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<int>("expected"); // 0: not a number
-        QTest::newRow("plain") << QByteArray("4321") << 4321;
-        QTest::newRow("plus") << QByteArray("+17") << 17;
-        QTest::newRow("minus") << QByteArray("-17") << -17;
-        QTest::newRow("largest") << QByteArray("2147483647") << 2147483647;
-        QTest::newRow("overflow") << QByteArray("2147483648") << 0;
-        QTest::newRow("line end") << QByteArray("4321\n") << 0;
-        QTest::newRow("space") << QByteArray(" 4321") << 0;
-        QTest::newRow("two signs") << QByteArray("+-1") << 0;
-        QTest::newRow("sign only") << QByteArray("-") << 0;
-        QTest::newRow("hexadecimal") << QByteArray("0x10") << 0;
-        QTest::newRow("empty") << QByteArray() << 0;
-    }
-
-    void parse()
-    {
-        QFETCH(QByteArray, text);
-        QFETCH(int, expected);
-        QCOMPARE(SingleInstance::parseProcessId(text).value_or(0), expected);
+        for (const auto &[text, expected] : { std::pair { "+17", 17 },
+                                              { "-17", -17 },
+                                              { "2147483647", 2147483647 },
+                                              { "2147483648", 0 },
+                                              { "4321\n", 0 },
+                                              { " 4321", 0 },
+                                              { "+-1", 0 },
+                                              { "-", 0 },
+                                              { "0x10", 0 },
+                                              { "", 0 } })
+            QCOMPARE(SingleInstance::parseProcessId(text).value_or(0), expected);
     }
 
     void takesFreeAndStaleLocks()

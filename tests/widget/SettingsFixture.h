@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Log.h"
+#include "settings/ActionsModel.h"
 #include "settings/ActionsTableView.h"
 #include "settings/RowTextView.h"
 #include "settings/SettingsWindowController.h"
@@ -35,11 +36,21 @@ struct SettingsFixture : PanelFixture
 
     void showActions() const { window->findChild<QTabBar *>()->setCurrentIndex(1); }
 
+    /// Opens the window anew, on actions of that type with these templates.
+    void openWith(ActionType type, const QStringList &templates)
+    {
+        config.customActions.clear();
+        for (const QString &text : templates)
+            config.customActions.append(
+                { text, text, QStringLiteral("phosphor_star"), type, text });
+        open();
+        showActions();
+    }
+
     /// A control of the current contents: what a rebuild has thrown away may still be there.
     template <typename Control> [[nodiscard]] Control *control(const QString &name) const
     {
-        const auto all = window->findChildren<Control *>();
-        for (Control *candidate : all) {
+        for (Control *candidate : window->findChildren<Control *>()) {
             if (candidate->isVisible() && candidate->accessibleName() == name)
                 return candidate;
         }
@@ -64,6 +75,14 @@ struct SettingsFixture : PanelFixture
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, cell(row, column));
     }
     [[nodiscard]] RowTextView *scriptEditor() const { return window->findChild<RowTextView *>(); }
+
+    /// Opens the editor of a script; null when it does not get the keyboard.
+    [[nodiscard]] RowTextView *editScript(int row) const
+    {
+        doubleClick(row, ActionsModel::templateColumn);
+        const auto hasFocus = [this] { return scriptEditor() && scriptEditor()->hasFocus(); };
+        return QTest::qWaitFor(hasFocus) ? scriptEditor() : nullptr;
+    }
 
     /// Types into the single-line field of a cell.
     void type(int row, int column, const QString &text) const
@@ -92,8 +111,7 @@ struct SettingsFixture : PanelFixture
     [[nodiscard]] AppConfig saved() const
     {
         QFile file(folder.filePath(QStringLiteral("GlintClone/config.json")));
-        return file.open(QIODevice::ReadOnly) ? decodeConfig(file.readAll()).config.value()
-                                              : AppConfig();
+        return decodeConfig(file.open(QIODevice::ReadOnly) ? file.readAll() : "{}").valueOr({});
     }
     [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
 };

