@@ -9,6 +9,8 @@
 
 #include <unicode/ubrk.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -89,9 +91,7 @@ QString withNormalizedLineEnds(const QString &text)
 {
     if (!text.contains(u'\r'))
         return text;
-    return QString(text)
-        .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-        .replace(u'\r', u'\n');
+    return QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
 QList<TextRange> characterRanges(const QString &text, CrLf crLf)

@@ -12,6 +12,8 @@
 #include <type_traits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -46,10 +48,10 @@ struct Place
     {
         QString path = QLatin1StringView(key);
         if (index >= 0)
-            path += QStringLiteral("[%1]").arg(index);
+            path += u"[%1]"_s.arg(index);
         if (action >= 0)
-            path.prepend(QStringLiteral("customActions[%1].").arg(action));
-        throw DecodingError { path + QStringLiteral(": ") + problem };
+            path.prepend(u"customActions[%1]."_s.arg(action));
+        throw DecodingError { path + u": "_s + problem };
     }
 };
 
@@ -66,14 +68,14 @@ QString exactText(const std::string &utf8)
 void read(QString &field, const Json &value, const Place &place)
 {
     if (!value.is_string())
-        place.fail(QStringLiteral("must be a string"));
+        place.fail(u"must be a string"_s);
     field = exactText(value.get_ref<const std::string &>());
 }
 
 void read(bool &field, const Json &value, const Place &place)
 {
     if (!value.is_boolean())
-        place.fail(QStringLiteral("must be true or false"));
+        place.fail(u"must be true or false"_s);
     field = value.get<bool>();
 }
 
@@ -98,13 +100,13 @@ void read(qint64 &field, const Json &value, const Place &place)
 {
     const std::optional<qint64> number = wholeNumber(value);
     if (!number)
-        place.fail(QStringLiteral("must be a whole number of 64 bits"));
+        place.fail(u"must be a whole number of 64 bits"_s);
     field = *number;
 }
 
 [[noreturn]] void failOnValue(const QString &value, const Place &place)
 {
-    place.fail(QStringLiteral("unknown value \"%1\"").arg(value));
+    place.fail(u"unknown value \"%1\""_s.arg(value));
 }
 
 template <typename Enum>
@@ -138,7 +140,7 @@ template <typename T> void readRequired(T &field, const Json &object, const Plac
 {
     const auto found = object.find(place.key);
     if (found == object.end())
-        place.fail(QStringLiteral("missing"));
+        place.fail(u"missing"_s);
     read(field, *found, place);
 }
 
@@ -159,7 +161,7 @@ bool migrate(ActionConfig &action, const QString &oldType)
         action.type = ActionType::shellScript;
     } else if (oldType == u"app") {
         action.type = ActionType::shellScript;
-        action.templateText.prepend(QStringLiteral("# App action deprecated: "));
+        action.templateText.prepend(u"# App action deprecated: "_s);
         action.isEnabled = false;
     } else if (oldType == u"copy") {
         action.type = ActionType::builtin;
@@ -176,7 +178,7 @@ bool migrate(ActionConfig &action, const QString &oldType)
 ActionConfig readAction(const Json &object, qsizetype index)
 {
     if (!object.is_object())
-        Place { actionsKey, index }.fail(QStringLiteral("must be an object"));
+        Place { actionsKey, index }.fail(u"must be an object"_s);
     const auto place = [index](const char *key) { return Place { key, -1, index }; };
     ActionConfig action;
     readRequired(action.id, object, place("id"));
@@ -198,9 +200,9 @@ const Json &arrayIn(const Json &object, const Place &place)
 {
     const auto found = object.find(place.key);
     if (found == object.end())
-        place.fail(QStringLiteral("missing"));
+        place.fail(u"missing"_s);
     if (!found->is_array())
-        place.fail(QStringLiteral("must be an array"));
+        place.fail(u"must be an array"_s);
     return *found;
 }
 
@@ -225,7 +227,7 @@ AppConfig readConfig(const QByteArray &text)
     };
     const Json document = Json::parse(text.cbegin(), text.cend(), takeActions);
     if (!document.is_object())
-        throw DecodingError { QStringLiteral("must be an object") };
+        throw DecodingError { u"must be an object"_s };
 
     for (const Json &bundleId : arrayIn(document, { bundleIdsKey })) {
         const Place place { bundleIdsKey, config.excludedBundleIds.size() };

@@ -16,6 +16,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -43,17 +45,17 @@ ConfigManager &ConfigManager::shared()
 QString ConfigManager::folder() const
 {
     const QString &parent = m_dependencies.applicationSupport;
-    return parent.isEmpty() ? QString() : parent + QStringLiteral("/GlintClone");
+    return parent.isEmpty() ? QString() : parent + u"/GlintClone"_s;
 }
 
 QString ConfigManager::configURL() const
 {
-    return folder().isEmpty() ? QString() : folder() + QStringLiteral("/config.json");
+    return folder().isEmpty() ? QString() : folder() + u"/config.json"_s;
 }
 
 QString ConfigManager::iconFolder() const
 {
-    return folder() + QStringLiteral("/Icons");
+    return folder() + u"/Icons"_s;
 }
 
 void ConfigManager::createConfigDirectory() const
@@ -69,12 +71,11 @@ void ConfigManager::load()
         return loadDefaults();
     Result<AppConfig> decoded = decodeConfig(file.readAll());
     if (!decoded) {
-        Log::print(QStringLiteral("ERROR: Failed to decode config: ") + decoded.error().reason);
+        Log::print(u"ERROR: Failed to decode config: "_s + decoded.error().reason);
         return loadDefaults();
     }
     AppConfig::operator=(*std::move(decoded));
-    Log::print(QStringLiteral("DEBUG: Config loaded. Excluded: %1, Actions: %2")
-                   .arg(excludedBundleIds.size())
+    Log::print(u"DEBUG: Config loaded. Excluded: %1, Actions: %2"_s.arg(excludedBundleIds.size())
                    .arg(customActions.size()));
     applyLanguage();
     restoreStandardActions();
@@ -113,11 +114,11 @@ void ConfigManager::save()
     const QByteArray json = encodeConfig(*this);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
         || file.write(json) != json.size()) {
-        Log::print(QStringLiteral("ERROR: Failed to save config: ") + file.errorString());
+        Log::print(u"ERROR: Failed to save config: "_s + file.errorString());
         return;
     }
     file.close();
-    const QString message = QStringLiteral("DEBUG: Config saved to ") + file.fileName();
+    const QString message = u"DEBUG: Config saved to "_s + file.fileName();
     Log::print(message);
     Log::print(message); // twice for each save: part of the output's fixed form
     Q_EMIT m_dependencies.notifications.configDidChange();
@@ -139,10 +140,10 @@ bool ConfigManager::validateAction(const ActionConfig &action)
 Result<QString> ConfigManager::saveCustomIcon(const QString &sourcePath) const
 {
     if (folder().isEmpty())
-        return Failure { QStringLiteral("nothing is stored") };
+        return Failure { u"nothing is stored"_s };
     Result<QString> name = copyIntoIconFolder(sourcePath);
     if (!name)
-        Log::print(QStringLiteral("Error saving custom icon: ") + name.error().reason);
+        Log::print(u"Error saving custom icon: "_s + name.error().reason);
     return name;
 }
 
@@ -150,9 +151,9 @@ Result<QString> ConfigManager::copyIntoIconFolder(const QString &sourcePath) con
 {
     const QFileInfo info(sourcePath);
     if (!info.isFile())
-        return Failure { QStringLiteral("not a file: ") + sourcePath };
+        return Failure { u"not a file: "_s + sourcePath };
     if (info.size() > maxIconFileSize)
-        return Failure { QStringLiteral("larger than 64 MiB: ") + sourcePath };
+        return Failure { u"larger than 64 MiB: "_s + sourcePath };
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(iconFolder()).toStdString(), error);
     if (error)

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -95,7 +97,7 @@ QLatin1StringView latin1(std::string_view text)
 QList<ActionConfig> DefaultActions::all()
 {
     QList<ActionConfig> actions = standard();
-    actions[2].iconName = QStringLiteral("phosphor_translate");
+    actions[2].iconName = u"phosphor_translate"_s;
     return actions
         + QList<ActionConfig> {
               action(newIdentifier(), u"Uppercase", u"phosphor_text-a-underline",

@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -18,9 +20,9 @@ namespace {
 QString iconForSymbol(QString symbol)
 {
     static const QHash<QString, QString> further {
-        { QStringLiteral("exclamationmark.triangle"), QStringLiteral("phosphor_warning") },
-        { QStringLiteral("plus"), QStringLiteral("phosphor_plus") },
-        { QStringLiteral("minus"), QStringLiteral("phosphor_minus") },
+        { u"exclamationmark.triangle"_s, u"phosphor_warning"_s },
+        { u"plus"_s, u"phosphor_plus"_s },
+        { u"minus"_s, u"phosphor_minus"_s },
     };
     while (true) {
         QString icon = further.value(symbol, DefaultActions::renamedIcon(symbol));
@@ -53,7 +55,7 @@ QImage IconResolver::image(const QString &iconName) const
 
 QString IconResolver::renditionPath(const QString &path)
 {
-    return path + QStringLiteral(".png");
+    return path + u".png"_s;
 }
 
 QImage IconResolver::customImage(const QString &path) const

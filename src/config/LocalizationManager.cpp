@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 LocalizationManager::LocalizationManager(QString folder)
@@ -19,8 +21,8 @@ LocalizationManager::LocalizationManager(QString folder)
 
 LocalizationManager &LocalizationManager::shared()
 {
-    static auto *manager = new LocalizationManager(ResourceBundle::module().folder()
-                                                   + QStringLiteral("/Localizations"));
+    static auto *manager
+        = new LocalizationManager(ResourceBundle::module().folder() + u"/Localizations"_s);
     return *manager;
 }
 
@@ -50,7 +52,7 @@ QString LocalizationManager::localizedString(const QString &key) const
 
 LocalizationManager::Table LocalizationManager::load(Language language) const
 {
-    QFile file(QStringLiteral("%1/%2.json").arg(m_folder, code(language)));
+    QFile file(u"%1/%2.json"_s.arg(m_folder, code(language)));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     Table table;

@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -17,10 +19,9 @@ namespace {
 /// The folder of the program's own bundle.
 QString moduleFolder()
 {
-    const QString installed
-        = QDir::cleanPath(QCoreApplication::applicationDirPath()
-                          + QStringLiteral("/../share/tessel/Tessel_Tessel.bundle"));
-    const QString built = QStringLiteral(TESSEL_BUILD_BUNDLE);
+    const QString installed = QDir::cleanPath(QCoreApplication::applicationDirPath()
+                                              + u"/../share/tessel/Tessel_Tessel.bundle"_s);
+    const QString built = u"" TESSEL_BUILD_BUNDLE ""_s;
     for (const QString &folder : { installed, built }) {
         if (QFileInfo(folder).isDir())
             return folder;
@@ -64,8 +65,8 @@ QImage ResourceBundle::iconImage(const QString &name) const
 QStringList ResourceBundle::iconSetNames() const
 {
     const QLatin1StringView extension(".png");
-    QStringList names = QDir(m_folder).entryList({ QStringLiteral("phosphor_*") + extension },
-                                                 QDir::Files, QDir::Unsorted);
+    QStringList names
+        = QDir(m_folder).entryList({ u"phosphor_*"_s + extension }, QDir::Files, QDir::Unsorted);
     for (QString &name : names)
         name.chop(extension.size());
     std::sort(names.begin(), names.end());

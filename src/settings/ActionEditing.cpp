@@ -5,14 +5,16 @@
 #include "base/Identifier.h"
 #include "config/ConfigManager.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 ActionConfig ActionEditing::newAction()
 {
     ActionConfig action;
     action.id = newIdentifier();
-    action.title = QStringLiteral("New Action");
-    action.iconName = QStringLiteral("star");
+    action.title = u"New Action"_s;
+    action.iconName = u"star"_s;
     return withType(action, ActionType::url);
 }
 

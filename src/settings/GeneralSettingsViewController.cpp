@@ -279,8 +279,8 @@ void GeneralSettingsViewController::addExcludedApp()
 
 void GeneralSettingsViewController::clearIconCache()
 {
-    Log::print(QStringLiteral("DEBUG: clearIconCache called - clearing %1 icon buttons")
-                   .arg(m_iconButtons.size()));
+    Log::print(
+        u"DEBUG: clearIconCache called - clearing %1 icon buttons"_s.arg(m_iconButtons.size()));
     for (IconSelectionButton *button : std::as_const(m_iconButtons))
         button->setPicture({});
     m_iconButtons.clear();

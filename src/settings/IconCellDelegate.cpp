@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -58,8 +60,7 @@ QSize IconCellDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex
 bool IconCellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                  const QStyleOptionViewItem &, const QModelIndex &index)
 {
-    QToolTip::showText(event->globalPos(),
-                       index.data().toString().remove(QStringLiteral("phosphor_")), view);
+    QToolTip::showText(event->globalPos(), index.data().toString().remove(u"phosphor_"_s), view);
     return true;
 }
 

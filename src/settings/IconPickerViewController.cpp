@@ -56,8 +56,7 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
     m_filteredIcons->setSourceModel(
         new QStringListModel(offeredIcons(dependencies.bundle), m_filteredIcons));
     m_filteredIcons->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    Log::print(
-        QStringLiteral("DEBUG IconPicker: Loaded %1 icons").arg(m_filteredIcons->rowCount()));
+    Log::print(u"DEBUG IconPicker: Loaded %1 icons"_s.arg(m_filteredIcons->rowCount()));
     setFixedSize(pickerSize);
     setupControls();
 }
@@ -65,8 +64,7 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
 void IconPickerViewController::setupControls()
 {
     m_searchField->setGeometry(inset, inset, 200, 30);
-    m_searchField->setPlaceholderText(
-        QStringLiteral("Search %1 icons...").arg(m_filteredIcons->rowCount()));
+    m_searchField->setPlaceholderText(u"Search %1 icons..."_s.arg(m_filteredIcons->rowCount()));
     m_searchField->setAccessibleName(m_searchField->placeholderText());
     connect(m_searchField, &QLineEdit::textChanged, m_filteredIcons,
             &QSortFilterProxyModel::setFilterFixedString);

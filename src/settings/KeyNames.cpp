@@ -8,6 +8,8 @@
 #include <iterator>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -50,7 +52,7 @@ QString keyCodeToString(qint64 keyCode)
     if (name != std::end(names))
         return name->second.toString();
     const auto letter = KeyCodes::ansiCharacter(keyCode);
-    return letter ? QString(QLatin1Char(*letter)) : QStringLiteral("Key %1").arg(keyCode);
+    return letter ? QString(QLatin1Char(*letter)) : u"Key %1"_s.arg(keyCode);
 }
 
 QString shortcutText(qint64 keyCode, qint64 modifiers)

@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -32,14 +34,13 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
 {
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(120, 24);
-    setToolTip(QStringLiteral("Click to record shortcut"));
+    setToolTip(u"Click to record shortcut"_s);
     setAccessibleDescription(text());
 }
 
 QString ShortcutRecorderControl::text() const
 {
-    return m_isRecording ? QStringLiteral("Type shortcut...")
-                         : shortcutText(m_keyCode, m_modifierFlags);
+    return m_isRecording ? u"Type shortcut..."_s : shortcutText(m_keyCode, m_modifierFlags);
 }
 
 bool ShortcutRecorderControl::event(QEvent *event)
