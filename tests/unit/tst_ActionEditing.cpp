@@ -14,33 +14,24 @@ class tst_ActionEditing : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void move_data()
+    void moves()
     {
-        QTest::addColumn<int>("source");
-        QTest::addColumn<int>("dropRow");
-        QTest::addColumn<QString>("order"); // null: refused
-        QTest::newRow("down") << 0 << 2 << u"bacd"_s;
-        QTest::newRow("up") << 3 << 1 << u"adbc"_s;
-        QTest::newRow("to the end") << 0 << 4 << u"bcda"_s;
-        QTest::newRow("behind itself") << 2 << 3 << u"abcd"_s;
-        QTest::newRow("no such source") << 4 << 0 << QString();
-        QTest::newRow("negative source") << -1 << 0 << QString();
-        QTest::newRow("no such place") << 0 << 5 << QString();
-    }
-
-    void move()
-    {
-        QFETCH(int, source);
-        QFETCH(int, dropRow);
-        QFETCH(QString, order);
-        QList<ActionConfig> actions;
-        for (const QString &title : { u"a"_s, u"b"_s, u"c"_s, u"d"_s })
-            actions.append({ {}, title, {}, ActionType::url, {} });
-        QCOMPARE(ActionEditing::move(actions, source, dropRow), !order.isNull());
-        QString titles;
-        for (const ActionConfig &action : actions)
-            titles += action.title;
-        QCOMPARE(titles, order.isNull() ? u"abcd"_s : order);
+        const auto moved = [](qsizetype source, qsizetype dropRow) {
+            QList<ActionConfig> actions(4);
+            for (qsizetype i = 0; i < 4; ++i)
+                actions[i].title = QChar(u'a' + int(i));
+            QString titles = ActionEditing::move(actions, source, dropRow) ? u""_s : u"refused: "_s;
+            for (const ActionConfig &action : actions)
+                titles += action.title;
+            return titles;
+        };
+        QCOMPARE(moved(0, 2), u"bacd"_s);
+        QCOMPARE(moved(3, 1), u"adbc"_s);
+        QCOMPARE(moved(0, 4), u"bcda"_s);
+        QCOMPARE(moved(2, 3), u"abcd"_s);
+        QCOMPARE(moved(4, 0), u"refused: abcd"_s);
+        QCOMPARE(moved(-1, 0), u"refused: abcd"_s);
+        QCOMPARE(moved(0, 5), u"refused: abcd"_s);
     }
 
     void draggedData()
@@ -53,33 +44,23 @@ private Q_SLOTS:
         QCOMPARE(ActionEditing::dropRow(5, 28, 30), qsizetype(6));
     }
 
-    void changeOfType_data()
+    void changesOfType()
     {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<ActionType>("type");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<QString>("problem");
-        const auto row = [](const char *name, const QString &before, ActionType type,
-                            const QString &after, const QString &problem = {}) {
-            QTest::newRow(name) << before << type << after << problem;
-        };
-        row("to builtin", u"https://a"_s, ActionType::builtin, u"COPY"_s);
-        row("empty to url", {}, ActionType::url, u"https://"_s);
-        row("text to url", u"ls"_s, ActionType::url, u"ls"_s, u"Invalid URL scheme"_s);
-        row("empty to shortcut", {}, ActionType::shortcut, {}, u"Shortcut name required"_s);
-        row("empty to script", {}, ActionType::appleScript, {}, u"Script required"_s);
-        row("url to script", u"https://a"_s, ActionType::shellScript, u"https://a"_s);
-    }
-
-    void changeOfType()
-    {
-        QFETCH(QString, before);
-        QFETCH(ActionType, type);
-        QFETCH(QString, problem);
-        const ActionConfig action = ActionEditing::withType({ {}, {}, {}, ActionType::url, before }, type);
-        QTEST(action.templateText, "after");
-        const Result<void> valid = ActionEditing::validate(action);
-        QCOMPARE(valid ? QString() : valid.error().reason, problem);
+        for (const auto &[before, type, after, problem] : {
+                 std::tuple { u"a://b"_s, ActionType::builtin, u"COPY"_s, u""_s },
+                 { u""_s, ActionType::url, u"https://"_s, u""_s },
+                 { u"ls"_s, ActionType::url, u"ls"_s, u"Invalid URL scheme"_s },
+                 { u""_s, ActionType::shortcut, u""_s, u"Shortcut name required"_s },
+                 { u""_s, ActionType::appleScript, u""_s, u"Script required"_s },
+                 { u"a://b"_s, ActionType::shellScript, u"a://b"_s, u""_s },
+             }) {
+            ActionConfig action;
+            action.templateText = before;
+            action = ActionEditing::withType(action, type);
+            QCOMPARE(action.templateText, after);
+            const Result<void> valid = ActionEditing::validate(action);
+            QCOMPARE(valid ? QString() : valid.error().reason, problem);
+        }
     }
 
     void shortcutNames()

@@ -68,39 +68,28 @@ private Q_SLOTS:
         QVERIFY(config == expected);
     }
 
-    void rejects_data()
-    {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("reason"); // its beginning
-        const auto row = [](const char *reason, const QByteArray &json) {
-            QTest::newRow(reason) << json << QString::fromLatin1(reason);
-        };
-        row("[json.exception.parse_error", withAction("{'id':'a'}").chopped(4));
-        row("excludedBundleIds: missing", "{}");
-        row("customActions: must be an array",
-            quoted("{'excludedBundleIds':[],'customActions':null}"));
-        row("customActions[0]: must be an object", withAction("[{'id':'a'}]"));
-        row("showTooltips: must be true or false", withSetting("'showTooltips':1"));
-        row("showKeyboardShortcuts: must be true", withSetting("'showKeyboardShortcuts':1"));
-        row("triggerKeyCode: must be a whole number", withSetting("'triggerKeyCode':true"));
-        row("triggerModifiers: must be a whole number",
-            withSetting("'triggerModifiers':9223372036854775808"));
-        row("themeMode: unknown value \"Dark\"", withSetting("'themeMode':'Dark'"));
-        const QByteArray good = "{'id':'a','title':'t','iconName':'i','type':'url','template':'x'}";
-        row("customActions[1].title: missing", withAction(good + ",{'id':'b','iconName':'i'}"));
-        row("customActions[1].type: unknown value \"URL\"",
-            withAction(good + ',' + QByteArray(good).replace("url", "URL")));
-        row("customActions[0].regex: must be a string",
-            withAction(QByteArray(good).replace("'template'", "'regex':1,'template'")));
-    }
-
     void rejects()
     {
-        QFETCH(QByteArray, json);
-        QFETCH(QString, reason);
-        const Result<AppConfig> config = decodeConfig(json);
-        QVERIFY(!config);
-        QVERIFY2(config.error().reason.startsWith(reason), qPrintable(config.error().reason));
+        const QByteArray good = "{'id':'a','title':'t','iconName':'i','type':'url','template':'x'}";
+        for (const auto &[json, reason] : {
+                 std::pair { withAction("{'id':'a'}").chopped(4),
+                             u"[json.exception.parse_error"_s },
+                 { "{}", u"excludedBundleIds: missing"_s },
+                 { quoted("{'excludedBundleIds':[],'customActions':null}"),
+                   u"customActions: must be an array"_s },
+                 { withAction("[]"), u"customActions[0]: must be an object"_s },
+                 { withAction(good + ",{'id':'b'}"), u"customActions[1].title: missing"_s },
+                 { withAction(QByteArray(good).replace("url", "URL")),
+                   u"customActions[0].type: unknown value \"URL\""_s },
+                 { withSetting("'showTooltips':1"), u"showTooltips: must be true or false"_s },
+                 { withSetting("'triggerKeyCode':true"), u"triggerKeyCode: must be a whole"_s },
+                 { withSetting("'triggerModifiers':9223372036854775808"),
+                   u"triggerModifiers: must be a whole number"_s },
+                 { withSetting("'themeMode':'Dark'"), u"themeMode: unknown value \"Dark\""_s },
+             }) {
+            const Result<AppConfig> config = decodeConfig(json);
+            QVERIFY2(!config && config.error().reason.startsWith(reason), qPrintable(reason));
+        }
     }
 
     void wholeNumbers()
@@ -116,37 +105,24 @@ private Q_SLOTS:
         }
     }
 
-    void oldTypes_data()
-    {
-        QTest::addColumn<QString>("templateText");
-        QTest::addColumn<ActionType>("type");
-        QTest::addColumn<QString>("expected");
-        const auto row
-            = [](const char *oldType, const QString &text, ActionType type, QStringView expected) {
-                  QTest::addRow("%s:%s", oldType, qPrintable(text))
-                      << text << type << expected.toString();
-              };
-        row("command", u"ls"_s, ActionType::shellScript, u"ls");
-        row("command", u"LARGE_TYPE"_s, ActionType::builtin, u"LARGE_TYPE");
-        row("app", u"Notes"_s, ActionType::shellScript, u"# App action deprecated: Notes");
-        row("copy", u"whatever"_s, ActionType::builtin, u"COPY");
-        row("count", {}, ActionType::builtin, u"COUNT");
-    }
-
     void oldTypes()
     {
-        QFETCH(QString, templateText);
-        const QByteArray oldType = QByteArray(QTest::currentDataTag()).split(':').constFirst();
-        for (const bool wasEnabled : { true, false }) {
-            const ActionConfig converted
-                = decoded(withAction("{'type':'" + oldType + "','template':'"
-                                     + templateText.toLatin1()
-                                     + "','id':'a','title':'t','iconName':'i','isEnabled':"
-                                     + (wasEnabled ? "true}" : "false}")))
-                      .customActions.value(0);
-            QTEST(converted.type, "type");
-            QTEST(converted.templateText, "expected");
-            QCOMPARE(converted.isEnabled, wasEnabled && oldType != "app");
+        for (const auto &[oldType, before, type, after] : {
+                 std::tuple { "command", "ls", ActionType::shellScript, u"ls"_s },
+                 { "command", "LARGE_TYPE", ActionType::builtin, u"LARGE_TYPE"_s },
+                 { "app", "Notes", ActionType::shellScript, u"# App action deprecated: Notes"_s },
+                 { "copy", "whatever", ActionType::builtin, u"COPY"_s },
+                 { "count", "", ActionType::builtin, u"COUNT"_s },
+             }) {
+            for (const bool isEnabled : { true, false }) {
+                ActionConfig expected { u"a"_s, u"t"_s, u"i"_s, type, after };
+                expected.isEnabled = isEnabled && qstrcmp(oldType, "app") != 0;
+                QCOMPARE(decoded(withAction(QByteArray("{'id':'a','title':'t','iconName':'i',")
+                                            + "'type':'" + oldType + "','template':'" + before
+                                            + "','isEnabled':" + (isEnabled ? "true}" : "false}")))
+                             .customActions.value(0),
+                         expected);
+            }
         }
     }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/DesktopEntries.h"
+#include "platform/freedesktop/ExecLine.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,43 +24,28 @@ class tst_DesktopEntries : public QObject
     }
 
 private Q_SLOTS:
-    void parse_data()
+    void parses()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("name"); // null: not an application
-        QTest::addColumn<bool>("isTerminal");
-
         const QByteArray names = "[Desktop Entry]\nType=Application\nName=Editor\nName[ko]=편집기\n"
                                  "Name[pt_BR]=Editor de texto\nCategories=Utility;TextEditor;\n";
-        QTest::newRow("other country") << names << u"pt_PT"_s << u"Editor"_s << false;
-        QTest::newRow("language") << names << u"ko_KR.UTF-8"_s << u"편집기"_s << false;
-        QTest::newRow("country") << names << u"pt_BR"_s << u"Editor de texto"_s << false;
-        QTest::newRow("terminal, odd spacing")
-            << QByteArray("# x\n\n[Desktop Entry]\r\n Type = Application\r\nName=T\r\n"
-                          "Categories=System;TerminalEmulator;\r\n")
-            << u"C"_s << u"T"_s << true;
-        QTest::newRow("keys of another group do not count")
-            << QByteArray("[Desktop Entry]\nType=Application\nName=A\n[Desktop Action New]\n"
-                          "Name=B\nCategories=TerminalEmulator;\n")
-            << u"C"_s << u"A"_s << false;
-        QTest::newRow("link") << QByteArray("[Desktop Entry]\nType=Link\nName=A\n") << u"C"_s
-                              << QString() << false;
-        QTest::newRow("rubbish") << QByteArray("\xff\x00=[[", 5) << u"C"_s << QString() << false;
-    }
-
-    void parse()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, locale);
-        QFETCH(QString, name);
-        QFETCH(bool, isTerminal);
-        const auto entry = parseDesktopEntry(u"id"_s, content, locale);
-        QCOMPARE(entry.has_value(), !name.isNull());
-        if (entry) {
-            QCOMPARE(entry->name, name);
-            QCOMPARE(entry->isTerminal, isTerminal);
-        }
+        const auto nameIn = [&names](const QString &locale) {
+            return parseDesktopEntry(u"id"_s, names, locale)->name;
+        };
+        QCOMPARE(nameIn(u"pt_PT"_s), u"Editor"_s);
+        QCOMPARE(nameIn(u"pt_BR"_s), u"Editor de texto"_s);
+        QCOMPARE(nameIn(u"ko_KR.UTF-8"_s), u"편집기"_s);
+        const auto parsed
+            = [](const QByteArray &content) { return parseDesktopEntry(u"id"_s, content, u"C"_s); };
+        const auto oddlySpaced
+            = parsed("# x\n\n[Desktop Entry]\r\n Type = Application\r\nName=T\r\n"
+                     "Categories=System;TerminalEmulator;\r\n");
+        QVERIFY(oddlySpaced && oddlySpaced->name == u"T" && oddlySpaced->isTerminal);
+        const auto twoGroups
+            = parsed("[Desktop Entry]\nType=Application\nName=A\n"
+                     "[Desktop Action New]\nName=B\nCategories=TerminalEmulator;\n");
+        QVERIFY(twoGroups && twoGroups->name == u"A" && !twoGroups->isTerminal);
+        QVERIFY(!parsed("[Desktop Entry]\nType=Link\nName=A\n"));
+        QVERIFY(!parsed(QByteArray("\xff\x00=[[", 5)));
     }
 
     void find()
@@ -103,6 +89,38 @@ private Q_SLOTS:
         QTest::qWait(20); // folder times have the file system's resolution
         write(own + u"/late.desktop"_s, head + "Name=Late\nStartupWMClass=XTerm\n");
         QCOMPARE(id({ u"XTerm"_s }), u"late: Late"_s);
+    }
+
+    void commandLines()
+    {
+        const QStringList two { u"/a b"_s, u"/c"_s };
+        const std::tuple<const char *, QStringList, QStringList> cases[] = {
+            { "editor %f -x", two, { u"editor"_s, u"/a b"_s, u"-x"_s } },
+            { "editor %f %U", {}, { u"editor"_s } },
+            { "editor  %F", two, { u"editor"_s, u"/a b"_s, u"/c"_s } },
+            { "web %u", { u"http://x/?a=%20&b"_s }, { u"web"_s, u"http://x/?a=%20&b"_s } },
+            { "v --file=%f", { u"/a b"_s }, { u"v"_s, u"--file=/a b"_s } },
+            { "cat", two, { u"cat"_s, u"/a b"_s, u"/c"_s } }, // without a field
+            { "x %i %c %k %%",
+              {},
+              { u"x"_s, u"--icon"_s, u"pic"_s, u"My App"_s, u"/e.desktop"_s, u"%"_s } },
+            { "x %d %m -%v", {}, { u"x"_s, u"-"_s } }, // deprecated
+            { "\"/opt/my app/x\" \"a\\\\\"b\" \"\" \"%f\\\\$\"",
+              {},
+              { u"/opt/my app/x"_s, u"a\"b"_s, QString(), u"%f$"_s } },
+            { "x \"a\\\\\\\\b\" c\\sd", {}, { u"x"_s, u"a\\b"_s, u"c"_s, u"d"_s } },
+            { "x \"a", {}, {} },
+        };
+        for (const auto &[exec, targets, expected] : cases) {
+            auto entry = parseDesktopEntry(
+                u"e"_s,
+                QByteArray("[Desktop Entry]\nType=Application\nName=My App\nIcon=pic\nExec=") + exec
+                    + '\n',
+                u"C"_s);
+            QVERIFY(entry);
+            entry->file = u"/e.desktop"_s;
+            QCOMPARE(commandLine(*entry, targets), expected);
+        }
     }
 };
 

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 using namespace Tessel;
+using namespace Qt::StringLiterals;
 
 class tst_Log : public QObject
 {
@@ -37,13 +38,13 @@ private Q_SLOTS:
         Log::setSink([&taken](QStringView line) { taken.append(line.toString()); });
         Log::print(u"a");
         Log::setSink({});
-        QCOMPARE(taken, QStringList(QStringLiteral("a")));
+        QCOMPARE(taken, QStringList(u"a"_s));
         QTemporaryFile file;
         QVERIFY(file.open());
         printTo(file.handle(), u"DEBUG: 일정 😀");
         printTo(file.handle(), u"two\nlines");
         QVERIFY(file.seek(0));
-        QCOMPARE(QString::fromUtf8(file.readAll()), QStringLiteral("DEBUG: 일정 😀\ntwo\nlines\n"));
+        QCOMPARE(QString::fromUtf8(file.readAll()), u"DEBUG: 일정 😀\ntwo\nlines\n"_s);
     }
 
     void survivesThatNobodyReads()

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "bar/PanelKeys.h"
 #include "bar/PanelLayout.h"
+#include "base/KeyCodes.h"
 
 #include <QTest>
 
 using namespace Tessel;
+using namespace Qt::StringLiterals;
 
 class tst_PanelLayout : public QObject
 {
@@ -24,53 +27,27 @@ private Q_SLOTS:
         QCOMPARE(layout.buttons[6], QRect(74, 68, 38, 38));
     }
 
-    void arrangesAnyNumber()
-    {
-        for (const auto &[buttons, window] : { std::pair { 0, QSize(64, 56) },
-                                               { 1, QSize(102, 94) },
-                                               { 5, QSize(262, 94) },
-                                               { 6, QSize(262, 134) },
-                                               { 21, QSize(262, 254) } }) {
-            const PanelLayout::Layout layout = PanelLayout::arrange(QList<int>(buttons, 38));
-            QCOMPARE(layout.window, window);
-            QCOMPARE(layout.buttons.size(), buttons);
-            for (const QRect &button : layout.buttons)
-                QVERIFY(layout.bar.contains(button, true));
-        }
-    }
-
-    void places_data()
-    {
-        QTest::addColumn<QPoint>("pointer");
-        QTest::addColumn<QRect>("screen"); // null: none known
-        QTest::addColumn<QPoint>("corner");
-        // The window is 262 x 94: its margin ends 20 below the bar, which is 10 above the pointer.
-        const QRect screen(0, 30, 1920, 1050);
-        QTest::newRow("centred above") << QPoint(960, 540) << screen << QPoint(829, 456);
-        QTest::newRow("no screen") << QPoint(5, 5) << QRect() << QPoint(-126, -79);
-        QTest::newRow("left, just free") << QPoint(111, 540) << screen << QPoint(-20, 456);
-        QTest::newRow("left, one further") << QPoint(112, 540) << screen << QPoint(-19, 456);
-        QTest::newRow("right, just free") << QPoint(1809, 540) << screen << QPoint(1678, 456);
-        QTest::newRow("top, just above") << QPoint(960, 144) << screen << QPoint(829, 60);
-        QTest::newRow("top, flipped") << QPoint(960, 143) << screen << QPoint(829, 173);
-        QTest::newRow("bottom is not clamped") << QPoint(960, 2000) << screen << QPoint(829, 1916);
-        QTest::newRow("flipped over the bottom")
-            << QPoint(500, 90) << QRect(0, 0, 1000, 100) << QPoint(369, 120);
-        QTest::newRow("pointer on a screen to the right")
-            << QPoint(2500, 540) << screen << QPoint(1678, 456);
-        QTest::newRow("top of a screen above the origin")
-            << QPoint(-960, -970) << QRect(-1920, -1080, 1920, 1080) << QPoint(-1091, -940);
-        QTest::newRow("wider than the screen")
-            << QPoint(50, 500) << QRect(0, 0, 200, 800) << QPoint(-42, 416);
-    }
-
     void places()
     {
-        QFETCH(QPoint, pointer);
-        QFETCH(QRect, screen);
-        QFETCH(QPoint, corner);
-        const auto frame = screen.isNull() ? std::nullopt : std::optional(screen);
-        QCOMPARE(PanelLayout::place(pointer, QSize(262, 94), frame), corner);
+        // The window is 262 x 94: its margin ends 20 below the bar, which is 10 above the pointer.
+        const QRect screen(0, 30, 1920, 1050);
+        const QRect otherScreen(-1920, -1080, 1920, 1080);
+        const std::tuple<QPoint, std::optional<QRect>, QPoint> cases[] = {
+            { { 960, 540 }, screen, { 829, 456 } },
+            { { 5, 5 }, {}, { -126, -79 } },
+            { { 111, 540 }, screen, { -20, 456 } }, // as far left as it goes
+            { { 112, 540 }, screen, { -19, 456 } },
+            { { 1809, 540 }, screen, { 1678, 456 } }, // right
+            { { 960, 144 }, screen, { 829, 60 } }, // just fits above the pointer
+            { { 960, 143 }, screen, { 829, 173 } },
+            { { 960, 2000 }, screen, { 829, 1916 } },
+            { { 500, 90 }, QRect(0, 0, 1000, 100), { 369, 120 } }, // neither above nor below
+            { { 2500, 540 }, screen, { 1678, 456 } },
+            { { -960, -970 }, otherScreen, { -1091, -940 } },
+            { { 50, 500 }, QRect(0, 0, 200, 800), { -42, 416 } }, // wider than the screen
+        };
+        for (const auto &[pointer, frame, corner] : cases)
+            QCOMPARE(PanelLayout::place(pointer, QSize(262, 94), frame), corner);
     }
 
     void shortcuts()
@@ -85,6 +62,35 @@ private Q_SLOTS:
         QVERIFY(keys.startsWith("12345Q") && keys.endsWith('B'));
         for (const QChar other : { u'6', u'q', u'\0', u'ㅂ' })
             QVERIFY(!PanelLayout::buttonForCharacter(other));
+    }
+
+    void keys()
+    {
+        constexpr qint64 keyQ = 12, key1 = 18, keyH = 4, keyPad5 = 87;
+        using Kind = PanelKeyDecision::Kind;
+        struct Case
+        {
+            PanelKey key;
+            bool isEnabled;
+            Kind kind;
+            int button = -1;
+        };
+        const Case cases[] = {
+            { { key1, u"1"_s, false }, true, Kind::pick, 0 },
+            { { keyQ, u"Q"_s, false }, true, Kind::pick, 5 },
+            { { keyPad5, u"5"_s, false }, true, Kind::pick, 4 },
+            { { keyQ, u"й"_s, false }, true, Kind::pick, 5 },
+            { { key1, u"&"_s, false }, true, Kind::pick, 0 }, // AZERTY
+            { { keyQ, u"a"_s, false }, true, Kind::pick, 10 },
+            { { keyH, u"h"_s, false }, true, Kind::ignore },
+            { { key1, u"1"_s, false }, false, Kind::ignore },
+            { { KeyCodes::keyEscape, u"\x1b"_s, false }, false, Kind::hide },
+            { { KeyCodes::keyComma, u","_s, true }, true, Kind::openSettings },
+            { { KeyCodes::keyComma, u","_s, false }, true, Kind::ignore },
+        };
+        for (const auto &[key, isEnabled, kind, button] : cases)
+            QVERIFY2((decidePanelKey(key, isEnabled) == PanelKeyDecision { kind, button }),
+                     qUtf8Printable(key.characters));
     }
 };
 

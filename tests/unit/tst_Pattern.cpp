@@ -40,23 +40,17 @@ private Q_SLOTS:
             QVERIFY2(!match(expression, text), qUtf8Printable(expression));
     }
 
-    void givesUpInTime_data()
-    {
-        QTest::addColumn<QString>("expression");
-        for (const char *expression :
-             { "(a+)+[!]", "[a-z0-9._%+-]+[@][a-z0-9.-]+\\.[a-z]{2,}", "(?<=b{1,900}a{1,900})[!]" })
-            QTest::newRow(expression) << QString::fromLatin1(expression);
-    }
-
     void givesUpInTime()
     {
-        QFETCH(QString, expression);
         const QString text(mebi, u'a');
-        MatchBudget budget(100ms, 300ms);
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY(!Pattern(expression).firstMatch(text, budget));
-        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+        for (const char *expression : { "(a+)+[!]", "[a-z0-9._%+-]+[@][a-z0-9.-]+\\.[a-z]{2,}",
+                                        "(?<=b{1,900}a{1,900})[!]" }) {
+            MatchBudget budget(100ms, 300ms);
+            QElapsedTimer timer;
+            timer.start();
+            QVERIFY(!Pattern(QString::fromLatin1(expression)).firstMatch(text, budget));
+            QVERIFY2(timer.elapsed() < 1000, expression);
+        }
     }
 
     void sharesTheBudget()
@@ -74,14 +68,6 @@ private Q_SLOTS:
         QVERIFY(!quick.firstMatch(text, budget));
         MatchBudget next;
         QVERIFY(quick.firstMatch(text, next));
-    }
-
-    void findsInLongText()
-    {
-        const QString text = u"The quick brown fox jumps over the lazy dog. "_s.repeated(mebi / 45)
-            + u"someone@example.org https://example.org/4711 the end"_s;
-        QCOMPARE(match(u"\\d{4}"_s, text), std::optional(u"4711"_s));
-        QCOMPARE(match(u"\\w+$"_s, text), std::optional(u"end"_s));
     }
 
     /// More patterns than are kept compiled, in copies, again, and again after some were released.

@@ -3,18 +3,18 @@
 #include "app/SingleInstance.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace Tessel;
+using namespace Qt::StringLiterals;
 
 class tst_SingleInstance : public QObject
 {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("lock"));
+    QString m_path = m_folder.filePath(u"lock"_s);
 
     void write(const QByteArray &content) const
     {
@@ -58,27 +58,13 @@ private Q_SLOTS:
         }
     }
 
-    void respectsALiveOwner()
-    {
-        QProcess owner;
-        owner.start(QStringLiteral("sleep"), { QStringLiteral("60") });
-        QVERIFY(owner.waitForStarted());
-        const QByteArray held = QByteArray::number(owner.processId());
-        write(held);
-        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), int(owner.processId()));
-        QCOMPARE(content(), held);
-        owner.kill();
-        QVERIFY(owner.waitForFinished());
-        QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
-    }
-
     void leavesAnUnreadableFileAlone()
     {
         const QByteArray notUtf8("\xff\xfe\x01", 3);
         write(notUtf8);
         QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
         QCOMPARE(content(), notUtf8);
-        const QString nowhere = m_folder.filePath(QStringLiteral("missing/lock"));
+        const QString nowhere = m_folder.filePath(u"missing/lock"_s);
         QCOMPARE(SingleInstance::liveOwnerElseTakeLock(nowhere), std::nullopt);
     }
 };

@@ -37,7 +37,7 @@ private Q_SLOTS:
     /// The Unicode Character Database's own test of cluster boundaries ("÷ 0061 × 0308 ÷ 0020 ÷").
     void charactersOfTheUnicodeTest()
     {
-        QFile file(QStringLiteral("/usr/share/unicode/auxiliary/GraphemeBreakTest.txt"));
+        QFile file(u"/usr/share/unicode/auxiliary/GraphemeBreakTest.txt"_s);
         QVERIFY2(file.open(QIODevice::ReadOnly), "install unicode-data");
         int cases = 0;
         for (const QByteArray &line : file.readAll().split('\n')) {
