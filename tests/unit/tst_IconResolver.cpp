@@ -73,12 +73,8 @@ private Q_SLOTS:
             QCOMPARE(icon(name).pixelColor(5, 5), QColor(color));
         for (const QString &name : { u"phosphor_missing"_s, u"Star"_s, u"starfish"_s, QString() })
             QVERIFY2(icon(name).isNull(), qPrintable(name));
-    }
-
-    void listsIconSet()
-    {
-        QCOMPARE(m_bundle.iconSetNames(),
-                 u"phosphor_Zed phosphor_star phosphor_warning"_s.split(u' '));
+        QCOMPARE(m_bundle.iconSetNames().join(u' '),
+                 u"phosphor_Zed phosphor_star phosphor_warning"_s);
     }
 
     void scalesCustomImages()
@@ -92,22 +88,6 @@ private Q_SLOTS:
             QCOMPARE(image.size(), expected);
             QCOMPARE(image.pixelColor(0, 0), QColor(Qt::magenta));
         }
-    }
-
-    void noticesChangedFile()
-    {
-        const QString name = u"custom:changing.png"_s;
-        const IconResolver resolver(*m_config, m_bundle);
-        QVERIFY(filled({ 4, 4 }, Qt::red).save(path(u"changing.png"_s)));
-        QCOMPARE(resolver.image(name).pixelColor(0, 0), QColor(Qt::red));
-        QVERIFY(filled({ 4, 4 }, Qt::blue).save(path(u"changing.png"_s)));
-        QFile file(path(u"changing.png"_s));
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(60),
-                                 QFileDevice::FileModificationTime));
-        QCOMPARE(resolver.image(name).pixelColor(0, 0), QColor(Qt::blue));
-        QVERIFY(file.remove());
-        QVERIFY(resolver.image(name).isNull());
     }
 
     void survivesBadFiles()
@@ -133,12 +113,10 @@ private Q_SLOTS:
     {
         const ResourceBundle bundle(u"" TESSEL_BUNDLE ""_s);
         const IconResolver resolver(*m_config, bundle);
-        QStringList names { u"icon_translate"_s, u"icon_chatgpt"_s };
+        QStringList names { u"icon_chatgpt"_s, u"plus"_s, u"minus"_s,
+                            u"gear"_s,         u"star"_s, u"exclamationmark.triangle.fill"_s };
         for (const ActionConfig &action : DefaultActions::all() + DefaultActions::standard())
             names.append(action.iconName);
-        names
-            += u"plus minus gear star exclamationmark.triangle.fill character.book.closed"_s.split(
-                u' ');
         for (const QString &name : names)
             QVERIFY2(!resolver.image(name).isNull(), qPrintable(name));
     }
