@@ -11,7 +11,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr int evdevOffset = 8; ///< X11 keycode = Linux input event code + 8
+constexpr int evdevOffset = 8; ///< scan code = Linux input event code + 8
 
 // Command, Shift, Caps Lock, Option, Control, Fn.
 constexpr qint64 firstModifier = 54;
@@ -81,23 +81,19 @@ const Key *keyWithVirtualCode(qint64 virtualCode)
 
 }
 
-std::optional<qint64> KeyCodes::virtualFromEvdev(int evdevCode)
+std::optional<qint64> KeyCodes::virtualFromScanCode(quint32 scanCode)
 {
+    const int evdevCode = static_cast<int>(scanCode) - evdevOffset;
     const auto *key = std::find_if(std::begin(keys), std::end(keys), [=](const Key &candidate) {
         return candidate.evdevCode == evdevCode;
     });
     return key == std::end(keys) ? std::nullopt : std::optional(key->virtualCode);
 }
 
-std::optional<qint64> KeyCodes::virtualFromScanCode(quint32 scanCode)
-{
-    return virtualFromEvdev(static_cast<int>(scanCode) - evdevOffset);
-}
-
-std::optional<int> KeyCodes::evdevFromVirtual(qint64 virtualCode)
+std::optional<quint32> KeyCodes::scanCodeFromVirtual(qint64 virtualCode)
 {
     const Key *key = keyWithVirtualCode(virtualCode);
-    return key ? std::optional(key->evdevCode) : std::nullopt;
+    return key ? std::optional(static_cast<quint32>(key->evdevCode + evdevOffset)) : std::nullopt;
 }
 
 bool KeyCodes::isModifier(qint64 virtualCode)

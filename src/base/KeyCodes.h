@@ -23,14 +23,12 @@ inline constexpr qint64 option = 0x80000; ///< Alt
 inline constexpr qint64 command = 0x100000; ///< Super
 inline constexpr qint64 modifierMask = 0x1E0000;
 
-/// Between virtual key codes and Linux input event codes (linux/input-event-codes.h); an X11
-/// keycode is the latter + 8. Nothing for keys that have no counterpart. Keys at the same place of
-/// different keyboards share a virtual key code (Insert and Help; Print Screen and F13), for which
-/// evdevFromVirtual() gives one of them.
-[[nodiscard]] std::optional<qint64> virtualFromEvdev(int evdevCode);
-/// The same from a key event's native scan code, which is an X11 keycode.
+/// Between virtual key codes and native scan codes as key events have them: X11 keycodes, which are
+/// Linux input event codes (linux/input-event-codes.h) + 8. Nothing for keys that have no
+/// counterpart. Keys at the same place of different keyboards share a virtual key code (Insert and
+/// Help; Print Screen and F13), for which scanCodeFromVirtual() gives one of them.
 [[nodiscard]] std::optional<qint64> virtualFromScanCode(quint32 scanCode);
-[[nodiscard]] std::optional<int> evdevFromVirtual(qint64 virtualCode);
+[[nodiscard]] std::optional<quint32> scanCodeFromVirtual(qint64 virtualCode);
 
 /// Whether the key does nothing but modify others.
 [[nodiscard]] bool isModifier(qint64 virtualCode);

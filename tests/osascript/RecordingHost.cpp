@@ -61,20 +61,20 @@ std::optional<QString> RecordingHost::text()
     return m_clipboard;
 }
 
-Failure RecordingHost::setText(const QString &text)
+Result<void> RecordingHost::setText(const QString &text)
 {
     record(u"copy"_s, { ::text({}, text) });
     m_clipboard = text;
     return {};
 }
 
-Failure RecordingHost::type(const QString &text, Modifiers modifiers)
+Result<void> RecordingHost::type(const QString &text, Modifiers modifiers)
 {
     record(u"type"_s, { ::text({}, text), ::names(modifiers) });
     return {};
 }
 
-Failure RecordingHost::press(int keyCode, Modifiers modifiers)
+Result<void> RecordingHost::press(int keyCode, Modifiers modifiers)
 {
     record(u"press"_s, { QString::number(keyCode), ::names(modifiers) });
     return {};
@@ -113,8 +113,8 @@ std::optional<std::optional<QStringList>> RecordingHost::choose(const ListReques
     return m_answer.isEmpty() ? request.items.mid(0, 1) : m_answer.split(u'|');
 }
 
-Failure RecordingHost::notify(const QString &text, const QString &title, const QString &subtitle,
-                              const QString &file)
+Result<void> RecordingHost::notify(const QString &text, const QString &title,
+                                   const QString &subtitle, const QString &file)
 {
     record(u"notify"_s,
            { ::text({}, text), ::text(u"title "_s, title), ::text(u"subtitle "_s, subtitle),
@@ -127,7 +127,7 @@ void RecordingHost::beep()
     record(u"beep"_s, {});
 }
 
-Failure RecordingHost::say(const QString &text)
+Result<void> RecordingHost::say(const QString &text)
 {
     record(u"say"_s, { ::text({}, text) });
     return {};
@@ -154,31 +154,31 @@ bool RecordingHost::isRunning(const QString &application)
     return isInstalled(application) && application.compare(u"Firefox", Qt::CaseInsensitive) != 0;
 }
 
-Failure RecordingHost::activate(const QString &application)
+Result<void> RecordingHost::activate(const QString &application)
 {
     record(u"activate"_s, { ::text({}, application) });
     return {};
 }
 
-Failure RecordingHost::launch(const QString &application)
+Result<void> RecordingHost::launch(const QString &application)
 {
     record(u"launch"_s, { ::text({}, application) });
     return {};
 }
 
-Failure RecordingHost::quit(const QString &application)
+Result<void> RecordingHost::quit(const QString &application)
 {
     record(u"quit"_s, { ::text({}, application) });
     return {};
 }
 
-Failure RecordingHost::open(const QString &target, const QString &application)
+Result<void> RecordingHost::open(const QString &target, const QString &application)
 {
     record(u"open"_s, { ::text({}, target), ::text(u"with "_s, application) });
     return {};
 }
 
-Failure RecordingHost::reveal(const QString &path)
+Result<void> RecordingHost::reveal(const QString &path)
 {
     record(u"reveal"_s, { ::text({}, path) });
     return {};
@@ -189,10 +189,10 @@ QStringList RecordingHost::names()
     return { u"Broken"_s, u"Count Words"_s, u"Silent"_s, u"일정 추가"_s };
 }
 
-ShortcutResult RecordingHost::run(const QString &name, const QString &input)
+Result<QString> RecordingHost::run(const QString &name, const QString &input)
 {
     record(u"shortcut"_s, { ::text({}, name), ::text(u"input "_s, input) });
     if (name == u"Broken")
-        return { u"The shortcut failed"_s, {} };
-    return { {}, name == u"Silent" ? QString() : u'<' + input + u'>' };
+        return Failure { u"The shortcut failed"_s };
+    return name == u"Silent" ? QString() : u'<' + input + u'>';
 }

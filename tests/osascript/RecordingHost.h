@@ -21,29 +21,27 @@ public:
     [[nodiscard]] Osascript::Host host() { return { *this, *this, *this, *this, *this }; }
 
 private:
-    using Failure = Osascript::Failure;
-
     std::optional<QString> text() override;
-    Failure setText(const QString &text) override;
-    Failure type(const QString &text, Osascript::Modifiers modifiers) override;
-    Failure press(int keyCode, Osascript::Modifiers modifiers) override;
+    Result<void> setText(const QString &text) override;
+    Result<void> type(const QString &text, Osascript::Modifiers modifiers) override;
+    Result<void> press(int keyCode, Osascript::Modifiers modifiers) override;
     std::optional<Osascript::DialogAnswer> ask(const Osascript::DialogRequest &request) override;
     std::optional<std::optional<QStringList>>
     choose(const Osascript::ListRequest &request) override;
-    Failure notify(const QString &text, const QString &title, const QString &subtitle,
-                   const QString &file) override;
+    Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
+                        const QString &file) override;
     void beep() override;
-    Failure say(const QString &text) override;
+    Result<void> say(const QString &text) override;
     QList<Osascript::Process> processes() override;
     bool isInstalled(const QString &application) override;
     bool isRunning(const QString &application) override;
-    Failure activate(const QString &application) override;
-    Failure launch(const QString &application) override;
-    Failure quit(const QString &application) override;
-    Failure open(const QString &target, const QString &application) override;
-    Failure reveal(const QString &path) override;
+    Result<void> activate(const QString &application) override;
+    Result<void> launch(const QString &application) override;
+    Result<void> quit(const QString &application) override;
+    Result<void> open(const QString &target, const QString &application) override;
+    Result<void> reveal(const QString &path) override;
     QStringList names() override;
-    Osascript::ShortcutResult run(const QString &name, const QString &input) override;
+    Result<QString> run(const QString &name, const QString &input) override;
 
     std::optional<QString> m_clipboard;
     QString m_answer;

@@ -2,20 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include "base/Result.h"
+
 #include <QStringList>
 
 #include <chrono>
 #include <optional>
 
 /// What a script can ask of the computer, as narrow interfaces, so that the language knows no
-/// desktop. Every call may block; all are made from the one thread that runs the script. Where a
-/// call reports failure with a text, that text says what went wrong in plain English.
+/// desktop. Every call may block; all are made from the one thread that runs the script. Reasons of
+/// failures are in plain English.
 namespace Tessel::Osascript {
-
-/// A reason in words, or nothing when the call succeeded.
-using Failure = std::optional<QString>;
 
 class Clipboard
 {
@@ -24,7 +21,7 @@ public:
     /// The clipboard's text; nothing when it has none or its owner does not answer.
     virtual std::optional<QString> text() = 0;
     /// Returns when the text is on the clipboard, where it stays after the process has ended.
-    virtual Failure setText(const QString &text) = 0;
+    virtual Result<void> setText(const QString &text) = 0;
 };
 
 struct Modifiers
@@ -42,9 +39,9 @@ public:
     virtual ~Keyboard() = default;
     /// Types the text, whatever the layout is. Command is the desktop's Ctrl, and Ctrl+Shift where
     /// the keys go to a terminal.
-    virtual Failure type(const QString &text, Modifiers modifiers) = 0;
+    virtual Result<void> type(const QString &text, Modifiers modifiers) = 0;
     /// Presses and releases the key with this virtual key code (as in KeyCodes.h).
-    virtual Failure press(int keyCode, Modifiers modifiers) = 0;
+    virtual Result<void> press(int keyCode, Modifiers modifiers) = 0;
 };
 
 struct DialogRequest
@@ -92,11 +89,11 @@ public:
     /// The chosen items; an inner nothing when the user cancelled; an outer one without a display.
     virtual std::optional<std::optional<QStringList>> choose(const ListRequest &request) = 0;
     /// Shows a notification. A file (a path, may be empty) makes it offer to open it.
-    virtual Failure notify(const QString &text, const QString &title, const QString &subtitle,
-                           const QString &file)
+    virtual Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
+                                const QString &file)
         = 0;
     virtual void beep() = 0;
-    virtual Failure say(const QString &text) = 0;
+    virtual Result<void> say(const QString &text) = 0;
 };
 
 struct Process
@@ -119,19 +116,13 @@ public:
     virtual bool isInstalled(const QString &application) = 0;
     virtual bool isRunning(const QString &application) = 0;
     /// Brings its windows to the front, starts it when it does not run.
-    virtual Failure activate(const QString &application) = 0;
-    virtual Failure launch(const QString &application) = 0;
-    virtual Failure quit(const QString &application) = 0;
+    virtual Result<void> activate(const QString &application) = 0;
+    virtual Result<void> launch(const QString &application) = 0;
+    virtual Result<void> quit(const QString &application) = 0;
     /// Gives a URL or an absolute path to its default handler, or to the application named.
-    virtual Failure open(const QString &target, const QString &application) = 0;
+    virtual Result<void> open(const QString &target, const QString &application) = 0;
     /// Shows the file in the file manager.
-    virtual Failure reveal(const QString &path) = 0;
-};
-
-struct ShortcutResult
-{
-    Failure failure;
-    QString output;
+    virtual Result<void> reveal(const QString &path) = 0;
 };
 
 class ShortcutLibrary
@@ -139,7 +130,7 @@ class ShortcutLibrary
 public:
     virtual ~ShortcutLibrary() = default;
     virtual QStringList names() = 0; ///< in NFC, sorted
-    virtual ShortcutResult run(const QString &name, const QString &input) = 0;
+    virtual Result<QString> run(const QString &name, const QString &input) = 0;
 };
 
 struct Host

@@ -43,9 +43,9 @@ QStringList carryOut(const OpenRequest &request)
     DesktopApplications desktop(display);
     DefaultHandlers handlers;
     QStringList reasons;
-    const auto note = [&reasons](const Osascript::Failure &failure) {
-        if (failure)
-            reasons += *failure;
+    const auto note = [&reasons](const Result<void> &result) {
+        if (!result)
+            reasons += result.error().reason;
     };
     const QString &application = request.application;
     if (request.targets.isEmpty() && request.arguments.isEmpty())
@@ -53,8 +53,8 @@ QStringList carryOut(const OpenRequest &request)
     else if (request.targets.isEmpty())
         note(desktop.start(application, {}, request.arguments));
     for (const QString &target : request.targets) {
-        if (auto missing = DesktopApplications::missingFile(target))
-            note(missing);
+        if (const auto there = DesktopApplications::existing(target); !there)
+            note(there);
         else if (request.reveals)
             note(desktop.reveal(target));
         else if (!application.isEmpty())

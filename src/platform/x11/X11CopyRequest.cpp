@@ -4,10 +4,10 @@
 
 #include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
+#include "platform/freedesktop/Terminals.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11FakeKeys.h"
 #include "platform/x11/X11SelectionReader.h"
-#include "platform/x11/X11Terminals.h"
 
 #include <xcb/xcb.h>
 // A member's name in this C header.
@@ -60,9 +60,9 @@ void X11CopyRequest::copySelection(const FrontApplication &application)
 {
     if (!application.isTerminal)
         press(Chord::controlC);
-    else if (ownsPrimary(application.window))
+    else if (ownsPrimary(static_cast<quint32>(application.window)))
         copyPrimary();
-    else if (X11Terminals::copiesOnControlShiftC(application.bundleIdentifier.value_or(QString())))
+    else if (Terminals::copiesOnControlShiftC(application.bundleIdentifier.value_or(QString())))
         press(Chord::controlShiftC);
 }
 

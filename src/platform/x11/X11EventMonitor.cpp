@@ -19,7 +19,6 @@ namespace Tessel {
 
 namespace {
 
-constexpr int evdevOffset = 8; ///< X keycode = Linux input event code + 8
 constexpr quint32 leftButton = 1;
 constexpr quint32 firstScrollButton = 4;
 constexpr quint32 lastScrollButton = 7;
@@ -121,8 +120,7 @@ void X11EventMonitor::handleRaw(const X11Event &event)
     if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS) {
         if (m_ownsKeyboard())
             return;
-        const int evdevCode = int(raw.detail) - evdevOffset;
-        deliver({ InputEvent::Kind::keyDown, KeyCodes::virtualFromEvdev(evdevCode).value_or(-1),
+        deliver({ InputEvent::Kind::keyDown, KeyCodes::virtualFromScanCode(raw.detail).value_or(-1),
                   m_modifiers });
         return;
     }

@@ -4,10 +4,6 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusServiceWatcher>
-
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
@@ -31,21 +27,6 @@ X11StatusArea::X11StatusArea(X11Connection &connection)
     xcb_xfixes_select_selection_input(connection.xcb(), connection.root(), m_traySelection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
     m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
-}
-
-void X11StatusArea::start()
-{
-    const QString host = QStringLiteral("org.kde.StatusNotifierWatcher");
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return;
-    auto *watcher
-        = new QDBusServiceWatcher(host, bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        m_hasNotifierHost = true;
-        Q_EMIT becameAvailable();
-    });
-    m_hasNotifierHost = bus.interface()->isServiceRegistered(host);
 }
 
 bool X11StatusArea::hasTray() const

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/StatusArea.h"
+#include "platform/freedesktop/NotifierArea.h"
 
 #include <memory>
 
@@ -11,17 +11,18 @@ namespace Tessel {
 class X11Connection;
 class X11Event;
 
-/// A StatusNotifierItem host on the session bus, or a tray that embeds windows (System Tray
-/// Protocol Specification).
-class X11StatusArea final : public StatusArea
+/// Also a tray that embeds windows (System Tray Protocol Specification).
+class X11StatusArea final : public NotifierArea
 {
     Q_OBJECT
 
 public:
     explicit X11StatusArea(X11Connection &connection);
 
-    void start(); ///< needs the application object
-    [[nodiscard]] bool isAvailable() const override { return m_hasNotifierHost || hasTray(); }
+    [[nodiscard]] bool isAvailable() const override
+    {
+        return NotifierArea::isAvailable() || hasTray();
+    }
 
 private:
     [[nodiscard]] bool hasTray() const;
@@ -29,7 +30,6 @@ private:
 
     X11Connection &m_connection;
     quint32 m_traySelection;
-    bool m_hasNotifierHost = false;
     std::shared_ptr<void> m_subscription;
 };
 

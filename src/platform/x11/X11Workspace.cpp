@@ -2,12 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
-#include "base/Log.h"
-#include "platform/freedesktop/XdgOpen.h"
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Terminals.h"
-
-#include <QCollator>
 
 #include <algorithm>
 #include <array>
@@ -20,7 +15,6 @@ namespace Tessel {
 
 X11Workspace::X11Workspace(X11Connection &connection)
     : m_connection(connection)
-    , m_entries(DesktopEntries::standardFolders())
 {
 }
 
@@ -58,59 +52,13 @@ FrontApplication X11Workspace::applicationOf(quint32 window)
 {
     // WM_CLASS: instance and class, each ended by a zero byte (ICCCM, section 4.1.2.5).
     const QList<QByteArray> names = m_connection.property(window, XCB_ATOM_WM_CLASS).split('\0');
-    const QString instance = QString::fromLatin1(names.value(0));
-    const QString windowClass = QString::fromLatin1(names.value(1));
-    const QString gtkIdentifier = QString::fromUtf8(
-        m_connection.property(window, m_connection.atom("_GTK_APPLICATION_ID")));
-
-    FrontApplication application;
+    FrontApplication application = applicationNamed({
+        QString::fromUtf8(m_connection.property(window, m_connection.atom("_GTK_APPLICATION_ID"))),
+        QString::fromLatin1(names.value(1)),
+        QString::fromLatin1(names.value(0)),
+    });
     application.window = window;
-    application.isTerminal
-        = X11Terminals::isTerminalClass(windowClass) || X11Terminals::isTerminalClass(instance);
-    if (const auto entry = m_entries.find({ gtkIdentifier, windowClass, instance })) {
-        application.bundleIdentifier = entry->id;
-        application.localizedName = entry->name;
-        application.isTerminal |= entry->isTerminal;
-    } else if (!windowClass.isEmpty()) {
-        application.bundleIdentifier = windowClass;
-        application.localizedName = windowClass;
-    }
     return application;
-}
-
-/// Several entries can lay claim to the same windows.
-QString X11Workspace::identifierForWindowsOf(const DesktopEntry &entry)
-{
-    const auto owner = m_entries.find({ entry.windowClass, entry.id });
-    return owner ? owner->id : entry.id;
-}
-
-QList<InstalledApplication> X11Workspace::installedApplications()
-{
-    QList<InstalledApplication> applications;
-    for (const DesktopEntry &entry : m_entries.all()) {
-        if (entry.isShown)
-            applications.append({ identifierForWindowsOf(entry), entry.name, entry.icon });
-    }
-    QCollator order;
-    order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::stable_sort(applications.begin(), applications.end(),
-                     [&order](const InstalledApplication &one, const InstalledApplication &other) {
-                         return order.compare(one.localizedName, other.localizedName) < 0;
-                     });
-    return applications;
-}
-
-std::optional<QString> X11Workspace::bundleIdentifierOf(const QString &path)
-{
-    const auto entry = m_entries.read(path);
-    return entry ? std::optional(identifierForWindowsOf(*entry)) : std::nullopt;
-}
-
-void X11Workspace::open(const QString &url)
-{
-    if (const auto error = xdgOpen(url))
-        Log::print(u"ERROR: "_s + *error);
 }
 
 /// Asks as a pager does (EWMH, section "Source indication in requests"): the user has asked for it.

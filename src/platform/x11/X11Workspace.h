@@ -2,22 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Workspace.h"
-#include "platform/freedesktop/DesktopEntries.h"
+#include "platform/freedesktop/FreedesktopWorkspace.h"
 
 namespace Tessel {
 
 class X11Connection;
 
-class X11Workspace final : public Workspace
+/// Windows by the window manager's hints (EWMH), and by their classes (ICCCM).
+class X11Workspace final : public FreedesktopWorkspace
 {
 public:
     explicit X11Workspace(X11Connection &connection);
 
     [[nodiscard]] std::optional<FrontApplication> frontmostApplication() override;
-    [[nodiscard]] QList<InstalledApplication> installedApplications() override;
-    [[nodiscard]] std::optional<QString> bundleIdentifierOf(const QString &path) override;
-    void open(const QString &url) override;
     void bringToFront(quint64 window) override;
     [[nodiscard]] QStringList missingAccess() const override;
 
@@ -29,10 +26,8 @@ public:
 
 private:
     [[nodiscard]] quint32 focusedClientWindow() const;
-    [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);
 
     X11Connection &m_connection;
-    DesktopEntries m_entries;
 };
 
 }

@@ -21,12 +21,16 @@ using namespace std::chrono_literals;
 
 namespace Tessel {
 
-using Osascript::Failure;
 using Osascript::Process;
 
 namespace {
 
 constexpr auto untilFirstWindow = 5s;
+
+Result<void> resultOf(const std::optional<QString> &failure)
+{
+    return failure ? Result<void>(Failure { *failure }) : Result<void>();
+}
 
 bool isSame(const QString &a, const QString &b)
 {
@@ -98,12 +102,12 @@ bool DesktopApplications::isRunning(const QString &application)
     return !windowsOf(application).isEmpty();
 }
 
-Failure DesktopApplications::activate(const QString &application)
+Result<void> DesktopApplications::activate(const QString &application)
 {
     QList<quint32> windows = windowsOf(application);
     if (windows.isEmpty()) {
-        if (auto failure = start(application, {}))
-            return failure;
+        if (auto started = start(application, {}); !started)
+            return started;
         waitUntil(
             [&] {
                 windows = windowsOf(application);
@@ -116,12 +120,12 @@ Failure DesktopApplications::activate(const QString &application)
     return {};
 }
 
-Failure DesktopApplications::launch(const QString &application)
+Result<void> DesktopApplications::launch(const QString &application)
 {
-    return isRunning(application) ? Failure() : start(application, {});
+    return isRunning(application) ? Result<void>() : start(application, {});
 }
 
-Failure DesktopApplications::quit(const QString &application)
+Result<void> DesktopApplications::quit(const QString &application)
 {
     const QList<quint32> windows = windowsOf(application);
     for (const quint32 window : windows)
@@ -129,39 +133,40 @@ Failure DesktopApplications::quit(const QString &application)
     return {};
 }
 
-Failure DesktopApplications::missingFile(const QString &target)
+Result<void> DesktopApplications::existing(const QString &target)
 {
-    const bool isMissing = target.startsWith(u'/') && !QFileInfo::exists(target);
-    return isMissing ? Failure(u"The file %1 does not exist."_s.arg(target)) : std::nullopt;
+    if (target.startsWith(u'/') && !QFileInfo::exists(target))
+        return Failure { u"The file %1 does not exist."_s.arg(target) };
+    return {};
 }
 
-Failure DesktopApplications::open(const QString &target, const QString &application)
+Result<void> DesktopApplications::open(const QString &target, const QString &application)
 {
-    if (auto failure = missingFile(target))
-        return failure;
-    return application.isEmpty() ? xdgOpen(target) : start(application, { target });
+    if (auto there = existing(target); !there)
+        return there;
+    return application.isEmpty() ? resultOf(xdgOpen(target)) : start(application, { target });
 }
 
-Failure DesktopApplications::start(const QString &application, const QStringList &targets,
-                                   const QStringList &arguments)
+Result<void> DesktopApplications::start(const QString &application, const QStringList &targets,
+                                        const QStringList &arguments)
 {
     const auto entry = m_entries.findNamed(application);
     if (!entry)
-        return u"There is no application “%1”."_s.arg(application);
+        return Failure { u"There is no application “%1”."_s.arg(application) };
     QStringList command = commandLine(*entry, targets);
     if (command.isEmpty())
-        return u"%1 does not say how “%2” is started."_s.arg(entry->file, application);
+        return Failure { u"%1 does not say how “%2” is started."_s.arg(entry->file, application) };
     command += arguments;
     const QStringList terminal { u"x-terminal-emulator"_s, u"-e"_s };
-    return startDetached(entry->runsInTerminal ? terminal + command : command,
-                         entry->workingFolder);
+    return resultOf(
+        startDetached(entry->runsInTerminal ? terminal + command : command, entry->workingFolder));
 }
 
 /// Asks the file manager (org.freedesktop.FileManager1), or has the folder opened.
-Failure DesktopApplications::reveal(const QString &path)
+Result<void> DesktopApplications::reveal(const QString &path)
 {
-    if (auto failure = missingFile(path))
-        return failure;
+    if (auto there = existing(path); !there)
+        return there;
     const QString address
         = u"file://"_s + QString::fromLatin1(QUrl::toPercentEncoding(path, "/")); // no commas
     const auto shown
@@ -172,7 +177,7 @@ Failure DesktopApplications::reveal(const QString &path)
                        u"string:"_s });
     if (!shown.failure && shown.exitStatus == 0)
         return {};
-    return xdgOpen(QFileInfo(path).path());
+    return resultOf(xdgOpen(QFileInfo(path).path()));
 }
 
 }

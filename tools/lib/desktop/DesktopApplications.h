@@ -19,18 +19,18 @@ public:
     QList<Osascript::Process> processes() override;
     bool isInstalled(const QString &application) override;
     bool isRunning(const QString &application) override;
-    Osascript::Failure activate(const QString &application) override;
-    Osascript::Failure launch(const QString &application) override;
-    Osascript::Failure quit(const QString &application) override;
-    Osascript::Failure open(const QString &target, const QString &application) override;
-    Osascript::Failure reveal(const QString &path) override;
+    Result<void> activate(const QString &application) override;
+    Result<void> launch(const QString &application) override;
+    Result<void> quit(const QString &application) override;
+    Result<void> open(const QString &target, const QString &application) override;
+    Result<void> reveal(const QString &path) override;
 
     /// Starts the application even when it runs, with files and URLs and further arguments.
-    [[nodiscard]] Osascript::Failure start(const QString &application, const QStringList &targets,
-                                           const QStringList &arguments = {});
+    [[nodiscard]] Result<void> start(const QString &application, const QStringList &targets,
+                                     const QStringList &arguments = {});
 
-    /// Whether the target is a path at which there is nothing.
-    [[nodiscard]] static Osascript::Failure missingFile(const QString &target);
+    /// Fails when the target is a path at which there is nothing.
+    [[nodiscard]] static Result<void> existing(const QString &target);
 
 private:
     [[nodiscard]] QList<quint32> windowsOf(const QString &application);

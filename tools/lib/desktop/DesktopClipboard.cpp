@@ -23,12 +23,14 @@ std::optional<QString> DesktopClipboard::text()
     return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
 }
 
-Osascript::Failure DesktopClipboard::setText(const QString &text)
+Result<void> DesktopClipboard::setText(const QString &text)
 {
     const auto result = runProgram(m_helperFolder + u"/pbcopy"_s, {}, text.toUtf8());
-    if (result.failure || result.exitStatus == 0)
-        return result.failure;
-    return QString::fromUtf8(result.errorOutput).trimmed();
+    if (result.failure)
+        return Failure { *result.failure };
+    if (result.exitStatus != 0)
+        return Failure { QString::fromUtf8(result.errorOutput).trimmed() };
+    return {};
 }
 
 }

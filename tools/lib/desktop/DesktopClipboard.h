@@ -15,7 +15,7 @@ public:
     DesktopClipboard(DisplayConnection &display, QString helperFolder);
 
     std::optional<QString> text() override;
-    Osascript::Failure setText(const QString &text) override;
+    Result<void> setText(const QString &text) override;
 
 private:
     DisplayConnection &m_display;

@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-using Osascript::Failure;
-
 namespace {
 
 QByteArray bytes(const QJsonObject &json)
@@ -24,11 +22,13 @@ QByteArray bytes(const QJsonObject &json)
     return QJsonDocument(json).toJson(QJsonDocument::Compact);
 }
 
-Failure failureOf(const ProgramResult &result)
+Result<void> resultOf(const ProgramResult &result)
 {
-    if (result.failure || result.exitStatus == 0)
-        return result.failure;
-    return QString::fromUtf8(result.errorOutput).trimmed();
+    if (result.failure)
+        return Failure { *result.failure };
+    if (result.exitStatus != 0)
+        return Failure { QString::fromUtf8(result.errorOutput).trimmed() };
+    return {};
 }
 
 }
@@ -63,13 +63,13 @@ DesktopDialogs::choose(const Osascript::ListRequest &request)
     return std::make_optional(DialogProtocol::listAnswer(*answer, request));
 }
 
-Failure DesktopDialogs::notify(const QString &text, const QString &title, const QString &subtitle,
-                               const QString &file)
+Result<void> DesktopDialogs::notify(const QString &text, const QString &title,
+                                    const QString &subtitle, const QString &file)
 {
     const QJsonObject request {
         { u"text"_s, text }, { u"title"_s, title }, { u"subtitle"_s, subtitle }, { u"file"_s, file }
     };
-    return failureOf(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
+    return resultOf(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
 }
 
 void DesktopDialogs::beep()
@@ -80,17 +80,17 @@ void DesktopDialogs::beep()
     }
 }
 
-Failure DesktopDialogs::say(const QString &text)
+Result<void> DesktopDialogs::say(const QString &text)
 {
     for (const QString &name : { u"espeak-ng"_s, u"espeak"_s }) {
         const QString program = QStandardPaths::findExecutable(name);
         if (!program.isEmpty())
-            return failureOf(runProgram(program, { u"--stdin"_s }, text.toUtf8()));
+            return resultOf(runProgram(program, { u"--stdin"_s }, text.toUtf8()));
     }
     const QString client = QStandardPaths::findExecutable(u"spd-say"_s);
     if (!client.isEmpty())
-        return failureOf(runProgram(client, { u"--wait"_s, u"--"_s, text }));
-    return u"No program to speak with is installed (espeak-ng, espeak or spd-say)."_s;
+        return resultOf(runProgram(client, { u"--wait"_s, u"--"_s, text }));
+    return Failure { u"No program to speak with is installed (espeak-ng, espeak or spd-say)."_s };
 }
 
 }

@@ -20,10 +20,10 @@ public:
     std::optional<Osascript::DialogAnswer> ask(const Osascript::DialogRequest &request) override;
     std::optional<std::optional<QStringList>>
     choose(const Osascript::ListRequest &request) override;
-    Osascript::Failure notify(const QString &text, const QString &title, const QString &subtitle,
-                              const QString &file) override;
+    Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
+                        const QString &file) override;
     void beep() override;
-    Osascript::Failure say(const QString &text) override;
+    Result<void> say(const QString &text) override;
 
 private:
     [[nodiscard]] std::optional<QJsonObject> show(const QJsonObject &request) const;

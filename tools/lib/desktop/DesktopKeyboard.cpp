@@ -16,12 +16,9 @@ using namespace std::chrono_literals;
 
 namespace Tessel {
 
-using Osascript::Failure;
 using Osascript::Modifiers;
 
 namespace {
-
-constexpr int evdevOffset = 8; ///< from Linux input event codes to X keycodes
 
 /// Pasting takes messages to and fro between the program and the clipboard's owner, and GTK 3
 /// handles further keys meanwhile.
@@ -58,43 +55,43 @@ std::optional<Typist> DesktopKeyboard::typist(QString *reason)
     return hands;
 }
 
-Failure DesktopKeyboard::type(const QString &text, Modifiers modifiers)
+Result<void> DesktopKeyboard::type(const QString &text, Modifiers modifiers)
 {
     if (modifiers == Modifiers()) {
         QString reason;
         auto hands = typist(&reason);
-        return hands ? hands->type(text) : reason;
+        return hands ? hands->type(text) : Failure { reason };
     }
     for (const uint character : text.toUcs4()) {
-        if (auto failure = typeShortcut(char32_t(character), modifiers))
-            return failure;
+        if (auto typed = typeShortcut(char32_t(character), modifiers); !typed)
+            return typed;
     }
     return {};
 }
 
-Failure DesktopKeyboard::typeShortcut(char32_t character, Modifiers modifiers)
+Result<void> DesktopKeyboard::typeShortcut(char32_t character, Modifiers modifiers)
 {
     QString reason;
     auto hands = typist(&reason);
     if (!hands)
-        return reason;
-    const auto failure = hands->shortcut(character, modifiers);
+        return Failure { reason };
+    auto pressed = hands->shortcut(character, modifiers);
     note(modifiers);
-    return failure;
+    return pressed;
 }
 
-Failure DesktopKeyboard::press(int keyCode, Modifiers modifiers)
+Result<void> DesktopKeyboard::press(int keyCode, Modifiers modifiers)
 {
     QString reason;
     auto hands = typist(&reason);
     if (!hands)
-        return reason;
-    const auto evdev = KeyCodes::evdevFromVirtual(keyCode);
-    if (!evdev)
-        return u"There is no key with the code %1."_s.arg(keyCode);
-    const auto failure = hands->shortcut(static_cast<quint8>(*evdev + evdevOffset), modifiers);
+        return Failure { reason };
+    const auto key = KeyCodes::scanCodeFromVirtual(keyCode);
+    if (!key)
+        return Failure { u"There is no key with the code %1."_s.arg(keyCode) };
+    auto pressed = hands->shortcut(static_cast<quint8>(*key), modifiers);
     note(modifiers);
-    return failure;
+    return pressed;
 }
 
 /// To be called when the program has seen the key.

@@ -19,14 +19,13 @@ class DesktopKeyboard final : public Osascript::Keyboard
 public:
     explicit DesktopKeyboard(DisplayConnection &display);
 
-    Osascript::Failure type(const QString &text, Osascript::Modifiers modifiers) override;
-    Osascript::Failure press(int keyCode, Osascript::Modifiers modifiers) override;
+    Result<void> type(const QString &text, Osascript::Modifiers modifiers) override;
+    Result<void> press(int keyCode, Osascript::Modifiers modifiers) override;
 
 private:
     /// Nothing, with a reason, when no keys can be pressed here.
     [[nodiscard]] std::optional<Typist> typist(QString *reason);
-    [[nodiscard]] Osascript::Failure typeShortcut(char32_t character,
-                                                  Osascript::Modifiers modifiers);
+    [[nodiscard]] Result<void> typeShortcut(char32_t character, Osascript::Modifiers modifiers);
     void note(Osascript::Modifiers modifiers);
 
     DisplayConnection &m_display;

@@ -5,8 +5,8 @@
 #include "base/KeyCodes.h"
 #include "lib/desktop/SpareKeys.h"
 #include "lib/desktop/WindowPing.h"
+#include "platform/freedesktop/Terminals.h"
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Terminals.h"
 
 #include <QThread>
 
@@ -18,12 +18,10 @@ using namespace std::chrono_literals;
 
 namespace Tessel {
 
-using Osascript::Failure;
 using Osascript::Modifiers;
 
 namespace {
 
-constexpr int evdevOffset = 8; ///< from Linux input event codes to X keycodes
 constexpr quint8 ansiControl = 37;
 constexpr quint8 ansiShift = 50;
 constexpr quint8 ansiAlt = 64;
@@ -63,10 +61,10 @@ QList<quint32> symbolsOf(QString text)
 std::optional<quint8> keyAtPlaceOf(char32_t letter)
 {
     for (qint64 code = 0; code < 128; ++code) {
-        const auto evdev = KeyCodes::evdevFromVirtual(code);
+        const auto key = KeyCodes::scanCodeFromVirtual(code);
         const auto character = KeyCodes::ansiCharacter(code);
-        if (evdev && character && QChar::toUpper(letter) == static_cast<uchar>(*character))
-            return static_cast<quint8>(*evdev + evdevOffset);
+        if (key && character && QChar::toUpper(letter) == static_cast<uchar>(*character))
+            return static_cast<quint8>(*key);
     }
     return {};
 }
@@ -95,7 +93,7 @@ Typist::Typist(X11Connection &connection, const X11KeyLayout &layout, const Fron
     m_keys.liftHeldModifiers();
 }
 
-Failure Typist::type(const QString &text)
+Result<void> Typist::type(const QString &text)
 {
     const QList<quint32> symbols = symbolsOf(text);
     QHash<quint32, std::optional<X11KeyLayout::Stroke>> strokes;
@@ -114,7 +112,9 @@ Failure Typist::type(const QString &text)
             lacking += symbols[end];
         }
         if (end == begin)
-            return u"The keyboard layout lacks characters of the text and has no key to spare."_s;
+            return Failure {
+                u"The keyboard layout lacks characters of the text and has no key to spare."_s
+            };
         if (!lacking.isEmpty())
             spare.lend(lacking);
         for (const quint32 symbol : symbols.mid(begin, end - begin))
@@ -154,7 +154,7 @@ std::optional<X11KeyLayout::Stroke> Typist::strokeFor(char32_t character) const
     return stroke;
 }
 
-Failure Typist::shortcut(char32_t character, Modifiers modifiers)
+Result<void> Typist::shortcut(char32_t character, Modifiers modifiers)
 {
     const bool hasLetter = m_layout.key(symbolOf(QChar::toLower(character))).has_value();
     if (modifiers == Modifiers { .command = true } && !hasLetter && !m_front.isTerminal) {
@@ -167,18 +167,21 @@ Failure Typist::shortcut(char32_t character, Modifiers modifiers)
     }
     const auto stroke = strokeFor(character);
     if (!stroke)
-        return u"No key of the keyboard layout gives “%1”."_s.arg(QString::fromUcs4(&character, 1));
+        return Failure { u"No key of the keyboard layout gives “%1”."_s.arg(
+            QString::fromUcs4(&character, 1)) };
     modifiers.shift |= stroke->shift;
     return shortcut(stroke->key, modifiers);
 }
 
-Failure Typist::shortcut(quint8 key, Modifiers modifiers)
+Result<void> Typist::shortcut(quint8 key, Modifiers modifiers)
 {
     if (modifiers.command && m_front.isTerminal) {
         const QString identifier = m_front.bundleIdentifier.value_or(QString());
-        if (!X11Terminals::copiesOnControlShiftC(identifier))
-            return u"%1 has no shortcuts of this kind: the key would go to the program in it."_s
-                .arg(m_front.localizedName);
+        if (!Terminals::copiesOnControlShiftC(identifier))
+            return Failure {
+                u"%1 has no shortcuts of this kind: the key would go to the program in it."_s.arg(
+                    m_front.localizedName)
+            };
         modifiers.shift = true;
     }
     m_keys.press(modifierKeys(modifiers) + QList<quint8> { key });
@@ -200,16 +203,16 @@ QList<quint8> Typist::modifierKeys(Modifiers modifiers) const
 
 void Typist::settle(qsizetype lentKeys)
 {
-    if (m_front.window && answersPing(m_connection, m_front.window))
-        awaitEventsHandled(m_connection, m_front.window, patience);
+    if (m_front.window && answersPing(m_connection, static_cast<quint32>(m_front.window)))
+        awaitEventsHandled(m_connection, static_cast<quint32>(m_front.window), patience);
     else if (lentKeys > 0)
         QThread::msleep(blindWaitMs);
 }
 
 void Typist::awaitProgram(std::chrono::milliseconds limit)
 {
-    if (m_front.window && answersPing(m_connection, m_front.window))
-        awaitEventsHandled(m_connection, m_front.window, limit);
+    if (m_front.window && answersPing(m_connection, static_cast<quint32>(m_front.window)))
+        awaitEventsHandled(m_connection, static_cast<quint32>(m_front.window), limit);
 }
 
 }

@@ -22,13 +22,13 @@ public:
 
     /// Types the characters; those that the layout lacks by way of spare keys. Characters that no
     /// keyboard has (controls other than line ends, tab, backspace, escape) are passed over.
-    [[nodiscard]] Osascript::Failure type(const QString &text);
+    [[nodiscard]] Result<void> type(const QString &text);
 
     /// The shortcut of a character.
-    [[nodiscard]] Osascript::Failure shortcut(char32_t character, Osascript::Modifiers modifiers);
+    [[nodiscard]] Result<void> shortcut(char32_t character, Osascript::Modifiers modifiers);
 
     /// The shortcut of a key, an X keycode.
-    [[nodiscard]] Osascript::Failure shortcut(quint8 key, Osascript::Modifiers modifiers);
+    [[nodiscard]] Result<void> shortcut(quint8 key, Osascript::Modifiers modifiers);
 
     /// Waits until the program has seen all keys, if it can be asked.
     void awaitProgram(std::chrono::milliseconds limit);

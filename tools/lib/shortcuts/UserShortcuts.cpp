@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-using Osascript::Failure;
+using Distrust = std::optional<QString>;
 
 namespace {
 
@@ -46,7 +46,7 @@ constexpr int mostLinks = 40; // as many as the kernel follows
 
 /// Why somebody else could have changed a link, file or folder. In a sticky folder, as the one for
 /// temporary files is, others cannot touch what is not theirs.
-Failure distrustOf(const QString &path)
+Distrust distrustOf(const QString &path)
 {
     struct stat status = {};
     if (lstat(QFile::encodeName(path).constData(), &status) != 0)
@@ -62,7 +62,7 @@ Failure distrustOf(const QString &path)
 
 /// The same for the path, all folders above it and what links on the way lead to: whoever can
 /// rename one of them decides what is found at the path.
-Failure distrust(const QString &path, int links = mostLinks)
+Distrust distrust(const QString &path, int links = mostLinks)
 {
     for (QString next = QDir::cleanPath(path);; next = QFileInfo(next).path()) {
         if (auto reason = distrustOf(next))
@@ -174,10 +174,12 @@ void UserShortcuts::offerSamples()
     }
 }
 
-Osascript::ShortcutResult UserShortcuts::run(const QString &name, const QString &input)
+Result<QString> UserShortcuts::run(const QString &name, const QString &input)
 {
     const Outcome outcome = run(name, input.toUtf8());
-    return { outcome.failure, QString::fromUtf8(outcome.output) };
+    if (outcome.failure)
+        return Failure { *outcome.failure };
+    return QString::fromUtf8(outcome.output);
 }
 
 UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray &input)

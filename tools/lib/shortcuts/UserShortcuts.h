@@ -24,7 +24,7 @@ class UserShortcuts final : public Osascript::ShortcutLibrary
 public:
     struct Outcome
     {
-        Osascript::Failure failure;
+        std::optional<QString> failure;
         QByteArray output;
     };
 
@@ -36,7 +36,7 @@ public:
     [[nodiscard]] static QString standardFolder();
 
     QStringList names() override;
-    Osascript::ShortcutResult run(const QString &name, const QString &input) override;
+    Result<QString> run(const QString &name, const QString &input) override;
 
     /// The same byte for byte. Standard error is the process's own. A shortcut that ends with
     /// another status than 0 has failed; its output counts all the same.

@@ -82,21 +82,15 @@ Value Application::perform(const Invocation &invocation)
     if (invocation.is(u"activate"))
         isInstalled ? check(desktop.activate(m_name)) : activate();
     else if (invocation.is(u"launch") || invocation.is(u"run"))
-        check(isInstalled ? desktop.launch(m_name) : Failure());
+        check(isInstalled ? desktop.launch(m_name) : Result<void>());
     else if (invocation.is(u"quit"))
-        check(isInstalled ? desktop.quit(m_name) : Failure());
+        check(isInstalled ? desktop.quit(m_name) : Result<void>());
     else if (invocation.is(u"open"))
         for (const Value &target : toItems(invocation.direct))
             check(desktop.open(textOf(target), isInstalled ? m_name : QString()));
     else
         failNotUnderstanding(invocation);
     return {};
-}
-
-void Application::check(const Failure &failure) const
-{
-    if (failure)
-        fail(ScriptError::failed, failure->endsWith(u'.') ? *failure : *failure + u'.');
 }
 
 void Application::failNotUnderstanding(const Invocation &invocation) const

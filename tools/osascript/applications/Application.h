@@ -55,8 +55,6 @@ public:
 protected:
     [[nodiscard]] Host &host() const { return m_host; }
     [[nodiscard]] Object element(const QString &className, const QString &key);
-    /// Raises the failure as an error of the application.
-    void check(const Failure &failure) const;
     /// How an adapter is activated: it shows what it has, if anything.
     virtual void activate() { }
     [[noreturn]] void failNotUnderstanding(const Invocation &invocation) const;

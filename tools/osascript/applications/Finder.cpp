@@ -4,6 +4,7 @@
 
 #include "osascript/applications/UserFolders.h"
 #include "osascript/values/Coercion.h"
+#include "osascript/values/ScriptError.h"
 #include "osascript/values/ValueProperties.h"
 
 #include <QDir>

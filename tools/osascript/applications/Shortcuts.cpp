@@ -3,6 +3,7 @@
 #include "osascript/applications/Shortcuts.h"
 
 #include "osascript/values/Coercion.h"
+#include "osascript/values/ScriptError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,10 +29,11 @@ Value Shortcuts::perform(const Invocation &invocation)
     const auto *object = invocation.direct.as<Object>();
     if (!invocation.is(u"run") || !object || object->className != u"shortcut")
         return Application::perform(invocation);
-    const ShortcutResult result
+    const Result<QString> output
         = host().shortcuts.run(object->key, textOf(invocation.argument(u"with input")));
-    check(result.failure);
-    return result.output.isEmpty() ? Value() : Value(result.output);
+    if (!output)
+        check(output.error());
+    return output->isEmpty() ? Value() : Value(*output);
 }
 
 }

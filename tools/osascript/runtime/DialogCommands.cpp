@@ -132,11 +132,9 @@ Value displayAlert(const Invocation &call, const TextContext &context, Host &hos
 
 Value displayNotification(const Invocation &call, const TextContext &context, Host &host)
 {
-    const Failure failure = host.dialogs.notify(withLineFeeds(toText(call.direct, context)),
-                                                textArgument(call, u"with title", context),
-                                                textArgument(call, u"subtitle", context), {});
-    if (failure)
-        fail(ScriptError::failed, *failure + u'.');
+    check(host.dialogs.notify(withLineFeeds(toText(call.direct, context)),
+                              textArgument(call, u"with title", context),
+                              textArgument(call, u"subtitle", context), {}));
     return {};
 }
 

@@ -27,12 +27,6 @@ namespace Tessel::Osascript {
 
 namespace {
 
-void check(const Failure &failure)
-{
-    if (failure)
-        fail(ScriptError::failed, failure->endsWith(u'.') ? *failure : *failure + u'.');
-}
-
 Value clipboard(const Invocation & /*call*/, const TextContext & /*context*/, Host &host)
 {
     return Value(host.clipboard.text().value_or(QString()));

@@ -16,6 +16,14 @@ void failWith(int number, const QString &message)
     throw ScriptError { message, number };
 }
 
+void check(const Result<void> &result)
+{
+    if (result)
+        return;
+    const QString &reason = result.error().reason;
+    fail(ScriptError::failed, reason.endsWith(u'.') ? reason : reason + u'.');
+}
+
 void failToGet(const QString &what)
 {
     fail(ScriptError::cannotGet, u"Can’t get "_s + what + u'.');

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
 #include "osascript/values/SourceRange.h"
 
 #include <QString>
@@ -49,6 +50,9 @@ struct ScriptError
 /// The message ends with a full stop.
 [[noreturn]] void fail(ScriptError::Number number, const QString &message);
 [[noreturn]] void failWith(int number, const QString &message);
+
+/// Raises what failed as an error.
+void check(const Result<void> &result);
 
 [[noreturn]] void failToGet(const QString &what);
 [[noreturn]] void failToSet(const QString &what, const QString &value);

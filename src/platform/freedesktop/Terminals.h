@@ -7,9 +7,9 @@
 namespace Tessel {
 
 /// What is known of terminal emulators beyond their desktop entries.
-namespace X11Terminals {
+namespace Terminals {
 
-/// Whether windows of this class (WM_CLASS, either part) are terminals.
+/// Whether windows of this class or application id (on X11 either part of WM_CLASS) are terminals.
 [[nodiscard]] bool isTerminalClass(const QString &windowClass);
 
 /// False for those that send Ctrl+Shift+C to the program in them as an interrupt. Takes the desktop

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "platform/x11/X11Terminals.h"
+#include "platform/freedesktop/Terminals.h"
 
 #include <algorithm>
 #include <iterator>
@@ -67,12 +67,12 @@ template <typename Table> bool contains(const Table &table, QStringView name)
 
 }
 
-bool X11Terminals::isTerminalClass(const QString &windowClass)
+bool Terminals::isTerminalClass(const QString &windowClass)
 {
     return contains(terminalClasses, windowClass);
 }
 
-bool X11Terminals::copiesOnControlShiftC(const QString &identifier)
+bool Terminals::copiesOnControlShiftC(const QString &identifier)
 {
     // Desktop entries carry a vendor prefix: "debian-xterm".
     const QStringView name = QStringView(identifier).mid(identifier.indexOf(u'-') + 1);

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/FreedesktopWorkspace.h"
+
+#include "base/Log.h"
+#include "platform/freedesktop/Terminals.h"
+#include "platform/freedesktop/XdgOpen.h"
+
+#include <QCollator>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+FreedesktopWorkspace::FreedesktopWorkspace()
+    : m_entries(DesktopEntries::standardFolders())
+{
+}
+
+FrontApplication FreedesktopWorkspace::applicationNamed(const WindowNames &names)
+{
+    FrontApplication application;
+    application.isTerminal = Terminals::isTerminalClass(names.windowClass)
+        || Terminals::isTerminalClass(names.instance);
+    if (const auto entry
+        = m_entries.find({ names.applicationId, names.windowClass, names.instance })) {
+        application.bundleIdentifier = entry->id;
+        application.localizedName = entry->name;
+        application.isTerminal |= entry->isTerminal;
+    } else if (!names.windowClass.isEmpty()) {
+        application.bundleIdentifier = names.windowClass;
+        application.localizedName = names.windowClass;
+    }
+    return application;
+}
+
+/// Several entries can lay claim to the same windows.
+QString FreedesktopWorkspace::identifierForWindowsOf(const DesktopEntry &entry)
+{
+    const auto owner = m_entries.find({ entry.windowClass, entry.id });
+    return owner ? owner->id : entry.id;
+}
+
+QList<InstalledApplication> FreedesktopWorkspace::installedApplications()
+{
+    QList<InstalledApplication> applications;
+    for (const DesktopEntry &entry : m_entries.all()) {
+        if (entry.isShown)
+            applications.append({ identifierForWindowsOf(entry), entry.name, entry.icon });
+    }
+    QCollator order;
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    std::stable_sort(applications.begin(), applications.end(),
+                     [&order](const InstalledApplication &one, const InstalledApplication &other) {
+                         return order.compare(one.localizedName, other.localizedName) < 0;
+                     });
+    return applications;
+}
+
+std::optional<QString> FreedesktopWorkspace::bundleIdentifierOf(const QString &path)
+{
+    const auto entry = m_entries.read(path);
+    return entry ? std::optional(identifierForWindowsOf(*entry)) : std::nullopt;
+}
+
+void FreedesktopWorkspace::open(const QString &url)
+{
+    if (const auto error = xdgOpen(url))
+        Log::print(u"ERROR: "_s + *error);
+}
+
+}

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/freedesktop/DesktopEntries.h"
+
+namespace Tessel {
+
+/// What a workspace knows without its window system: the installed applications and the handlers of
+/// URLs.
+class FreedesktopWorkspace : public Workspace
+{
+public:
+    FreedesktopWorkspace();
+
+    [[nodiscard]] QList<InstalledApplication> installedApplications() override;
+    [[nodiscard]] std::optional<QString> bundleIdentifierOf(const QString &path) override;
+    void open(const QString &url) override;
+
+protected:
+    /// The names that a window goes by; each may be empty.
+    struct WindowNames
+    {
+        QString applicationId;
+        QString windowClass;
+        QString instance;
+    };
+
+    /// The application that such a window belongs to, without the window's handle.
+    [[nodiscard]] FrontApplication applicationNamed(const WindowNames &names);
+
+private:
+    [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);
+
+    DesktopEntries m_entries;
+};
+
+}
