@@ -84,13 +84,14 @@ int main(int argc, char *argv[])
                        .arg(*owner));
         return 0;
     }
-    const PlatformResult result = makePlatform();
-    if (!result.platform) {
-        Log::print(u"ERROR: "_s + result.error);
+    const auto connected = makePlatform();
+    if (!connected) {
+        Log::print(u"ERROR: "_s + connected.error().reason);
         return 1;
     }
-    if (!result.notice.isEmpty())
-        Log::print(result.notice);
+    Platform &platform = **connected;
+    if (const QString notice = platform.notice(); !notice.isEmpty())
+        Log::print(notice);
 
     std::optional<HiddenDesktop> hidden(std::in_place);
     QApplication app(argc, argv);
@@ -103,8 +104,8 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     ResourceBundle::module(); // ends the program here when it is missing
 
-    Platform::setCurrent(result.platform.get());
-    result.platform->start();
+    Platform::setCurrent(&platform);
+    platform.start();
     ConfigManager::shared();
     AppDelegate delegate;
     QTimer::singleShot(0, &delegate, &AppDelegate::applicationDidFinishLaunching);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "base/Result.h"
 
 #include <memory>
 
@@ -27,6 +27,9 @@ public:
     [[nodiscard]] static Platform &current();
     static void setCurrent(Platform *platform);
 
+    /// What the user should know about this desktop, as a line of the log; may be empty.
+    [[nodiscard]] virtual QString notice() const = 0;
+
     /// Begins to deliver events. Needs the application object.
     virtual void start() = 0;
 
@@ -39,14 +42,9 @@ public:
     [[nodiscard]] virtual StatusArea &statusArea() = 0;
 };
 
-struct PlatformResult
-{
-    std::unique_ptr<Platform> platform; ///< null when no backend suits the session
-    QString error; ///< why, when there is none
-    QString notice; ///< what the user should know about the backend; may be empty
-};
-
-/// Chooses the backend by what the session offers, and prepares the environment that Qt reads.
-[[nodiscard]] PlatformResult makePlatform();
+/// Chooses the backend by what the session offers, and prepares the environment that Qt reads. The
+/// environment variable TESSEL_PLATFORM demands one: "x11", or "none", which only says what is
+/// missing. Fails when Qt could not show a window either.
+[[nodiscard]] Result<std::unique_ptr<Platform>> makePlatform();
 
 }

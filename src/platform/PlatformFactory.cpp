@@ -1,28 +1,23 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "platform/BackendChoice.h"
 #include "platform/Platform.h"
+#include "platform/none/NonePlatform.h"
+#ifdef TESSEL_X11
+#include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Platform.h"
+#endif
 
 namespace Tessel {
 
-PlatformResult makePlatform()
+Result<std::unique_ptr<Platform>> makePlatform()
 {
-    PlatformResult result;
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        result.error = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-            ? QStringLiteral("There is no desktop session: DISPLAY is not set.")
-            : QStringLiteral(
-                "This Wayland session has no X server (XWayland), which Tessel needs.");
-        return result;
-    }
-    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        result.notice
-            = QStringLiteral("WARNING: Wayland session: keys pressed in, and text selected "
-                             "in, applications that do not use XWayland are not seen.");
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    result.platform = X11Platform::connect(&result.error);
-    return result;
+    return connectToDesktop<Platform>({
+#ifdef TESSEL_X11
+        { "x11", X11Connection::isOffered, X11Platform::connect },
+#endif
+        { "none", NonePlatform::isOffered, NonePlatform::connect },
+    });
 }
 
 }

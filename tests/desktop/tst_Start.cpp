@@ -120,6 +120,21 @@ private Q_SLOTS:
         QVERIFY2(tessel.output().startsWith(u"ERROR: "), qPrintable(tessel.output()));
     }
 
+    void saysWhatIsMissing()
+    {
+        DesktopSession session;
+        QVERIFY2(session.start(), qPrintable(session.errorString()));
+        QProcessEnvironment environment = session.environment();
+        environment.insert(u"TESSEL_PLATFORM"_s, u"none"_s);
+        ChildProcess &tessel = session.launch(TesselProgram::path(), {}, environment);
+        const auto window = session.user().waitForWindow(
+            [](const WindowInfo &info) { return info.className == u"Tessel"; });
+        QVERIFY(window);
+        QVERIFY(tessel.waitForOutput(QRegularExpression(u"Tessel started"_s)).hasMatch());
+        tessel.end();
+        QCOMPARE(tessel.exitCode(), 0);
+    }
+
     void worksOnABareServer_data()
     {
         QTest::addColumn<bool>("windowManager");

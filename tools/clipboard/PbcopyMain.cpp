@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardOptions.h"
-#include "clipboard/SelectionOwner.h"
 #include "lib/support/Detachment.h"
 #include "lib/support/StandardStreams.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/HelperPlatform.h"
+#include "platform/TextClipboard.h"
 
 #include <QFile>
 
@@ -44,14 +44,13 @@ int main(int argc, char *argv[])
     }
 
     Detachment background = Detachment::begin();
-    QString error;
-    const auto connection = X11Connection::open(&error);
-    if (!connection)
-        background.fail(u"pbcopy: "_s + error);
-    SelectionOwner owner(*connection, "CLIPBOARD", *text);
-    if (!owner.take())
-        background.fail(u"pbcopy: The clipboard could not be taken."_s);
+    const auto desktop = makeHelperPlatform();
+    if (!desktop)
+        background.fail(u"pbcopy: "_s + desktop.error().reason);
+    TextClipboard &clipboard = (*desktop)->clipboard();
+    if (const auto taken = clipboard.take(*text); !taken)
+        background.fail(u"pbcopy: "_s + taken.error().reason);
     background.succeed();
-    owner.serve();
+    clipboard.serve();
     return EXIT_SUCCESS;
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardOptions.h"
-#include "clipboard/ClipboardReader.h"
 #include "lib/support/StandardStreams.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/HelperPlatform.h"
+#include "platform/TextClipboard.h"
 
 #include <QCoreApplication>
 
@@ -27,14 +27,12 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     if (const auto status = exitStatusAfterOptions(QCoreApplication::arguments().mid(1), usage))
         return *status;
-    QString error;
-    const auto connection = X11Connection::open(&error);
-    if (!connection) {
-        std::fprintf(stderr, "pbpaste: %s\n", qUtf8Printable(error));
+    const auto desktop = makeHelperPlatform();
+    if (!desktop) {
+        std::fprintf(stderr, "pbpaste: %s\n", qUtf8Printable(desktop.error().reason));
         return EXIT_FAILURE;
     }
-    connection->start();
-    const QByteArray text = clipboardText(*connection).value_or(QByteArray());
+    const QByteArray text = (*desktop)->clipboard().text().value_or(QByteArray());
     const auto size = static_cast<std::size_t>(text.size());
     std::fwrite(text.constData(), 1, size, stdout);
     return finishOutput("pbpaste");

@@ -4,8 +4,8 @@
 #include "dialog/ListDialog.h"
 #include "dialog/MessageDialog.h"
 #include "lib/dialog/DialogProtocol.h"
+#include "platform/HelperPlatform.h"
 #include "platform/freedesktop/PortalAppearance.h"
-#include "platform/x11/X11Connection.h"
 #include "windows/WindowStyle.h"
 
 #include <QApplication>
@@ -19,16 +19,6 @@ using namespace Tessel;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Qt would end the process with a core dump.
-bool hasDisplay()
-{
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
-        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return true;
-    QString error;
-    return X11Connection::open(&error) != nullptr;
-}
 
 void print(const QJsonObject &answer)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/ShortcutModifiers.h"
 
 #include <QStringList>
 
@@ -24,21 +25,13 @@ public:
     virtual Result<void> setText(const QString &text) = 0;
 };
 
-struct Modifiers
-{
-    bool command = false;
-    bool control = false;
-    bool option = false;
-    bool shift = false;
-    bool operator==(const Modifiers &) const = default;
-};
+using Modifiers = ShortcutModifiers;
 
 class Keyboard
 {
 public:
     virtual ~Keyboard() = default;
-    /// Types the text, whatever the layout is. Command is the desktop's Ctrl, and Ctrl+Shift where
-    /// the keys go to a terminal.
+    /// Types the text, whatever the layout is.
     virtual Result<void> type(const QString &text, Modifiers modifiers) = 0;
     /// Presses and releases the key with this virtual key code (as in KeyCodes.h).
     virtual Result<void> press(int keyCode, Modifiers modifiers) = 0;

@@ -6,19 +6,6 @@
 
 namespace Tessel {
 
-namespace {
-
-template <typename T> QFuture<T> readyFuture(const T &value)
-{
-    QPromise<T> promise;
-    promise.start();
-    promise.addResult(value);
-    promise.finish();
-    return promise.future();
-}
-
-}
-
 class FakePlatform::Monitor::Token final : public Subscription
 {
 public:
@@ -64,7 +51,7 @@ void FakePlatform::Copier::copySelection(const FrontApplication &application)
 QFuture<std::optional<QString>> FakePlatform::Clipboard::string(std::chrono::milliseconds patience)
 {
     if (!ownerIsSilent)
-        return readyFuture(text);
+        return QtFuture::makeReadyFuture(text);
     auto promise = std::make_shared<QPromise<std::optional<QString>>>();
     promise->start();
     QTimer::singleShot(patience, [promise] {
@@ -82,7 +69,7 @@ void FakePlatform::Clipboard::put(const std::optional<QString> &newText)
 
 QFuture<PopupLocation> FakePlatform::Popups::locate()
 {
-    return readyFuture(location);
+    return QtFuture::makeReadyFuture(location);
 }
 
 bool FakePlatform::Popups::takeKeyboard(QWindow *window)

@@ -130,6 +130,7 @@ public:
         bool m_isAvailable = false;
     };
 
+    [[nodiscard]] QString notice() const override { return {}; }
     void start() override { }
     [[nodiscard]] Monitor &eventMonitor() override { return m_monitor; }
     [[nodiscard]] Copier &copyRequest() override { return m_copier; }

@@ -5,6 +5,7 @@
 #include <QAbstractEventDispatcher>
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <xcb/xcb.h>
@@ -40,15 +41,19 @@ bool isAtLeast(int major, int minor, int wantedMajor, int wantedMinor)
 
 }
 
-std::unique_ptr<X11Connection> X11Connection::open(QString *error)
+bool X11Connection::isOffered()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY");
+}
+
+Result<std::unique_ptr<X11Connection>> X11Connection::open()
 {
     int screenNumber = 0;
     xcb_connection_t *connection = xcb_connect(nullptr, &screenNumber);
     if (xcb_connection_has_error(connection)) {
         xcb_disconnect(connection);
-        *error = QStringLiteral("The X server at DISPLAY=%1 does not answer.")
-                     .arg(qEnvironmentVariable("DISPLAY"));
-        return nullptr;
+        return Failure { QStringLiteral("The X server at DISPLAY=%1 does not answer.")
+                             .arg(qEnvironmentVariable("DISPLAY")) };
     }
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screenNumber));
 }
@@ -96,6 +101,8 @@ void X11Connection::queryExtensions()
 
 void X11Connection::start()
 {
+    if (m_notifier)
+        return;
     m_notifier
         = new QSocketNotifier(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(Source::socket); });
@@ -141,12 +148,12 @@ quint32 X11Connection::atom(const char *name) const
     return atom;
 }
 
-QByteArray X11Connection::property(quint32 window, quint32 atom, quint32 mostBytes) const
+QByteArray X11Connection::property(quint32 window, quint32 atom, quint32 maxBytes) const
 {
     const XcbPtr<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(m_connection,
                                xcb_get_property(m_connection, 0, window, atom,
-                                                XCB_GET_PROPERTY_TYPE_ANY, 0, mostBytes / 4),
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, maxBytes / 4),
                                nullptr));
     if (!reply)
         return {};
@@ -154,13 +161,25 @@ QByteArray X11Connection::property(quint32 window, quint32 atom, quint32 mostByt
              xcb_get_property_value_length(reply.get()) };
 }
 
-quint32 X11Connection::property32(quint32 window, quint32 atom) const
+QList<quint32> X11Connection::items(quint32 window, quint32 atom) const
 {
-    const QByteArray value = property(window, atom);
-    quint32 item = 0;
-    if (value.size() >= qsizetype(sizeof item))
-        std::memcpy(&item, value.constData(), sizeof item);
-    return item;
+    const QByteArray bytes = property(window, atom);
+    QList<quint32> items(bytes.size() / 4);
+    std::memcpy(items.data(), bytes.constData(), static_cast<std::size_t>(items.size()) * 4);
+    return items;
+}
+
+void X11Connection::sendMessage(quint32 destination, quint32 eventMask, quint32 window,
+                                const char *type, const std::array<quint32, 5> &data)
+{
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(type);
+    std::copy(data.begin(), data.end(), event.data.data32);
+    xcb_send_event(m_connection, 0, destination, eventMask, reinterpret_cast<const char *>(&event));
+    xcb_flush(m_connection);
 }
 
 bool X11Connection::isSameClient(quint32 first, quint32 second) const

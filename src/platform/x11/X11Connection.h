@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
+
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QObject>
 
+#include <array>
 #include <functional>
 #include <list>
 #include <memory>
@@ -59,11 +63,13 @@ public:
         quint8 firstEvent = 0;
     };
 
-    /// Null, with the reason, when the display of $DISPLAY cannot be reached.
-    static std::unique_ptr<X11Connection> open(QString *error);
+    /// Whether the session has an X server, be it for programs of other window systems.
+    [[nodiscard]] static bool isOffered();
+    /// Fails when the display of $DISPLAY cannot be reached.
+    [[nodiscard]] static Result<std::unique_ptr<X11Connection>> open();
     ~X11Connection() override;
 
-    /// Begins to deliver events; needs the application object.
+    /// Begins to deliver events, once; needs the application object.
     void start();
 
     /// Calls the handler for each event until the returned token is destroyed.
@@ -79,13 +85,22 @@ public:
 
     [[nodiscard]] quint32 atom(const char *name) const; ///< remembered after the first request
 
-    /// Value of a window's property in any format, cut off at `mostBytes`: other programs write
+    /// Value of a window's property in any format, cut off at `maxBytes`: other programs write
     /// what they like there. Empty when it has none.
     [[nodiscard]] QByteArray property(quint32 window, quint32 atom,
-                                      quint32 mostBytes = 64 << 10) const;
+                                      quint32 maxBytes = 64 << 10) const;
 
-    /// First 32-bit item of a property, 0 when there is none.
-    [[nodiscard]] quint32 property32(quint32 window, quint32 atom) const;
+    /// The items of a property in 32-bit format.
+    [[nodiscard]] QList<quint32> items(quint32 window, quint32 atom) const;
+    [[nodiscard]] QList<quint32> items(quint32 window, const char *name) const
+    {
+        return items(window, atom(name));
+    }
+
+    /// Sends a client message (ICCCM, section 4.2.1) about a window to `destination`, which may be
+    /// another. An event mask of 0 reaches the destination's own client.
+    void sendMessage(quint32 destination, quint32 eventMask, quint32 window, const char *type,
+                     const std::array<quint32, 5> &data);
 
     /// Whether two windows (or other resources) were made by the same client.
     [[nodiscard]] bool isSameClient(quint32 first, quint32 second) const;

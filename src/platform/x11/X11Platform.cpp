@@ -38,13 +38,15 @@ struct X11Platform::Services
     X11StatusArea statusArea { *connection };
 };
 
-std::unique_ptr<Platform> X11Platform::connect(QString *error)
+Result<std::unique_ptr<Platform>> X11Platform::connect()
 {
-    auto connection = X11Connection::open(error);
+    auto connection = X11Connection::open();
     if (!connection)
-        return nullptr;
+        return connection.error();
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
     return std::unique_ptr<Platform>(
-        new X11Platform(std::make_unique<Services>(std::move(connection))));
+        new X11Platform(std::make_unique<Services>(*std::move(connection))));
 }
 
 X11Platform::X11Platform(std::unique_ptr<Services> services)
@@ -53,6 +55,14 @@ X11Platform::X11Platform(std::unique_ptr<Services> services)
 }
 
 X11Platform::~X11Platform() = default;
+
+QString X11Platform::notice() const
+{
+    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return {};
+    return QStringLiteral("WARNING: Wayland session: keys pressed in, and text selected in, "
+                          "applications that do not use XWayland are not seen.");
+}
 
 void X11Platform::start()
 {

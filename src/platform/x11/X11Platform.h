@@ -10,10 +10,11 @@ namespace Tessel {
 class X11Platform final : public Platform
 {
 public:
-    /// Null, with the reason, when the X server cannot be reached.
-    [[nodiscard]] static std::unique_ptr<Platform> connect(QString *error);
+    /// Fails when the X server cannot be reached. Has Qt take to it as well.
+    [[nodiscard]] static Result<std::unique_ptr<Platform>> connect();
     ~X11Platform() override;
 
+    [[nodiscard]] QString notice() const override;
     void start() override;
     [[nodiscard]] EventMonitor &eventMonitor() override;
     [[nodiscard]] CopyRequest &copyRequest() override;

@@ -68,15 +68,10 @@ QScreen *screenOf(const QRect &window)
 QList<X11Strut> struts(const X11Connection &connection)
 {
     xcb_connection_t *xcb = connection.xcb();
-    const QByteArray clients
-        = connection.property(connection.root(), connection.atom("_NET_CLIENT_LIST"));
     const quint32 strutAtom = connection.atom("_NET_WM_STRUT_PARTIAL");
     QList<xcb_get_property_cookie_t> cookies;
-    for (qsizetype at = 0; at + 4 <= clients.size(); at += 4) {
-        quint32 window = 0;
-        std::memcpy(&window, clients.constData() + at, sizeof window);
+    for (const quint32 window : connection.items(connection.root(), "_NET_CLIENT_LIST"))
         cookies += xcb_get_property(xcb, 0, window, strutAtom, XCB_ATOM_CARDINAL, 0, 12);
-    }
     QList<X11Strut> result;
     for (const auto cookie : cookies) {
         const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(xcb, cookie, nullptr));
@@ -115,11 +110,7 @@ QFuture<PopupLocation> X11PopupHost::locate()
         location.screen = screen->geometry();
         location.visibleFrame = logicalGeometry(visibleFrame(nativeGeometry(screen)), screen);
     }
-    QPromise<PopupLocation> promise;
-    promise.start();
-    promise.addResult(location);
-    promise.finish();
-    return promise.future();
+    return QtFuture::makeReadyFuture(location);
 }
 
 QRect X11PopupHost::visibleFrame(const QRect &nativeScreen) const

@@ -12,7 +12,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr quint32 mostBytes = 64 << 20;
+constexpr quint32 maxBytes = 64 << 20;
 
 /// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
 struct Target
@@ -108,23 +108,23 @@ void X11SelectionTransfer::takeAnswer(quint32 property)
         m_patience.start();
         return;
     }
-    if (!type || type->bytes_after > mostBytes) {
+    if (!type || type->bytes_after > maxBytes) {
         finish({});
         return;
     }
-    m_bytes = m_connection.property(m_window, property, mostBytes);
+    m_bytes = m_connection.property(m_window, property, maxBytes);
     finish(utf8());
 }
 
 void X11SelectionTransfer::takePiece()
 {
-    const QByteArray piece = m_connection.property(m_window, m_property, mostBytes);
+    const QByteArray piece = m_connection.property(m_window, m_property, maxBytes);
     xcb_delete_property(m_connection.xcb(), m_window, m_property);
     xcb_flush(m_connection.xcb());
     m_bytes += piece;
     if (piece.isEmpty())
         finish(utf8());
-    else if (m_bytes.size() > mostBytes)
+    else if (m_bytes.size() > maxBytes)
         finish({});
     else
         m_patience.start();

@@ -4,24 +4,19 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <algorithm>
-#include <array>
-
 #include <xcb/xcb.h>
-
-using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
 X11Workspace::X11Workspace(X11Connection &connection)
     : m_connection(connection)
+    , m_windowManager(connection)
 {
 }
 
 quint32 X11Workspace::activeWindow() const
 {
-    const quint32 active
-        = m_connection.property32(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
+    const quint32 active = m_windowManager.activeWindow();
     return active ? active : focusedClientWindow();
 }
 
@@ -61,26 +56,11 @@ FrontApplication X11Workspace::applicationOf(quint32 window)
     return application;
 }
 
-/// Asks as a pager does (EWMH, section "Source indication in requests"): the user has asked for it.
 void X11Workspace::bringToFront(quint64 window)
 {
-    constexpr quint32 fromPager = 2;
-    const auto ask = [&](const char *message, const std::array<quint32, 5> &values) {
-        xcb_client_message_event_t event = {};
-        event.response_type = XCB_CLIENT_MESSAGE;
-        event.format = 32;
-        event.window = static_cast<xcb_window_t>(window);
-        event.type = m_connection.atom(message);
-        std::copy(values.begin(), values.end(), event.data.data32);
-        xcb_send_event(m_connection.xcb(), 0, m_connection.root(),
-                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                       reinterpret_cast<const char *>(&event));
-    };
-    const quint32 currentDesktop = m_connection.property32(
-        m_connection.root(), m_connection.atom("_NET_CURRENT_DESKTOP")); // 0 where there is one
-    ask("_NET_WM_DESKTOP", { currentDesktop, fromPager });
-    ask("_NET_ACTIVE_WINDOW", { fromPager, XCB_CURRENT_TIME });
-    xcb_flush(m_connection.xcb());
+    const auto id = static_cast<quint32>(window);
+    m_windowManager.moveToCurrentDesktop(id);
+    m_windowManager.activate(id);
 }
 
 QStringList X11Workspace::missingAccess() const

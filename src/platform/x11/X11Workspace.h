@@ -3,10 +3,9 @@
 #pragma once
 
 #include "platform/freedesktop/FreedesktopWorkspace.h"
+#include "platform/x11/X11WindowManager.h"
 
 namespace Tessel {
-
-class X11Connection;
 
 /// Windows by the window manager's hints (EWMH), and by their classes (ICCCM).
 class X11Workspace final : public FreedesktopWorkspace
@@ -28,6 +27,7 @@ private:
     [[nodiscard]] quint32 focusedClientWindow() const;
 
     X11Connection &m_connection;
+    X11WindowManager m_windowManager;
 };
 
 }

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "lib/desktop/DesktopApplications.h"
 
-#include "lib/desktop/ClientWindows.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/desktop/Waiting.h"
 #include "lib/support/RunProgram.h"
+#include "platform/ClientWindows.h"
 #include "platform/freedesktop/DetachedProgram.h"
 #include "platform/freedesktop/ExecLine.h"
 #include "platform/freedesktop/XdgOpen.h"
-#include "platform/x11/X11Workspace.h"
 
 #include <QFileInfo>
 #include <QUrl>
@@ -26,6 +25,7 @@ using Osascript::Process;
 namespace {
 
 constexpr auto untilFirstWindow = 5s;
+constexpr auto untilActive = 1s;
 
 Result<void> resultOf(const std::optional<QString> &failure)
 {
@@ -45,17 +45,22 @@ DesktopApplications::DesktopApplications(DisplayConnection &display)
 {
 }
 
+/// Null without a desktop.
+ClientWindows *DesktopApplications::clientWindows()
+{
+    HelperPlatform *desktop = m_display.platform().valueOr(nullptr);
+    return desktop ? &desktop->clientWindows() : nullptr;
+}
+
 QList<Process> DesktopApplications::processes()
 {
-    X11Connection *connection = m_display.connection();
-    if (!connection)
+    ClientWindows *windows = clientWindows();
+    if (!windows)
         return {};
-    const ClientWindows windows(*connection);
-    X11Workspace workspace(*connection);
-    const quint32 active = windows.active();
+    const quint64 active = windows->active();
     QList<Process> processes;
-    for (const quint32 window : windows.all()) {
-        const FrontApplication application = workspace.applicationOf(window);
+    for (const ClientWindow &window : windows->all()) {
+        const FrontApplication &application = window.application;
         const QString identifier = application.bundleIdentifier.value_or(QString());
         auto known = std::find_if(processes.begin(), processes.end(), [&](const Process &process) {
             return process.identifier == identifier && process.name == application.localizedName;
@@ -63,11 +68,11 @@ QList<Process> DesktopApplications::processes()
         if (known == processes.end()) {
             processes.append({ .name = application.localizedName,
                                .identifier = identifier,
-                               .id = windows.processId(window) });
+                               .id = window.processId });
             known = processes.end() - 1;
         }
-        known->isFrontmost |= window == active;
-        known->isVisible |= !windows.isHidden(window);
+        known->isFrontmost |= application.window == active;
+        known->isVisible |= !window.isHidden;
     }
     std::stable_partition(processes.begin(), processes.end(),
                           [](const Process &process) { return process.isFrontmost; });
@@ -75,21 +80,21 @@ QList<Process> DesktopApplications::processes()
 }
 
 /// The topmost first.
-QList<quint32> DesktopApplications::windowsOf(const QString &application)
+QList<quint64> DesktopApplications::windowsOf(const QString &application)
 {
-    X11Connection *connection = m_display.connection();
-    if (!connection)
+    ClientWindows *windows = clientWindows();
+    if (!windows)
         return {};
     const auto entry = m_entries.findNamed(application);
-    X11Workspace workspace(*connection);
-    QList<quint32> windows = ClientWindows(*connection).all();
-    windows.removeIf([&](quint32 window) {
-        const FrontApplication owner = workspace.applicationOf(window);
+    QList<quint64> found;
+    for (const ClientWindow &window : windows->all()) {
+        const FrontApplication &owner = window.application;
         const QString identifier = owner.bundleIdentifier.value_or(QString());
-        return !isSame(owner.localizedName, application) && !isSame(identifier, application)
-            && !(entry && identifier == entry->id);
-    });
-    return windows;
+        if (isSame(owner.localizedName, application) || isSame(identifier, application)
+            || (entry && identifier == entry->id))
+            found += owner.window;
+    }
+    return found;
 }
 
 bool DesktopApplications::isInstalled(const QString &application)
@@ -104,7 +109,7 @@ bool DesktopApplications::isRunning(const QString &application)
 
 Result<void> DesktopApplications::activate(const QString &application)
 {
-    QList<quint32> windows = windowsOf(application);
+    QList<quint64> windows = windowsOf(application);
     if (windows.isEmpty()) {
         if (auto started = start(application, {}); !started)
             return started;
@@ -113,10 +118,12 @@ Result<void> DesktopApplications::activate(const QString &application)
                 windows = windowsOf(application);
                 return !windows.isEmpty();
             },
-            m_display.connection() ? untilFirstWindow : 0s);
+            clientWindows() ? untilFirstWindow : 0s);
     }
-    if (!windows.isEmpty())
-        ClientWindows(*m_display.connection()).activate(windows.first());
+    if (windows.isEmpty())
+        return {};
+    clientWindows()->activate(windows.first());
+    waitUntil([&] { return clientWindows()->active() == windows.first(); }, untilActive);
     return {};
 }
 
@@ -127,9 +134,9 @@ Result<void> DesktopApplications::launch(const QString &application)
 
 Result<void> DesktopApplications::quit(const QString &application)
 {
-    const QList<quint32> windows = windowsOf(application);
-    for (const quint32 window : windows)
-        ClientWindows(*m_display.connection()).close(window);
+    const QList<quint64> windows = windowsOf(application);
+    for (const quint64 window : windows)
+        clientWindows()->close(window);
     return {};
 }
 

@@ -7,6 +7,7 @@
 
 namespace Tessel {
 
+class ClientWindows;
 class DisplayConnection;
 
 /// Applications by their desktop entries and, when they run, their windows. An application without
@@ -33,7 +34,8 @@ public:
     [[nodiscard]] static Result<void> existing(const QString &target);
 
 private:
-    [[nodiscard]] QList<quint32> windowsOf(const QString &application);
+    [[nodiscard]] ClientWindows *clientWindows();
+    [[nodiscard]] QList<quint64> windowsOf(const QString &application);
 
     DisplayConnection &m_display;
     DesktopEntries m_entries;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "lib/desktop/DesktopClipboard.h"
 
-#include "clipboard/ClipboardReader.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/support/RunProgram.h"
+#include "platform/TextClipboard.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,8 +18,8 @@ DesktopClipboard::DesktopClipboard(DisplayConnection &display, QString helperFol
 
 std::optional<QString> DesktopClipboard::text()
 {
-    X11Connection *connection = m_display.connection();
-    const auto bytes = connection ? clipboardText(*connection) : std::nullopt;
+    HelperPlatform *desktop = m_display.platform().valueOr(nullptr);
+    const auto bytes = desktop ? desktop->clipboard().text() : std::nullopt;
     return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
 }
 

@@ -8,7 +8,7 @@ namespace Tessel {
 
 class DisplayConnection;
 
-/// The CLIPBOARD selection. Text is put there by pbcopy, which stays to hand it out.
+/// The desktop's clipboard. Text is put there by pbcopy, which stays to hand it out.
 class DesktopClipboard final : public Osascript::Clipboard
 {
 public:

@@ -9,8 +9,6 @@
 #include <QJsonDocument>
 #include <QStandardPaths>
 
-#include <xcb/xcb.h>
-
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
@@ -74,10 +72,8 @@ Result<void> DesktopDialogs::notify(const QString &text, const QString &title,
 
 void DesktopDialogs::beep()
 {
-    if (const X11Connection *connection = m_display.connection()) {
-        xcb_bell(connection->xcb(), 0);
-        xcb_flush(connection->xcb());
-    }
+    if (HelperPlatform *desktop = m_display.platform().valueOr(nullptr))
+        desktop->ringBell();
 }
 
 Result<void> DesktopDialogs::say(const QString &text)

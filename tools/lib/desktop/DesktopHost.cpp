@@ -6,7 +6,6 @@ namespace Tessel {
 
 DesktopHost::DesktopHost(const QString &helperFolder)
     : m_clipboard(m_display, helperFolder)
-    , m_keyboard(m_display)
     , m_dialogs(m_display, helperFolder)
     , m_applications(m_display)
     , m_shortcuts(helperFolder)

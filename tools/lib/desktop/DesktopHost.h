@@ -11,7 +11,7 @@
 
 namespace Tessel {
 
-/// The computer as a script finds it: an X11 desktop, or none. Costs nothing until it is used;
+/// The computer as a script finds it: a desktop, or none. Costs nothing until it is used;
 /// needs the application object by then.
 class DesktopHost final
 {

@@ -2,16 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "lib/desktop/DesktopKeyboard.h"
 
-#include "base/KeyCodes.h"
-#include "lib/desktop/DisplayConnection.h"
-#include "lib/desktop/Typist.h"
-#include "platform/x11/X11Workspace.h"
+#include "platform/SyntheticKeyboard.h"
 
 #include <QThread>
 
-#include <utility>
-
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace Tessel {
@@ -23,44 +17,35 @@ namespace {
 /// Pasting takes messages to and fro between the program and the clipboard's owner, and GTK 3
 /// handles further keys meanwhile.
 constexpr auto clipboardTime = 100ms;
+constexpr auto shortcutPatience = 1s;
 
 }
 
-DesktopKeyboard::DesktopKeyboard(DisplayConnection &display)
-    : m_display(display)
-{
-}
+DesktopKeyboard::DesktopKeyboard() = default;
+DesktopKeyboard::~DesktopKeyboard() = default;
 
-std::optional<Typist> DesktopKeyboard::typist(QString *reason)
+/// When the last shortcut has had its effect.
+Result<SyntheticKeyboard *> DesktopKeyboard::keyboard()
 {
-    X11Connection *connection = m_display.connection();
-    if (!connection) {
-        *reason = m_display.error();
-        return {};
+    if (!m_keyboard) {
+        auto made = makeSyntheticKeyboard();
+        if (!made)
+            return made.error();
+        m_keyboard = *std::move(made);
     }
-    const auto layout = X11KeyLayout::read(*connection);
-    if (!layout || !connection->xtest().present) {
-        *reason = u"The X server lets no program press keys (XTEST and XKB are missing)."_s;
-        return {};
-    }
-    const bool followsShortcut = m_shortcutEffect.has_value();
-    if (followsShortcut)
+    if (m_shortcutEffect) {
         QThread::msleep(static_cast<unsigned long>(m_shortcutEffect->remainingTime()));
-    m_shortcutEffect.reset();
-    const auto front = X11Workspace(*connection).frontmostApplication();
-    std::optional<Typist> hands(std::in_place, *connection, *layout,
-                                front.value_or(FrontApplication()));
-    if (followsShortcut)
-        hands->awaitProgram(1s);
-    return hands;
+        m_shortcutEffect.reset();
+        m_keyboard->awaitKeysSeen(shortcutPatience);
+    }
+    return m_keyboard.get();
 }
 
 Result<void> DesktopKeyboard::type(const QString &text, Modifiers modifiers)
 {
     if (modifiers == Modifiers()) {
-        QString reason;
-        auto hands = typist(&reason);
-        return hands ? hands->type(text) : Failure { reason };
+        const auto keys = keyboard();
+        return keys ? (*keys)->type(text) : keys.error();
     }
     for (const uint character : text.toUcs4()) {
         if (auto typed = typeShortcut(char32_t(character), modifiers); !typed)
@@ -71,31 +56,26 @@ Result<void> DesktopKeyboard::type(const QString &text, Modifiers modifiers)
 
 Result<void> DesktopKeyboard::typeShortcut(char32_t character, Modifiers modifiers)
 {
-    QString reason;
-    auto hands = typist(&reason);
-    if (!hands)
-        return Failure { reason };
-    auto pressed = hands->shortcut(character, modifiers);
-    note(modifiers);
+    const auto keys = keyboard();
+    if (!keys)
+        return keys.error();
+    auto pressed = (*keys)->pressCharacter(character, modifiers);
+    rememberShortcut(modifiers);
     return pressed;
 }
 
 Result<void> DesktopKeyboard::press(int keyCode, Modifiers modifiers)
 {
-    QString reason;
-    auto hands = typist(&reason);
-    if (!hands)
-        return Failure { reason };
-    const auto key = KeyCodes::scanCodeFromVirtual(keyCode);
-    if (!key)
-        return Failure { u"There is no key with the code %1."_s.arg(keyCode) };
-    auto pressed = hands->shortcut(static_cast<quint8>(*key), modifiers);
-    note(modifiers);
+    const auto keys = keyboard();
+    if (!keys)
+        return keys.error();
+    auto pressed = (*keys)->pressKey(keyCode, modifiers);
+    rememberShortcut(modifiers);
     return pressed;
 }
 
 /// To be called when the program has seen the key.
-void DesktopKeyboard::note(Modifiers modifiers)
+void DesktopKeyboard::rememberShortcut(Modifiers modifiers)
 {
     if (modifiers.command)
         m_shortcutEffect = QDeadlineTimer(clipboardTime);

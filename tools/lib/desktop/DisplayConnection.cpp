@@ -4,14 +4,14 @@
 
 namespace Tessel {
 
-X11Connection *DisplayConnection::connection()
+Result<HelperPlatform *> DisplayConnection::platform()
 {
-    if (!m_connection && m_error.isEmpty()) {
-        m_connection = X11Connection::open(&m_error);
-        if (m_connection)
-            m_connection->start();
-    }
-    return m_connection.get();
+    if (!m_platform)
+        m_platform.emplace(makeHelperPlatform());
+    const auto &connected = *m_platform;
+    if (!connected)
+        return connected.error();
+    return connected->get();
 }
 
 }

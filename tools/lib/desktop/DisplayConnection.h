@@ -2,23 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/x11/X11Connection.h"
+#include "platform/HelperPlatform.h"
 
-#include <QString>
+#include <optional>
 
 namespace Tessel {
 
-/// The connection to the X server, made when somebody first needs it: most scripts do not.
+/// The connection to the desktop, made when somebody first needs it: most scripts do not.
 class DisplayConnection final
 {
 public:
-    /// Null when there is no display; error() then says why.
-    [[nodiscard]] X11Connection *connection();
-    [[nodiscard]] QString error() const { return m_error; }
+    /// Fails when there is no desktop. Lives as long as this object.
+    [[nodiscard]] Result<HelperPlatform *> platform();
 
 private:
-    std::unique_ptr<X11Connection> m_connection;
-    QString m_error;
+    std::optional<Result<std::unique_ptr<HelperPlatform>>> m_platform;
 };
 
 }

@@ -1,22 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "clipboard/SelectionOwner.h"
+#include "platform/x11/X11SelectionOwner.h"
 
 #include "platform/x11/X11Connection.h"
 
 #include <QString>
 
 #include <algorithm>
-#include <cstring>
 #include <xcb/xcb.h>
 
 namespace Tessel {
 
 namespace {
 
-constexpr qsizetype largestPiece = 256 << 10;
+constexpr qsizetype maxPiece = 256 << 10;
 constexpr qsizetype requestHead = 64; ///< more than the fixed part of any request
-constexpr quint32 mostTargetPairs = 1 << 10;
+constexpr qsizetype maxTargetPairs = 1 << 10;
 
 std::optional<QByteArray> latin1(const QByteArray &utf8)
 {
@@ -26,20 +25,15 @@ std::optional<QByteArray> latin1(const QByteArray &utf8)
     return fits ? std::optional(text.toLatin1()) : std::nullopt;
 }
 
-template <typename Item> void append(QByteArray &bytes, Item item)
-{
-    bytes.append(reinterpret_cast<const char *>(&item), sizeof item);
 }
 
-}
-
-SelectionOwner::SelectionOwner(X11Connection &connection, const char *selection,
-                               const QByteArray &text)
+X11SelectionOwner::X11SelectionOwner(X11Connection &connection, const char *selection,
+                                     const QByteArray &text)
     : m_connection(connection)
     , m_selection(connection.atom(selection))
     , m_window(xcb_generate_id(connection.xcb()))
     , m_pieceSize(std::min<qsizetype>(
-          largestPiece, xcb_get_setup(connection.xcb())->maximum_request_length * 4 - requestHead))
+          maxPiece, xcb_get_setup(connection.xcb())->maximum_request_length * 4 - requestHead))
 {
     const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
@@ -53,7 +47,7 @@ SelectionOwner::SelectionOwner(X11Connection &connection, const char *selection,
         m_contents[XCB_ATOM_STRING] = { XCB_ATOM_STRING, *string };
 }
 
-bool SelectionOwner::take()
+bool X11SelectionOwner::take()
 {
     m_time = currentTime();
     xcb_connection_t *xcb = m_connection.xcb();
@@ -65,7 +59,7 @@ bool SelectionOwner::take()
 }
 
 /// A change of a property tells the server's time (ICCCM, section 2.1).
-quint32 SelectionOwner::currentTime() const
+quint32 X11SelectionOwner::currentTime() const
 {
     xcb_connection_t *xcb = m_connection.xcb();
     xcb_change_property(xcb, XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
@@ -78,7 +72,7 @@ quint32 SelectionOwner::currentTime() const
     return XCB_CURRENT_TIME;
 }
 
-void SelectionOwner::serve()
+void X11SelectionOwner::serve()
 {
     while (m_isOwner || !m_transfers.isEmpty()) {
         const XcbPtr<xcb_generic_event_t> event(xcb_wait_for_event(m_connection.xcb()));
@@ -89,7 +83,7 @@ void SelectionOwner::serve()
     }
 }
 
-void SelectionOwner::handle(const X11Event &event)
+void X11SelectionOwner::handle(const X11Event &event)
 {
     switch (event.type()) {
     case XCB_SELECTION_REQUEST:
@@ -112,7 +106,7 @@ void SelectionOwner::handle(const X11Event &event)
     }
 }
 
-void SelectionOwner::answer(const X11Event &event)
+void X11SelectionOwner::answer(const X11Event &event)
 {
     const auto &request = event.as<xcb_selection_request_event_t>();
     // Clients of before the ICCCM name no property.
@@ -128,59 +122,56 @@ void SelectionOwner::answer(const X11Event &event)
                    reinterpret_cast<const char *>(&notify));
 }
 
-bool SelectionOwner::convert(quint32 requestor, quint32 target, quint32 property)
+bool X11SelectionOwner::convert(quint32 requestor, quint32 target, quint32 property)
 {
-    xcb_connection_t *xcb = m_connection.xcb();
     if (target == m_connection.atom("MULTIPLE"))
         return convertMultiple(requestor, property);
     if (target == m_connection.atom("TARGETS")) {
-        const QByteArray list = targetList();
-        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM, 32,
-                            static_cast<quint32>(list.size()) / 4, list.constData());
+        setItems(requestor, property, XCB_ATOM_ATOM, targetList());
         return true;
     }
     if (target == m_connection.atom("TIMESTAMP")) {
-        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_INTEGER, 32,
-                            1, &m_time);
+        setItems(requestor, property, XCB_ATOM_INTEGER, { m_time });
         return true;
     }
     const auto content = m_contents.constFind(target);
     const bool isKnown = content != m_contents.constEnd();
     if (isKnown)
-        hand(requestor, property, *content);
+        sendContent(requestor, property, *content);
     return isKnown;
 }
 
 /// The property has pairs of a target and a property; a target that fails becomes None.
-bool SelectionOwner::convertMultiple(quint32 requestor, quint32 property)
+bool X11SelectionOwner::convertMultiple(quint32 requestor, quint32 property)
 {
-    QByteArray pairs = m_connection.property(requestor, property, mostTargetPairs * 8);
+    QList<quint32> pairs = m_connection.items(requestor, property);
+    pairs.resize(std::min(pairs.size(), maxTargetPairs * 2));
     const quint32 multiple = m_connection.atom("MULTIPLE");
-    for (qsizetype at = 0; at + 8 <= pairs.size(); at += 8) {
-        quint32 target = 0;
-        quint32 destination = 0;
-        std::memcpy(&target, pairs.constData() + at, 4);
-        std::memcpy(&destination, pairs.constData() + at + 4, 4);
-        if (target == multiple || !destination || !convert(requestor, target, destination))
-            std::memset(pairs.data() + at, 0, 4);
+    for (qsizetype at = 0; at + 1 < pairs.size(); at += 2) {
+        if (pairs[at] == multiple || !pairs[at + 1]
+            || !convert(requestor, pairs[at], pairs[at + 1]))
+            pairs[at] = XCB_NONE;
     }
-    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, requestor, property,
-                        m_connection.atom("ATOM_PAIR"), 32, static_cast<quint32>(pairs.size()) / 4,
-                        pairs.constData());
+    setItems(requestor, property, m_connection.atom("ATOM_PAIR"), pairs);
     return !pairs.isEmpty();
 }
 
-QByteArray SelectionOwner::targetList() const
+QList<quint32> X11SelectionOwner::targetList() const
 {
-    QByteArray list;
+    QList<quint32> list = m_contents.keys();
     for (const char *name : { "TARGETS", "MULTIPLE", "TIMESTAMP" })
-        append(list, m_connection.atom(name));
-    for (auto content = m_contents.cbegin(); content != m_contents.cend(); ++content)
-        append(list, content.key());
+        list += m_connection.atom(name);
     return list;
 }
 
-void SelectionOwner::hand(quint32 requestor, quint32 property, const Content &content)
+void X11SelectionOwner::setItems(quint32 window, quint32 property, quint32 type,
+                                 const QList<quint32> &items)
+{
+    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, window, property, type, 32,
+                        static_cast<quint32>(items.size()), items.constData());
+}
+
+void X11SelectionOwner::sendContent(quint32 requestor, quint32 property, const Content &content)
 {
     xcb_connection_t *xcb = m_connection.xcb();
     const auto size = static_cast<quint32>(content.bytes.size());
@@ -191,8 +182,7 @@ void SelectionOwner::hand(quint32 requestor, quint32 property, const Content &co
     }
     const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(xcb, requestor, XCB_CW_EVENT_MASK, &eventMask);
-    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, m_connection.atom("INCR"),
-                        32, 1, &size);
+    setItems(requestor, property, m_connection.atom("INCR"), { size });
     m_transfers.removeIf([=](const Transfer &old) {
         return old.requestor == requestor && old.property == property;
     });
@@ -200,7 +190,7 @@ void SelectionOwner::hand(quint32 requestor, quint32 property, const Content &co
 }
 
 /// The requestor has taken the last piece; one without bytes ends the transfer (section 2.7.2).
-void SelectionOwner::sendPiece(quint32 requestor, quint32 property)
+void X11SelectionOwner::sendPiece(quint32 requestor, quint32 property)
 {
     const auto transfer
         = std::find_if(m_transfers.begin(), m_transfers.end(), [=](const Transfer &candidate) {
@@ -217,7 +207,7 @@ void SelectionOwner::sendPiece(quint32 requestor, quint32 property)
         m_transfers.erase(transfer);
 }
 
-void SelectionOwner::forget(quint32 requestor)
+void X11SelectionOwner::forget(quint32 requestor)
 {
     m_transfers.removeIf(
         [requestor](const Transfer &transfer) { return transfer.requestor == requestor; });

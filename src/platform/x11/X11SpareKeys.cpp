@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "lib/desktop/SpareKeys.h"
+#include "platform/x11/X11SpareKeys.h"
 
 #include "platform/x11/X11Connection.h"
 
@@ -12,24 +12,24 @@ namespace Tessel {
 namespace {
 
 /// Each change is announced to every program on the desktop.
-constexpr qsizetype mostKeys = 24;
+constexpr qsizetype maxKeys = 24;
 
 }
 
-SpareKeys::SpareKeys(X11Connection &connection, const QList<quint8> &keys)
+X11SpareKeys::X11SpareKeys(X11Connection &connection, const QList<quint8> &keys)
     : m_connection(connection)
-    , m_keys(keys.last(std::min(keys.size(), mostKeys)))
+    , m_keys(keys.last(std::min(keys.size(), maxKeys)))
 {
 }
 
-SpareKeys::~SpareKeys()
+X11SpareKeys::~X11SpareKeys()
 {
     for (const quint8 key : std::as_const(m_lent))
         map(key, XCB_NO_SYMBOL);
     xcb_flush(m_connection.xcb());
 }
 
-void SpareKeys::lend(const QList<quint32> &symbols)
+void X11SpareKeys::lend(const QList<quint32> &symbols)
 {
     QList<quint8> free = m_keys;
     for (const quint8 key : std::as_const(m_lent))
@@ -42,14 +42,14 @@ void SpareKeys::lend(const QList<quint32> &symbols)
     }
 }
 
-std::optional<quint8> SpareKeys::keyFor(quint32 symbol) const
+std::optional<quint8> X11SpareKeys::keyFor(quint32 symbol) const
 {
     const auto key = m_lent.constFind(symbol);
     return key == m_lent.constEnd() ? std::nullopt : std::optional(*key);
 }
 
 /// The same symbol with and without Shift keeps the server from adding an upper case.
-void SpareKeys::map(quint8 key, quint32 symbol)
+void X11SpareKeys::map(quint8 key, quint32 symbol)
 {
     const std::array<xcb_keysym_t, 2> levels = { symbol, symbol };
     xcb_change_keyboard_mapping(m_connection.xcb(), 1, key, levels.size(), levels.data());

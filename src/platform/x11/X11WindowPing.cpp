@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "lib/desktop/WindowPing.h"
+#include "platform/x11/X11WindowPing.h"
 
 #include "platform/x11/X11Connection.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
-#include <cstring>
 #include <xcb/xcb.h>
 
 namespace Tessel {
@@ -16,20 +15,6 @@ namespace {
 
 /// The number that tells our questions from a window manager's, in place of a time.
 constexpr quint32 ourQuestion = 0x7e55e1;
-
-void ask(X11Connection &connection, quint32 window)
-{
-    xcb_client_message_event_t message = {};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = connection.atom("WM_PROTOCOLS");
-    message.data.data32[0] = connection.atom("_NET_WM_PING");
-    message.data.data32[1] = ourQuestion;
-    message.data.data32[2] = window;
-    xcb_send_event(connection.xcb(), 0, window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char *>(&message));
-}
 
 void listenToRoot(X11Connection &connection, quint32 eventMask)
 {
@@ -42,13 +27,7 @@ void listenToRoot(X11Connection &connection, quint32 eventMask)
 
 bool answersPing(const X11Connection &connection, quint32 window)
 {
-    const QByteArray protocols = connection.property(window, connection.atom("WM_PROTOCOLS"));
-    const quint32 ping = connection.atom("_NET_WM_PING");
-    for (qsizetype at = 0; at + 4 <= protocols.size(); at += 4) {
-        if (std::memcmp(protocols.constData() + at, &ping, 4) == 0)
-            return true;
-    }
-    return false;
+    return connection.items(window, "WM_PROTOCOLS").contains(connection.atom("_NET_WM_PING"));
 }
 
 void awaitEventsHandled(X11Connection &connection, quint32 window, std::chrono::milliseconds limit)
@@ -66,8 +45,8 @@ void awaitEventsHandled(X11Connection &connection, quint32 window, std::chrono::
     });
     // Qt 5 answers to those who select the first of these, others to the second.
     listenToRoot(connection, XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    ask(connection, window);
-    xcb_flush(connection.xcb());
+    connection.sendMessage(window, XCB_EVENT_MASK_NO_EVENT, window, "WM_PROTOCOLS",
+                           { connection.atom("_NET_WM_PING"), ourQuestion, window });
     loop.exec();
     listenToRoot(connection, XCB_EVENT_MASK_NO_EVENT);
 }

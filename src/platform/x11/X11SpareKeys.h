@@ -13,12 +13,12 @@ class X11Connection;
 
 /// Keys that the layout leaves empty, lent to characters that it lacks. They are emptied again by
 /// the destructor, so everybody who was sent one of them must have looked it up by then.
-class SpareKeys final
+class X11SpareKeys final
 {
 public:
-    SpareKeys(X11Connection &connection, const QList<quint8> &keys);
-    ~SpareKeys();
-    Q_DISABLE_COPY_MOVE(SpareKeys)
+    X11SpareKeys(X11Connection &connection, const QList<quint8> &keys);
+    ~X11SpareKeys();
+    Q_DISABLE_COPY_MOVE(X11SpareKeys)
 
     [[nodiscard]] qsizetype count() const { return m_keys.size(); }
 

@@ -18,10 +18,10 @@ class X11Event;
 /// hold them. SAVE_TARGETS of the clipboard manager specification is not offered: it would tell the
 /// manager that the owner asks it to take the text before it ends, but this one ends no earlier
 /// than the session.
-class SelectionOwner final
+class X11SelectionOwner final
 {
 public:
-    SelectionOwner(X11Connection &connection, const char *selection, const QByteArray &text);
+    X11SelectionOwner(X11Connection &connection, const char *selection, const QByteArray &text);
 
     /// False when the server did not make it the owner.
     [[nodiscard]] bool take();
@@ -51,8 +51,9 @@ private:
     void answer(const X11Event &event);
     [[nodiscard]] bool convert(quint32 requestor, quint32 target, quint32 property);
     [[nodiscard]] bool convertMultiple(quint32 requestor, quint32 property);
-    [[nodiscard]] QByteArray targetList() const;
-    void hand(quint32 requestor, quint32 property, const Content &content);
+    [[nodiscard]] QList<quint32> targetList() const;
+    void setItems(quint32 window, quint32 property, quint32 type, const QList<quint32> &items);
+    void sendContent(quint32 requestor, quint32 property, const Content &content);
     void sendPiece(quint32 requestor, quint32 property);
     void forget(quint32 requestor);
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "lib/desktop/Typist.h"
+#include "platform/x11/X11Typist.h"
 
 #include "base/KeyCodes.h"
-#include "lib/desktop/SpareKeys.h"
-#include "lib/desktop/WindowPing.h"
 #include "platform/freedesktop/Terminals.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11SpareKeys.h"
+#include "platform/x11/X11WindowPing.h"
 
 #include <QThread>
 
@@ -18,8 +18,6 @@ using namespace std::chrono_literals;
 
 namespace Tessel {
 
-using Osascript::Modifiers;
-
 namespace {
 
 constexpr quint8 ansiControl = 37;
@@ -27,7 +25,7 @@ constexpr quint8 ansiShift = 50;
 constexpr quint8 ansiAlt = 64;
 
 /// As many keys as a program is sent before it is waited for.
-constexpr qsizetype mostAtOnce = 200;
+constexpr qsizetype maxAtOnce = 200;
 constexpr auto patience = 2s;
 /// For programs that cannot be asked whether they have looked a lent key up.
 constexpr unsigned long blindWaitMs = 150;
@@ -74,7 +72,7 @@ struct EditingKey
 {
     char32_t letter;
     quint32 symbol;
-    Modifiers modifiers;
+    ShortcutModifiers modifiers;
 };
 constexpr EditingKey editingKeys[] = {
     { U'x', XKB_KEY_Delete, { .shift = true } },
@@ -84,16 +82,18 @@ constexpr EditingKey editingKeys[] = {
 
 }
 
-Typist::Typist(X11Connection &connection, const X11KeyLayout &layout, const FrontApplication &front)
+X11Typist::X11Typist(X11Connection &connection, const X11KeyLayout &layout,
+                     const FrontApplication &front)
     : m_connection(connection)
     , m_layout(layout)
     , m_front(front)
+    , m_window(static_cast<quint32>(front.window))
     , m_keys(connection)
 {
     m_keys.liftHeldModifiers();
 }
 
-Result<void> Typist::type(const QString &text)
+Result<void> X11Typist::type(const QString &text)
 {
     const QList<quint32> symbols = symbolsOf(text);
     QHash<quint32, std::optional<X11KeyLayout::Stroke>> strokes;
@@ -101,10 +101,10 @@ Result<void> Typist::type(const QString &text)
         if (!strokes.contains(symbol))
             strokes.insert(symbol, m_layout.stroke(symbol));
     }
-    SpareKeys spare(m_connection, m_layout.unusedKeys());
+    X11SpareKeys spare(m_connection, m_layout.unusedKeys());
     for (qsizetype begin = 0, end = 0; begin < symbols.size(); begin = end) {
         QList<quint32> lacking;
-        for (; end < symbols.size() && end - begin < mostAtOnce; ++end) {
+        for (; end < symbols.size() && end - begin < maxAtOnce; ++end) {
             if (strokes[symbols[end]] || lacking.contains(symbols[end]))
                 continue;
             if (lacking.size() == spare.count())
@@ -125,7 +125,7 @@ Result<void> Typist::type(const QString &text)
     return {};
 }
 
-void Typist::press(X11KeyLayout::Stroke stroke)
+void X11Typist::press(X11KeyLayout::Stroke stroke)
 {
     QList<quint8> keys = modifierKeys({ .shift = stroke.shift });
     keys += stroke.key;
@@ -134,7 +134,7 @@ void Typist::press(X11KeyLayout::Stroke stroke)
 
 /// Letters have the key that gives them, with or without Caps Lock, and in a Cyrillic layout with a
 /// Latin one beside it the key of the latter. Anything else is looked for where it is typed.
-std::optional<X11KeyLayout::Stroke> Typist::strokeFor(char32_t character) const
+std::optional<X11KeyLayout::Stroke> X11Typist::strokeFor(char32_t character) const
 {
     const auto plainKey = [this](char32_t c) -> std::optional<X11KeyLayout::Stroke> {
         const auto key = m_layout.key(symbolOf(c));
@@ -154,10 +154,10 @@ std::optional<X11KeyLayout::Stroke> Typist::strokeFor(char32_t character) const
     return stroke;
 }
 
-Result<void> Typist::shortcut(char32_t character, Modifiers modifiers)
+Result<void> X11Typist::shortcut(char32_t character, ShortcutModifiers modifiers)
 {
     const bool hasLetter = m_layout.key(symbolOf(QChar::toLower(character))).has_value();
-    if (modifiers == Modifiers { .command = true } && !hasLetter && !m_front.isTerminal) {
+    if (modifiers == ShortcutModifiers { .command = true } && !hasLetter && !m_front.isTerminal) {
         // Toolkits that look for the letter do not find it at its place (tried: GTK 3 and Qt 5).
         for (const EditingKey &editing : editingKeys) {
             const auto key = m_layout.key(editing.symbol);
@@ -173,7 +173,7 @@ Result<void> Typist::shortcut(char32_t character, Modifiers modifiers)
     return shortcut(stroke->key, modifiers);
 }
 
-Result<void> Typist::shortcut(quint8 key, Modifiers modifiers)
+Result<void> X11Typist::shortcut(quint8 key, ShortcutModifiers modifiers)
 {
     if (modifiers.command && m_front.isTerminal) {
         const QString identifier = m_front.bundleIdentifier.value_or(QString());
@@ -189,7 +189,7 @@ Result<void> Typist::shortcut(quint8 key, Modifiers modifiers)
     return {};
 }
 
-QList<quint8> Typist::modifierKeys(Modifiers modifiers) const
+QList<quint8> X11Typist::modifierKeys(ShortcutModifiers modifiers) const
 {
     QList<quint8> keys;
     if (modifiers.command || modifiers.control)
@@ -201,18 +201,12 @@ QList<quint8> Typist::modifierKeys(Modifiers modifiers) const
     return keys;
 }
 
-void Typist::settle(qsizetype lentKeys)
+void X11Typist::settle(qsizetype lentKeys)
 {
-    if (m_front.window && answersPing(m_connection, static_cast<quint32>(m_front.window)))
-        awaitEventsHandled(m_connection, static_cast<quint32>(m_front.window), patience);
+    if (m_window && answersPing(m_connection, m_window))
+        awaitEventsHandled(m_connection, m_window, patience);
     else if (lentKeys > 0)
         QThread::msleep(blindWaitMs);
-}
-
-void Typist::awaitProgram(std::chrono::milliseconds limit)
-{
-    if (m_front.window && answersPing(m_connection, static_cast<quint32>(m_front.window)))
-        awaitEventsHandled(m_connection, static_cast<quint32>(m_front.window), limit);
 }
 
 }

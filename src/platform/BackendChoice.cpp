@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/BackendChoice.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+Failure noBackend(const QString &wanted)
+{
+    if (!wanted.isEmpty())
+        return { u"TESSEL_PLATFORM=%1 is not possible here."_s.arg(wanted) };
+    return { qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+                 ? u"There is no desktop session: DISPLAY is not set."_s
+                 : u"This Wayland session has no X server (XWayland), which Tessel needs."_s };
+}
+
+}

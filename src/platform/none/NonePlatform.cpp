@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/none/NonePlatform.h"
+
+#include "platform/CopyRequest.h"
+#include "platform/EventMonitor.h"
+#include "platform/Pasteboard.h"
+#include "platform/PopupHost.h"
+#include "platform/freedesktop/FreedesktopWorkspace.h"
+#include "platform/freedesktop/NotifierArea.h"
+#include "platform/freedesktop/PortalAppearance.h"
+
+#include <QClipboard>
+#include <QCursor>
+#include <QDir>
+#include <QGuiApplication>
+#include <QLibraryInfo>
+#include <QScreen>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+class NoEventMonitor final : public EventMonitor
+{
+public:
+    [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds,
+                                                                 Handler) override
+    {
+        return nullptr;
+    }
+};
+
+class NoCopyRequest final : public CopyRequest
+{
+public:
+    void prepare() override { }
+    void copySelection(const FrontApplication &) override { }
+};
+
+/// Takes texts of our own only.
+class OwnPasteboard final : public Pasteboard
+{
+public:
+    [[nodiscard]] qint64 changeCount() const override { return 0; }
+    [[nodiscard]] QFuture<std::optional<QString>> string(std::chrono::milliseconds) override
+    {
+        return QtFuture::makeReadyFuture(std::optional<QString>());
+    }
+    void setString(const QString &text) override { QGuiApplication::clipboard()->setText(text); }
+};
+
+class OwnWorkspace final : public FreedesktopWorkspace
+{
+public:
+    [[nodiscard]] std::optional<FrontApplication> frontmostApplication() override { return {}; }
+    void bringToFront(quint64 id) override
+    {
+        for (QWindow *window : QGuiApplication::topLevelWindows()) {
+            if (window->isVisible() && window->winId() == id)
+                window->requestActivate();
+        }
+    }
+    [[nodiscard]] QStringList missingAccess() const override
+    {
+        return { u"a window system that Tessel supports (X11; in a Wayland session, XWayland), "
+                 "to see keys and selected text"_s };
+    }
+};
+
+/// Ordinary windows: whoever shows them places them.
+class PlainPopups final : public PopupHost
+{
+public:
+    [[nodiscard]] QFuture<PopupLocation> locate() override
+    {
+        PopupLocation location;
+        location.pointer = QCursor::pos();
+        if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+            location.screen = screen->geometry();
+            location.visibleFrame = screen->availableGeometry();
+        }
+        return QtFuture::makeReadyFuture(location);
+    }
+    [[nodiscard]] bool isCompositing() const override { return false; }
+    void adopt(QWindow *) override { }
+    void setActiveRegion(QWindow *, const QRect &, int) override { }
+    bool takeKeyboard(QWindow *) override { return false; }
+    void releaseKeyboard(QWindow *) override { }
+};
+
+/// Qt's plugin for Wayland is a package of its own.
+bool hasWaylandPlugin()
+{
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_s);
+    return !plugins.entryList({ u"libqwayland*"_s }).isEmpty();
+}
+
+bool isOnlyWayland()
+{
+    return qEnvironmentVariableIsEmpty("DISPLAY")
+        && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+}
+
+struct NonePlatform::Services
+{
+    NoEventMonitor eventMonitor;
+    NoCopyRequest copyRequest;
+    OwnPasteboard pasteboard;
+    OwnWorkspace workspace;
+    PlainPopups popupHost;
+    PortalAppearance appearance;
+    NotifierArea statusArea;
+};
+
+bool NonePlatform::isOffered()
+{
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY")
+        || (isOnlyWayland() && hasWaylandPlugin());
+}
+
+Result<std::unique_ptr<Platform>> NonePlatform::connect()
+{
+    if (isOnlyWayland() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "wayland");
+    return std::unique_ptr<Platform>(new NonePlatform(std::make_unique<Services>()));
+}
+
+NonePlatform::NonePlatform(std::unique_ptr<Services> services)
+    : m_services(std::move(services))
+{
+}
+
+NonePlatform::~NonePlatform() = default;
+
+void NonePlatform::start()
+{
+    m_services->appearance.start();
+    m_services->statusArea.start();
+}
+
+EventMonitor &NonePlatform::eventMonitor()
+{
+    return m_services->eventMonitor;
+}
+
+CopyRequest &NonePlatform::copyRequest()
+{
+    return m_services->copyRequest;
+}
+
+Pasteboard &NonePlatform::pasteboard()
+{
+    return m_services->pasteboard;
+}
+
+Workspace &NonePlatform::workspace()
+{
+    return m_services->workspace;
+}
+
+PopupHost &NonePlatform::popupHost()
+{
+    return m_services->popupHost;
+}
+
+Appearance &NonePlatform::appearance()
+{
+    return m_services->appearance;
+}
+
+StatusArea &NonePlatform::statusArea()
+{
+    return m_services->statusArea;
+}
+
+}
