@@ -22,7 +22,6 @@
 #include "windows/PanelTheme.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QPixmapCache>
 #include <QSystemTrayIcon>
 
@@ -68,10 +67,16 @@ void MenuBarManager::setupMenuBar()
     connect(m_statusItem.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 if (reason == QSystemTrayIcon::Trigger)
-                    m_menu.popup(QCursor::pos());
+                    popUpMenu();
             });
     updateIcon();
     m_statusItem->show();
+}
+
+void MenuBarManager::popUpMenu()
+{
+    m_dependencies.platform.popupHost().locate().then(
+        this, [this](const PopupLocation &location) { m_menu.popup(location.pointer); });
 }
 
 void MenuBarManager::updateIcon()
@@ -113,7 +118,8 @@ void MenuBarManager::openSettings()
         FileLogger::log(QStringLiteral("DEBUG: Creating new SettingsWindowController"));
         m_settingsWindowController = new SettingsWindowController(
             { m_dependencies.config, m_dependencies.localization, m_dependencies.notifications,
-              m_dependencies.bundle, m_icons, m_dependencies.platform.workspace() });
+              m_dependencies.bundle, m_icons, m_dependencies.platform.workspace(),
+              m_dependencies.platform.popupHost() });
         m_settingsWindowController->onClose = [manager = QPointer(this)] {
             FileLogger::log(QStringLiteral("DEBUG: Settings window closing - performing cleanup"));
             if (manager)
@@ -146,7 +152,10 @@ void MenuBarManager::showError(const QString &title, const QString &message)
                                    title, message, isDark);
     connect(m_errorWindow, &ErrorPanel::copyRequested, this,
             [this](const QString &text) { m_dependencies.platform.pasteboard().setString(text); });
-    m_errorWindow->showAt(QCursor::pos());
+    m_dependencies.platform.popupHost().locate().then(
+        m_errorWindow, [panel = m_errorWindow.get()](const PopupLocation &location) {
+            panel->showAt(location.pointer);
+        });
 }
 
 }

@@ -59,6 +59,7 @@ Q_SIGNALS:
 
 private:
     void setupMenuBar();
+    void popUpMenu();
     void updateIcon();
     void updateMenu();
     void showAbout();

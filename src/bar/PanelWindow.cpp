@@ -129,9 +129,7 @@ private:
 };
 
 PanelWindow::PanelWindow(PopupHost &host)
-    : QWidget(nullptr,
-              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
-                  | Qt::NoDropShadowWindowHint)
+    : QWidget(nullptr, host.windowFlags())
     , m_host(host)
     , m_ground(new Ground(this))
     , m_pop(new PopEffect(m_ground))

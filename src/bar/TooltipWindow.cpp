@@ -28,9 +28,7 @@ QFont bubbleFont()
 
 TooltipWindow::TooltipWindow(PopupHost &host, const QString &text, QPoint tip)
     : QWidget(nullptr,
-              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
-                  | Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput
-                  | Qt::WindowDoesNotAcceptFocus)
+              host.windowFlags() | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus)
     , m_text(text)
     , m_isCompositing(host.isCompositing())
 {

@@ -36,7 +36,10 @@ public:
     /// Whether translucent pixels are blended; else they would show black.
     [[nodiscard]] virtual bool isCompositing() const = 0;
 
-    /// Completes a new popup window, made with Qt's flags for one: above full-screen windows, on
+    /// The flags that Qt has to make a popup window with.
+    [[nodiscard]] virtual Qt::WindowFlags windowFlags() const = 0;
+
+    /// Completes a new popup window, made with these flags: above full-screen windows, on
     /// every desktop, with no shadow but its own.
     virtual void adopt(QWindow *window) = 0;
 

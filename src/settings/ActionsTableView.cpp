@@ -13,6 +13,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -234,6 +235,12 @@ void ActionsTableView::moveCurrent(int dropRow)
         scrollTo(currentIndex());
 }
 
+void ActionsTableView::mouseMoveEvent(QMouseEvent *event)
+{
+    m_pointer = event->position().toPoint();
+    QTableView::mouseMoveEvent(event); // which may start the drag
+}
+
 void ActionsTableView::startDrag(Qt::DropActions)
 {
     const QModelIndex current = currentIndex();
@@ -247,7 +254,7 @@ void ActionsTableView::startDrag(Qt::DropActions)
     drag->setMimeData(content);
     drag->setPixmap(viewport()->grab(row));
     // Below the pointer, or it would hide the mark of where the row would go.
-    drag->setHotSpot({ viewport()->mapFromGlobal(QCursor::pos()).x(), -pictureDistance });
+    drag->setHotSpot({ m_pointer.x(), -pictureDistance });
     drag->exec(Qt::MoveAction);
 }
 

@@ -36,6 +36,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
@@ -56,6 +57,7 @@ private:
     ActionsHeaderView *m_header;
     QPointer<RowTextView> m_scriptEditor;
     std::optional<int> m_dropRow;
+    QPoint m_pointer; ///< in the viewport
 };
 
 }

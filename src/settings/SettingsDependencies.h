@@ -8,6 +8,7 @@ class ConfigManager;
 class IconResolver;
 class LocalizationManager;
 class NotificationCenter;
+class PopupHost;
 class ResourceBundle;
 class Workspace;
 
@@ -20,6 +21,7 @@ struct SettingsDependencies
     const ResourceBundle &bundle;
     const IconResolver &icons;
     Workspace &workspace;
+    PopupHost &popupHost;
 };
 
 }

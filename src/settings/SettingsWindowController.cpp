@@ -7,6 +7,7 @@
 #include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
+#include "platform/PopupHost.h"
 #include "platform/Workspace.h"
 #include "settings/ActionsSettingsViewController.h"
 #include "settings/GeneralSettingsViewController.h"
@@ -97,12 +98,14 @@ void SettingsWindowController::showWindow()
         m_dependencies.workspace.bringToFront(winId());
         return;
     }
-    const QScreen *userScreen = QGuiApplication::screenAt(QCursor::pos());
-    const QRect area = (userScreen ? userScreen : screen())->availableGeometry();
-    move(area.center() - rect().center());
-    show();
-    raise();
-    activateWindow();
+    m_dependencies.popupHost.locate().then(this, [this](const PopupLocation &location) {
+        const QScreen *userScreen = QGuiApplication::screenAt(location.pointer);
+        const QRect area = (userScreen ? userScreen : screen())->availableGeometry();
+        move(area.center() - rect().center());
+        show();
+        raise();
+        activateWindow();
+    });
 }
 
 void SettingsWindowController::setFloating(bool isFloating)

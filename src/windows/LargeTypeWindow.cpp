@@ -51,9 +51,7 @@ LargeTypeWindow *LargeTypeWindow::current()
 }
 
 LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame)
-    : QWidget(nullptr,
-              Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
-                  | Qt::NoDropShadowWindowHint)
+    : QWidget(nullptr, host.windowFlags())
     , m_host(host)
 {
     setAttribute(Qt::WA_DeleteOnClose);

@@ -97,6 +97,10 @@ public:
     public:
         [[nodiscard]] QFuture<PopupLocation> locate() override;
         [[nodiscard]] bool isCompositing() const override { return compositing; }
+        [[nodiscard]] Qt::WindowFlags windowFlags() const override
+        {
+            return Qt::ToolTip | Qt::FramelessWindowHint;
+        }
         void adopt(QWindow *window) override { adopted += window; }
         void setActiveRegion(QWindow *, const QRect &region, int) override { active = region; }
         bool takeKeyboard(QWindow *window) override;

@@ -85,6 +85,10 @@ public:
         }
         return QtFuture::makeReadyFuture(location);
     }
+    [[nodiscard]] Qt::WindowFlags windowFlags() const override
+    {
+        return Qt::ToolTip | Qt::FramelessWindowHint;
+    }
     [[nodiscard]] bool isCompositing() const override { return false; }
     void adopt(QWindow *) override { }
     void setActiveRegion(QWindow *, const QRect &, int) override { }

@@ -134,6 +134,12 @@ bool X11PopupHost::isCompositing() const
     return owner && owner->owner != XCB_NONE;
 }
 
+Qt::WindowFlags X11PopupHost::windowFlags() const
+{
+    return Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
+        | Qt::NoDropShadowWindowHint;
+}
+
 void X11PopupHost::adopt(QWindow *window)
 {
     if (!window->flags().testFlag(Qt::BypassWindowManagerHint)) {

@@ -20,6 +20,7 @@ public:
 
     [[nodiscard]] QFuture<PopupLocation> locate() override;
     [[nodiscard]] bool isCompositing() const override;
+    [[nodiscard]] Qt::WindowFlags windowFlags() const override;
     void adopt(QWindow *window) override;
     void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) override;
     bool takeKeyboard(QWindow *window) override;
