@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/HelperStage.h"
+#include "platform/x11/X11Connection.h"
 #include "support/Editors.h"
 #include "support/XClipboard.h"
-#include "support/XcbSupport.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace Tessel;
@@ -34,51 +35,46 @@ namespace {
 class Requestor
 {
 public:
-    explicit Requestor(const QString &display)
-        : m_connection(xcb_connect(display.toLatin1().constData(), nullptr))
-        , m_window(xcb_generate_id(xcb()))
+    Requestor()
+        : m_x(*X11Connection::open())
+        , m_window(xcb_generate_id(m_x->xcb()))
     {
-        xcb_create_window(xcb(), 0, m_window, Xcb::screen(xcb())->root, 0, 0, 1, 1, 0,
+        xcb_create_window(m_x->xcb(), 0, m_window, m_x->root(), 0, 0, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     }
 
-    [[nodiscard]] quint32 atom(const char *name) const { return Xcb::atom(xcb(), name); }
+    [[nodiscard]] quint32 atom(const char *name) const { return m_x->atom(name); }
 
     /// False when the owner refuses.
     bool convert(const char *target, const char *property)
     {
-        xcb_convert_selection(xcb(), m_window, atom("CLIPBOARD"), atom(target), atom(property),
+        xcb_convert_selection(m_x->xcb(), m_window, atom("CLIPBOARD"), atom(target), atom(property),
                               XCB_CURRENT_TIME);
-        xcb_flush(xcb());
-        const Xcb::Owned<xcb_generic_event_t> event(xcb_wait_for_event(xcb()));
-        const auto *notify = reinterpret_cast<xcb_selection_notify_event_t *>(event.get());
-        return notify && notify->property != XCB_NONE;
+        xcb_flush(m_x->xcb());
+        const XcbPtr<xcb_generic_event_t> event(xcb_wait_for_event(m_x->xcb()));
+        return event
+            && X11Event(event.get()).as<xcb_selection_notify_event_t>().property != XCB_NONE;
     }
 
     [[nodiscard]] QByteArray value(const char *property) const
     {
-        return QByteArray::fromStdString(
-            Xcb::bytes(Xcb::property(xcb(), m_window, atom(property)).get()));
+        return m_x->property(m_window, atom(property));
     }
 
     [[nodiscard]] QList<quint32> atoms(const char *property) const
     {
-        const QByteArray bytes = value(property);
-        const auto *first = reinterpret_cast<const quint32 *>(bytes.constData());
-        return { first, first + bytes.size() / 4 };
+        return m_x->items(m_window, property);
     }
 
     void setAtoms(const char *property, const QList<quint32> &atoms)
     {
-        xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, m_window, atom(property),
+        xcb_change_property(m_x->xcb(), XCB_PROP_MODE_REPLACE, m_window, atom(property),
                             atom("ATOM_PAIR"), 32, static_cast<quint32>(atoms.size()),
                             atoms.constData());
     }
 
 private:
-    [[nodiscard]] xcb_connection_t *xcb() const { return m_connection.get(); }
-
-    Xcb::Connection m_connection;
+    std::unique_ptr<X11Connection> m_x;
     quint32 m_window;
 };
 
@@ -96,8 +92,6 @@ private Q_SLOTS:
         for (int i = 0; i < 256; ++i)
             every += static_cast<char>(i);
         QTest::newRow("text") << QByteArray("caf\xc3\xa9 \xed\x95\x9c\n");
-        QTest::newRow("no line end") << QByteArray("a");
-        QTest::newRow("many line ends") << QByteArray("\r\na\r\n\n\n");
         QTest::newRow("nothing") << QByteArray("");
         QTest::newRow("every byte") << every;
         QTest::newRow("NUL at the end") << QByteArray("a\0", 2);
@@ -121,46 +115,30 @@ private Q_SLOTS:
         QCOMPARE(stage.file(u"out"_s), "other");
     }
 
-    void upperCase()
+    /// Letters beyond ASCII by our own tr, the rest by the system's; which another of ours on the
+    /// PATH is not, as with the build folder and an installed program.
+    void tr()
     {
         Stage stage;
         QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
         stage.write(u"in"_s, "straße é 한글 ж\n");
-        QCOMPARE(stage.run(u"pbcopy <in; pbpaste | tr '[:lower:]' '[:upper:]' | pbcopy;"
-                           "pbpaste >out; pbpaste | tr -d '[:upper:]\\n' >rest"_s),
-                 0);
-        QCOMPARE(stage.file(u"out"_s), "STRASSE É 한글 Ж\n");
-        QCOMPARE(stage.file(u"rest"_s), " É 한글 Ж"); // by the system's own
-    }
-
-    /// As with the build folder and an installed program.
-    void secondTrOnPath()
-    {
-        Stage stage;
-        QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
         QCOMPARE(stage.run(u"mkdir a && cp \"$(command -v tr)\" a && ln -s a linked &&"
-                           "PATH=$PWD/a:$PATH:$PWD/linked && echo abc | tr -d b >out"_s),
+                           "PATH=$PWD/a:$PATH:$PWD/linked &&"
+                           "tr '[:lower:]' '[:upper:]' <in | tr -d A >out"_s),
                  0);
-        QCOMPARE(stage.file(u"out"_s), "ac\n");
-    }
-
-    void refusedInput_data()
-    {
-        QTest::addColumn<QString>("command");
-        QTest::newRow("closed") << u"pbcopy <&-"_s;
-        QTest::newRow("a folder") << u"pbcopy <."_s;
-        QTest::newRow("without an end") << u"yes | pbcopy"_s;
+        QCOMPARE(stage.file(u"out"_s), "STRSSE É 한글 Ж\n");
     }
 
     void refusedInput()
     {
-        QFETCH(QString, command);
         Stage stage;
         QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
         stage.session.clipboard().setText(u"before"_s);
-        QCOMPARE(stage.run(command + u" 2>err"_s), 1);
-        QCOMPARE(stage.file(u"err"_s).count('\n'), 1);
-        QVERIFY(stage.file(u"err"_s).startsWith("pbcopy: standard input: "));
+        for (const QString &command : { u"pbcopy <&-"_s, u"pbcopy <."_s, u"yes | pbcopy"_s }) {
+            QCOMPARE(stage.run(command + u" 2>err"_s), 1);
+            QCOMPARE(stage.file(u"err"_s).count('\n'), 1);
+            QVERIFY(stage.file(u"err"_s).startsWith("pbcopy: standard input: "));
+        }
         QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
         QCOMPARE(stage.file(u"out"_s), "before");
     }
@@ -170,7 +148,8 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
         QCOMPARE(stage.run(u"printf 'caf\\303\\251' | pbcopy"_s), 0);
-        Requestor requestor(stage.session.display());
+        stage.enter();
+        Requestor requestor;
         QVERIFY(requestor.convert("STRING", "A"));
         QCOMPARE(requestor.value("A"), "caf\xe9");
         QVERIFY(requestor.convert("TIMESTAMP", "A"));
@@ -193,6 +172,7 @@ private Q_SLOTS:
         QVERIFY(!requestor.convert("STRING", "A"));
     }
 
+    /// The other owners are the capture's to try: it reads in the same way.
     void hostileOwners_data()
     {
         QTest::addColumn<QStringList>("mode");
@@ -201,10 +181,6 @@ private Q_SLOTS:
             QTest::newRow(qPrintable(mode.join(u' '))) << mode << expected;
         };
         row({ u"never-answers"_s }, {});
-        row({ u"stalls"_s }, {});
-        row({ u"dies-while-sending"_s }, {});
-        row({ u"image-only"_s }, {});
-        row({ u"latin1-only"_s }, "caf\xc3\xa9");
         row({ u"incr"_s, u"300000"_s },
             QByteArray("abcdefghijklmnopqrstuvwxyz").repeated(12000).left(300000));
     }

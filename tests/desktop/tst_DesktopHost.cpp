@@ -172,7 +172,6 @@ private Q_SLOTS:
                             const QByteArray &error = {}) {
             QTest::newRow(name) << arguments << opened << error;
         };
-        row("options without effect", u"-g -n -F -j -W tessel-test:x"_s, u"tessel-test:x"_s);
         row("joined options", u"-gna 'URL recorder' tessel-test:x"_s, u"tessel-test:x"_s);
         row("identifier", u"-b url-recorder tessel-test:x"_s, u"tessel-test:x"_s);
         row("text", u"-t notes"_s, u"%1/notes"_s);
@@ -291,15 +290,8 @@ private Q_SLOTS:
         QVERIFY(stage.file(u"err"_s).startsWith("shortcuts: There is no shortcut “None”"));
         QCOMPARE(stage.run(u"shortcuts run None -x 2>err"_s), 1);
         QVERIFY(stage.file(u"err"_s).startsWith("Usage:"));
-        for (const auto &[command, reason] :
-             { std::pair(u"yes | shortcuts run None 2>err"_s, "-: more than 64 MiB"),
-               std::pair(u"shortcuts run None <&- 2>err"_s, "-: Bad file descriptor"),
-               std::pair(u"shortcuts list >/dev/full 2>err"_s, "standard output: No space") }) {
-            QCOMPARE(stage.run(command), 1);
-            QVERIFY2(stage.file(u"err"_s).startsWith(QByteArray("shortcuts: ") + reason),
-                     stage.file(u"err"_s).constData());
-            QCOMPARE(stage.file(u"err"_s).count('\n'), 1);
-        }
+        QCOMPARE(stage.run(u"shortcuts list >/dev/full 2>err"_s), 1);
+        QVERIFY(stage.file(u"err"_s).startsWith("shortcuts: standard output: No space"));
     }
 
     void calendarShortcut()
