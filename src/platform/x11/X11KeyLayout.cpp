@@ -15,6 +15,7 @@ namespace {
 
 constexpr quint8 ansiControl = 37;
 constexpr quint8 ansiShift = 50;
+constexpr quint8 ansiAlt = 64;
 constexpr quint8 ansiInsert = 118;
 constexpr xkb_keycode_t lastKey = 255;
 
@@ -115,6 +116,21 @@ std::optional<quint8> X11KeyLayout::keyInGroup(quint32 symbol, quint32 group) co
     return {};
 }
 
+quint8 X11KeyLayout::control() const
+{
+    return key(XKB_KEY_Control_L).value_or(ansiControl);
+}
+
+quint8 X11KeyLayout::shift() const
+{
+    return key(XKB_KEY_Shift_L).value_or(ansiShift);
+}
+
+quint8 X11KeyLayout::alt() const
+{
+    return key(XKB_KEY_Alt_L).value_or(ansiAlt);
+}
+
 QList<quint8> X11KeyLayout::unusedKeys() const
 {
     QList<quint8> keys = keysOf(m_keymap.get());
@@ -129,9 +145,7 @@ std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection)
         return {};
     const auto insert = [&layout] { return layout->key(XKB_KEY_Insert).value_or(ansiInsert); };
     const auto copy = layout->key(XKB_KEY_c);
-    return X11CopyKeys { copy ? *copy : insert(),
-                         layout->key(XKB_KEY_Control_L).value_or(ansiControl),
-                         layout->key(XKB_KEY_Shift_L).value_or(ansiShift) };
+    return X11CopyKeys { copy ? *copy : insert(), layout->control(), layout->shift() };
 }
 
 }

@@ -37,6 +37,11 @@ public:
     /// The key that gives the symbol without modifiers in the active group, else in another group.
     [[nodiscard]] std::optional<quint8> key(quint32 symbol) const;
 
+    // The left modifier keys; where the layout has none, their places on an ANSI keyboard.
+    [[nodiscard]] quint8 control() const;
+    [[nodiscard]] quint8 shift() const;
+    [[nodiscard]] quint8 alt() const;
+
     /// Keys that no group has symbols for.
     [[nodiscard]] QList<quint8> unusedKeys() const;
 

@@ -20,10 +20,6 @@ namespace Tessel {
 
 namespace {
 
-constexpr quint8 ansiControl = 37;
-constexpr quint8 ansiShift = 50;
-constexpr quint8 ansiAlt = 64;
-
 /// As many keys as a program is sent before it is waited for.
 constexpr qsizetype maxAtOnce = 200;
 constexpr auto patience = 2s;
@@ -193,11 +189,11 @@ QList<quint8> X11Typist::modifierKeys(ShortcutModifiers modifiers) const
 {
     QList<quint8> keys;
     if (modifiers.command || modifiers.control)
-        keys += m_layout.key(XKB_KEY_Control_L).value_or(ansiControl);
+        keys += m_layout.control();
     if (modifiers.option)
-        keys += m_layout.key(XKB_KEY_Alt_L).value_or(ansiAlt);
+        keys += m_layout.alt();
     if (modifiers.shift)
-        keys += m_layout.key(XKB_KEY_Shift_L).value_or(ansiShift);
+        keys += m_layout.shift();
     return keys;
 }
 
