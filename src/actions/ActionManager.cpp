@@ -100,7 +100,7 @@ void ActionManager::performURLAction(const QString &urlTemplate, const QString &
 void ActionManager::performShellScript(const QString &commandTemplate, const QString &text)
 {
     m_commands.run(shellCommandRequest(commandTemplate, text, defaultShell()),
-                   [this](const CommandResult &result) {
+                   [this](const Result<CommandResult> &result) {
                        const ShellReport report = shellReport(result);
                        logUnlessEmpty(report.logLine);
                        if (report.error)
@@ -111,7 +111,7 @@ void ActionManager::performShellScript(const QString &commandTemplate, const QSt
 void ActionManager::performAppleScript(const QString &script, const QString &text)
 {
     m_commands.run(appleScriptRequest(script, text, scriptRunner()),
-                   [](const CommandResult &result) {
+                   [](const Result<CommandResult> &result) {
                        logUnlessEmpty(scriptLogLine(u"AppleScript"_s, result));
                    });
 }
@@ -122,9 +122,10 @@ void ActionManager::performShortcut(const QString &name, const QString &text)
         return;
     const QString stored = shortcutName(name);
     Log::print(u"Action: Requesting shortcut '"_s + stored + u"'"_s);
-    m_commands.run(shortcutRequest(stored, text, scriptRunner()), [](const CommandResult &result) {
-        logUnlessEmpty(scriptLogLine(u"Shortcut"_s, result));
-    });
+    m_commands.run(shortcutRequest(stored, text, scriptRunner()),
+                   [](const Result<CommandResult> &result) {
+                       logUnlessEmpty(scriptLogLine(u"Shortcut"_s, result));
+                   });
 }
 
 void ActionManager::performBuiltin(const QString &type, const QString &text)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "actions/CommandRunner.h"
 #include "actions/GlintAction.h"
+#include "base/CommandRunner.h"
 
 #include <QList>
 #include <QObject>

@@ -37,11 +37,11 @@ end run
 
 CommandRequest request(const QString &runner, const QStringList &arguments)
 {
-    CommandRequest request;
-    request.program = runner;
-    request.arguments = arguments;
-    request.output = CommandRequest::Output::merged;
-    return request;
+    constexpr int pipeSize = 256 << 10; // runners quote their input, up to 128 KiB
+    return { .program = runner,
+             .arguments = arguments,
+             .errorOutput = CommandRequest::Output::merged,
+             .pipeSize = pipeSize };
 }
 
 }
@@ -72,14 +72,14 @@ CommandRequest shortcutRequest(const QString &name, const QString &text, const Q
     return request(runner, arguments + QStringList { text, name });
 }
 
-QString scriptLogLine(const QString &what, const CommandResult &result)
+QString scriptLogLine(const QString &what, const Result<CommandResult> &result)
 {
-    if (result.launchError)
-        return u"ERROR: "_s + what + u" execution failed: "_s + *result.launchError;
+    if (!result)
+        return u"ERROR: "_s + what + u" execution failed: "_s + result.error().reason;
     const QString title = what == u"Shortcut" ? u"Shortcut Result: "_s : what + u" Output: "_s;
-    if (!result.output.isValidUtf8() || result.output.isEmpty())
+    if (!result->output.isValidUtf8() || result->output.isEmpty())
         return {};
-    return title + QString::fromUtf8(result.output).trimmed();
+    return title + QString::fromUtf8(result->output).trimmed();
 }
 
 }

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "actions/CommandRunner.h"
+#include "base/Command.h"
+#include "base/Result.h"
 
 #include <QString>
 
@@ -26,6 +27,6 @@ namespace Tessel {
 
 /// What is logged of how a runner went; empty when there is nothing to log. `what` is the word for
 /// it: "AppleScript" or "Shortcut".
-[[nodiscard]] QString scriptLogLine(const QString &what, const CommandResult &result);
+[[nodiscard]] QString scriptLogLine(const QString &what, const Result<CommandResult> &result);
 
 }

@@ -4,7 +4,6 @@
 
 #include "actions/Placeholder.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -29,29 +28,28 @@ QString defaultShell()
 CommandRequest shellCommandRequest(const QString &commandTemplate, const QString &text,
                                    const QString &shell)
 {
-    CommandRequest request;
-    const QString command
-        = Placeholder::substitute(commandTemplate, Placeholder::escapedForShell(text));
-    request.program = shell;
-    request.arguments = { u"-c"_s, command };
-    request.environment = { { u"LANG"_s, u"en_US.UTF-8"_s }, { u"TESSEL_TEXT"_s, text } };
-    return request;
+    return {
+        .program = shell,
+        .arguments
+        = { u"-c"_s, Placeholder::substitute(commandTemplate, Placeholder::escapedForShell(text)) },
+        .environment = { { u"LANG"_s, u"en_US.UTF-8"_s }, { u"TESSEL_TEXT"_s, text } },
+    };
 }
 
-ShellReport shellReport(const CommandResult &result)
+ShellReport shellReport(const Result<CommandResult> &result)
 {
-    if (result.launchError) {
-        return { u"ERROR: Shell command failed: "_s + *result.launchError,
+    if (!result) {
+        const QString &reason = result.error().reason;
+        return { u"ERROR: Shell command failed: "_s + reason,
                  ShellReport::Error { u"Execution Failed"_s,
-                                      u"Could not launch the command.\n\nError:\n"_s
-                                          + *result.launchError } };
+                                      u"Could not launch the command.\n\nError:\n"_s + reason } };
     }
-    if (result.exitStatus == 0) {
-        const QString output = decoded(result.output).value_or(QString());
+    if (result->exitStatus == 0) {
+        const QString output = decoded(result->output).value_or(QString());
         return { output.isEmpty() ? QString() : u"Shell Output: "_s + output.trimmed(), {} };
     }
-    const QString status = QString::number(result.exitStatus);
-    const QString error = decoded(result.errorOutput).value_or(u"Unknown error"_s);
+    const QString status = QString::number(result->exitStatus);
+    const QString error = decoded(result->errorOutput).value_or(u"Unknown error"_s);
     return { u"ERROR: Shell command failed with status "_s + status + u": "_s + error,
              ShellReport::Error { u"Command Failed"_s,
                                   u"The command exited with status "_s + status + u".\n\nError:\n"_s

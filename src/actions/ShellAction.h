@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "actions/CommandRunner.h"
+#include "base/Command.h"
+#include "base/Result.h"
 
-#include <QCoreApplication>
 #include <QString>
 
 #include <optional>
@@ -32,6 +32,6 @@ struct ShellReport
     std::optional<Error> error; ///< what the user has to see
 };
 
-[[nodiscard]] ShellReport shellReport(const CommandResult &result);
+[[nodiscard]] ShellReport shellReport(const Result<CommandResult> &result);
 
 }

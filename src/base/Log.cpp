@@ -26,7 +26,7 @@ void Log::print(QStringView line)
 {
     if (sink())
         return sink()(line);
-    // Qt gives child processes the default disposition back.
+    // Children get the default disposition back.
     [[maybe_unused]] static const auto previous = std::signal(SIGPIPE, SIG_IGN);
     // A captured text may hold commands for a terminal. Files and pipes get it exactly.
     static const bool isTerminal = ::isatty(STDOUT_FILENO) != 0;

@@ -154,11 +154,11 @@ void IconPickerViewController::importIcon(const QString &path)
     CommandRequest request;
     request.program = helperFolder() + u"/tessel-icon-import"_s;
     request.arguments = { *copy, IconResolver::renditionPath(*copy) };
-    m_importer.run(request, [this, name = *name](const CommandResult &result) {
-        if (result.launchError)
-            Log::print(u"ERROR: tessel-icon-import: "_s + *result.launchError);
-        else if (result.exitStatus != 0)
-            Log::print(u"ERROR: "_s + QString::fromUtf8(result.errorOutput).trimmed());
+    m_importer.run(request, [this, name = *name](const Result<CommandResult> &result) {
+        if (!result)
+            Log::print(u"ERROR: tessel-icon-import: "_s + result.error().reason);
+        else if (result->exitStatus != 0)
+            Log::print(u"ERROR: "_s + QString::fromUtf8(result->errorOutput).trimmed());
         Q_EMIT didSelectIcon(name);
         deleteLater();
     });

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "actions/CommandRunner.h"
+#include "base/CommandRunner.h"
 
 #include <QWidget>
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "actions/CommandRunner.h"
+#include "base/ChildProcess.h"
+#include "base/CommandRunner.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,7 +22,6 @@
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(CommandRunner::ExitNotice)
 Q_DECLARE_METATYPE(CommandRequest)
 
 namespace {
@@ -80,7 +80,7 @@ int unreadOutput(pid_t pid)
 
 CommandRequest script(const char *text)
 {
-    return { u"/bin/sh"_s, { u"-c"_s, QString::fromUtf8(text) }, {}, {} };
+    return { u"/bin/sh"_s, { u"-c"_s, QString::fromUtf8(text) } };
 }
 
 QString words(int error)
@@ -96,27 +96,23 @@ class tst_CommandRunner : public QObject
 
     std::optional<CommandRunner> m_runner;
     QList<CommandResult> m_results;
+    QString m_failure;
 
     void start(const CommandRequest &request)
     {
-        m_runner->run(request, [this](const CommandResult &result) { m_results.append(result); });
+        m_runner->run(request, [this](const Result<CommandResult> &result) {
+            m_failure = result ? QString() : result.error().reason;
+            m_results.append(result.valueOr({}));
+        });
     }
 
 private Q_SLOTS:
-    void initTestCase_data()
-    {
-        QTest::addColumn<CommandRunner::ExitNotice>("notice");
-        QTest::newRow("pidfd") << CommandRunner::ExitNotice::pidfd;
-        QTest::newRow("thread") << CommandRunner::ExitNotice::thread;
-    }
-
     void initTestCase() { QCOMPARE(prctl(PR_SET_CHILD_SUBREAPER, 1), 0); }
 
     void init()
     {
-        QFETCH_GLOBAL(CommandRunner::ExitNotice, notice);
         std::signal(SIGCHLD, SIG_IGN);
-        m_runner.emplace(notice);
+        m_runner.emplace();
         m_results.clear();
     }
 
@@ -139,45 +135,70 @@ private Q_SLOTS:
         row("exit status", script("echo out; echo err >&2; exit 3"), 3, "out\n", "err\n");
         row("SIGKILL", script("echo out; kill -KILL $$"), 137, "out\n");
         row("bytes", script("printf 'a\\0\\377'; printf '\\200' >&2"), 0, { "a\0\xff", 3 }, "\x80");
-        row("arguments", { u"/usr/bin/printf"_s, { u"%s|"_s, u"일정 '"_s, QString() }, {}, {} }, 0,
+        row("name and arguments", { u"printf"_s, { u"%s|"_s, u"일정 '"_s, QString() } }, 0,
             "일정 '||");
         row("a full pipe", script("head -c 65536 /dev/zero"), 0, QByteArray(65536, '\0'));
         row("left in the background", script("sleep 1000 & echo started"), 0, "started\n");
 
-        CommandRequest merged = script("echo a; echo b >&2; echo c");
-        merged.output = CommandRequest::Output::merged;
-        row("merged", merged, 0, "a\nb\nc\n");
+        CommandRequest merged = script("echo a; echo b >&2; head -c 200000 /dev/zero >&2");
+        merged.errorOutput = CommandRequest::Output::merged;
+        merged.pipeSize = 256 << 10;
+        row("merged", merged, 0, "a\nb\n" + QByteArray(200000, '\0'));
 
         CommandRequest environment = script("env | LC_ALL=C grep -a ^OWN_ | LC_ALL=C sort");
-        environment.environment = { { u"OWN_B"_s, u"x=ä\n"_s }, { u"OWN_D"_s, QString() } };
+        environment.environment
+            = { { u"OWN_B"_s, u"x=ä\n"_s }, { u"OWN_C"_s, {} }, { u"OWN_D"_s, QString() } };
         row("environment", environment, 0, "OWN_A=a\nOWN_B=x=ä\nOWN_BYTES=\xff\nOWN_D=\n");
+
+        CommandRequest input = script("pwd; cat");
+        input.workingFolder = u"/usr"_s;
+        input.input = QByteArray(300000, 'x');
+        input.pipeSize = 1 << 20;
+        row("folder and input", input, 0, "/usr\n" + *input.input);
+        input.input = QByteArray();
+        input.errorOutput = CommandRequest::Output::nothing;
+        input.arguments.last() += u"; echo lost >&2"_s;
+        row("empty input, errors to nowhere", input, 0, "/usr\n");
     }
 
     void reportsResult()
     {
         QFETCH(CommandRequest, request);
-        for (const auto &[name, value] :
-             { std::pair { "OWN_A", "a" }, { "OWN_B", "overridden" }, { "OWN_BYTES", "\xff" } })
+        for (const auto &[name, value] : { std::pair { "OWN_A", "a" },
+                                           { "OWN_B", "overridden" },
+                                           { "OWN_BYTES", "\xff" },
+                                           { "OWN_C", "removed" } })
             qputenv(name, value);
         start(request);
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
         const CommandResult &result = m_results.constFirst();
-        QVERIFY(!result.launchError);
+        QCOMPARE(m_failure, QString());
         QTEST(result.exitStatus, "exitStatus");
+        QCOMPARE(result.isEndedBySignal, result.exitStatus > 128);
         QTEST(result.output, "output");
         QTEST(result.errorOutput, "errorOutput");
     }
 
+    /// Also where this process has closed its own: new descriptors get their numbers.
     void childHasStandardDescriptorsOnly()
     {
         const int inheritable = open("/dev/null", O_RDONLY);
-        start(script("ls /proc/self/fd; readlink /proc/self/fd/0"));
-        close(inheritable);
+        const int savedInput = dup(STDIN_FILENO);
+        const int savedError = dup(STDERR_FILENO);
+        CommandRequest request
+            = script("ls /proc/self/fd; readlink /proc/self/fd/0; echo error >&2");
+        request.input = QByteArray();
+        close(STDIN_FILENO);
+        close(STDERR_FILENO);
+        start(request);
+        dup2(savedInput, STDIN_FILENO);
+        dup2(savedError, STDERR_FILENO);
+        for (const int descriptor : { inheritable, savedInput, savedError })
+            close(descriptor);
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
-        char standardInput[256] = {};
-        QVERIFY(readlink("/proc/self/fd/0", standardInput, sizeof standardInput - 1) > 0);
         QCOMPARE(m_results.constFirst().output, // the fourth descriptor is the folder
-                 QByteArray("0\n1\n2\n3\n") + standardInput + '\n');
+                 QByteArray("0\n1\n2\n3\n/dev/null\n"));
+        QCOMPARE(m_results.constFirst().errorOutput, QByteArray("error\n"));
     }
 
     void childHasNoSignalIgnoredOrBlocked()
@@ -190,12 +211,12 @@ private Q_SLOTS:
             std::signal(number, SIG_IGN);
         // No shell, which could clear them; not signals 32 and 33, which glibc leaves ignored.
         start({ u"/bin/sed"_s,
-                { u"-nE"_s, u"s/^(Sig(Blk|Ign)).*(.{7})$/\\1 \\3/p"_s, u"/proc/self/status"_s },
-                {},
-                {} });
-        sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
+                { u"-nE"_s, u"s/^(Sig(Blk|Ign)).*(.{7})$/\\1 \\3/p"_s, u"/proc/self/status"_s } });
+        sigset_t now;
+        sigprocmask(SIG_UNBLOCK, &blocked, &now);
         for (const int number : { SIGPIPE, SIGHUP })
-            std::signal(number, SIG_DFL);
+            QVERIFY(std::signal(number, SIG_DFL) == SIG_IGN); // this process keeps its own
+        QCOMPARE(sigismember(&now, SIGTERM), 1);
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
         QCOMPARE(m_results.constFirst().output, QByteArray("SigBlk 0000000\nSigIgn 0000000\n"));
     }
@@ -204,22 +225,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<CommandRequest>("request");
         QTest::addColumn<QString>("reason");
-        const QString nul = u"The text contains a NUL character"_s;
-        const QString large = u"The text is too large"_s;
-        const QString text(4000000, u'a');
-        const auto row
-            = [](const char *name, const QString &program, const QStringList &arguments,
-                 const QString &variable, const QString &reason) {
-                  QTest::newRow(name)
-                      << CommandRequest { program, arguments, { { u"A"_s, variable } }, {} }
-                      << reason;
-              };
-        row("missing", u"/nowhere/zsh"_s, {}, {}, u"/nowhere/zsh: "_s + words(ENOENT));
-        row("not a program", u"/etc/passwd"_s, {}, {}, u"/etc/passwd: "_s + words(EACCES));
-        row("NUL in argument", u"/bin/echo"_s, { u"a\0b"_s }, {}, nul);
-        row("NUL in variable", u"/bin/echo"_s, {}, u"\0"_s, nul);
-        row("large argument", u"/bin/echo"_s, { text }, {}, large);
-        row("large variable", u"/bin/echo"_s, {}, text, large);
+        const QString echo = u"/bin/echo"_s;
+        const auto row = [](const char *name, const CommandRequest &request,
+                            const QString &reason) { QTest::newRow(name) << request << reason; };
+        row("missing", { u"/nowhere/zsh"_s }, u"/nowhere/zsh: "_s + words(ENOENT));
+        row("not on the PATH", { u"nowhere"_s }, u"nowhere: "_s + words(ENOENT));
+        row("not a program", { u"/etc/passwd"_s }, u"/etc/passwd: "_s + words(EACCES));
+        row("no folder", { .program = echo, .workingFolder = u"/nowhere"_s },
+            echo + u": "_s + words(ENOENT));
+        row("NUL", { echo, { u"a\0b"_s } }, u"The text contains a NUL character"_s);
+        row("large", { echo, {}, { { u"A"_s, QString(4000000, u'a') } } },
+            u"The text is too large"_s);
     }
 
     void launchFails()
@@ -230,23 +246,22 @@ private Q_SLOTS:
         start(request);
         QVERIFY(m_results.isEmpty());
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
-        const QString error = m_results.constFirst().launchError.value_or(QString());
-        QVERIFY2(error.startsWith(reason), qPrintable(error));
+        QVERIFY2(m_failure.startsWith(reason), qPrintable(m_failure));
+        const Result<void> detached = startDetached(request);
+        QVERIFY(!detached && detached.error().reason.endsWith(m_failure));
         QCOMPARE(entriesOf("/proc/self/fd"), descriptors);
-        QVERIFY(childProcesses().isEmpty());
+        endChildProcesses(); // as what is detached has this process for its parent
     }
 
     void endlessCommandsDelayNobody()
     {
-        QFETCH_GLOBAL(CommandRunner::ExitNotice, notice);
         const qsizetype threads = entriesOf("/proc/self/task");
         for (int i = 0; i < 50; ++i)
-            start({ u"/bin/sleep"_s, { u"1000"_s }, {}, {} });
+            start({ u"/bin/sleep"_s, { u"1000"_s } });
         start(script("echo 51st"));
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
         QCOMPARE(m_results.constFirst().output, QByteArray("51st\n"));
-        if (notice == CommandRunner::ExitNotice::pidfd)
-            QCOMPARE(entriesOf("/proc/self/task"), threads);
+        QCOMPARE(entriesOf("/proc/self/task"), threads);
 
         m_runner.reset(); // neither waits for them nor ends them
         const QList<Process> left = childProcesses();
@@ -255,9 +270,52 @@ private Q_SLOTS:
                              [](const Process &child) { return child.state == 'Z'; }));
     }
 
+    /// In its group, which has another program, too.
+    void kills()
+    {
+        CommandRequest request = script("echo out; sleep 1000 & wait");
+        request.group = CommandRequest::Group::own;
+        start(request);
+        QTRY_COMPARE_WITH_TIMEOUT(unreadOutput(childProcesses().constFirst().pid), 4, bound);
+        m_runner->killAll();
+        QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
+        QCOMPARE(m_results.constFirst().exitStatus, 137);
+        QCOMPARE(m_results.constFirst().output, QByteArray("out\n"));
+        QTRY_VERIFY_WITH_TIMEOUT(childProcesses().isEmpty() || childProcesses()[0].state == 'Z',
+                                 bound);
+    }
+
+    /// However that ends.
+    void childEndsWithItsParent()
+    {
+        std::signal(SIGCHLD, SIG_DFL);
+        const pid_t parent = fork();
+        if (parent == 0) {
+            const auto child = ChildProcess::start(
+                { .program = u"/bin/sleep"_s, .arguments = { u"1000"_s }, .endsWithParent = true });
+            _exit(child ? EXIT_SUCCESS : EXIT_FAILURE);
+        }
+        int status = -1;
+        QCOMPARE(waitpid(parent, &status, 0), parent);
+        QCOMPARE(status, 0);
+        QCOMPARE(childProcesses().size(), 1); // it has become this one's
+        QCOMPARE(wait(&status), childProcesses().value(0).pid);
+        QVERIFY(WIFSIGNALED(status));
+    }
+
+    void detachedProgramHasItsOwnSession()
+    {
+        QVERIFY(startDetached({ u"sleep"_s, { u"1000"_s } }));
+        QCOMPARE(childProcesses().size(), 1); // nobody's, were this not the reaper
+        const pid_t program = childProcesses().constFirst().pid;
+        QVERIFY(getsid(program) != getsid(0));
+        QVERIFY(getsid(program) != program); // cannot get a terminal
+        QCOMPARE(QFile::symLinkTarget(u"/proc/%1/fd/2"_s.arg(program)), u"/dev/null"_s);
+    }
+
     void fullPipesDelayNobody()
     {
-        start({ u"/usr/bin/head"_s, { u"-c65537"_s, u"/dev/zero"_s }, {}, {} });
+        start({ u"/usr/bin/head"_s, { u"-c65537"_s, u"/dev/zero"_s } });
         QCOMPARE(childProcesses().size(), 1);
         const pid_t pid = childProcesses().constFirst().pid;
         QTRY_COMPARE_WITH_TIMEOUT(unreadOutput(pid), 65536, bound);

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "actions/ShellAction.h"
-#include "base/HelperFolder.h"
-
 #include "actions/Placeholder.h"
 #include "actions/ScriptAction.h"
+#include "actions/ShellAction.h"
+#include "base/CommandRunner.h"
+#include "base/HelperFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,8 +82,8 @@ class tst_ShellAction : public QObject
         QTestEventLoop loop;
         QByteArray failure = "takes too long";
         CommandRunner runner;
-        runner.run(request, [&](const CommandResult &result) {
-            failure = result.launchError.value_or(QString()).toUtf8() + result.errorOutput;
+        runner.run(request, [&](const Result<CommandResult> &result) {
+            failure = result ? result->errorOutput : result.error().reason.toUtf8();
             loop.exitLoop();
         });
         loop.enterLoopMSecs(bound);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QRandomGenerator random(2);
         for (int batch = 0; batch < 20; ++batch) {
             const QStringList texts = randomTexts(random, 250);
-            CommandRequest all { shell, { u"-c"_s, u"exec > $OUT"_s }, {}, {} };
+            CommandRequest all { shell, { u"-c"_s, u"exec > $OUT"_s } };
             for (const QString &text : texts) {
                 all.arguments.last() += u'\n'
                     + shellCommandRequest(u"printf '%s\\0' '{text}'"_s, text, shell)
@@ -197,7 +197,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, output);
         QFETCH(QByteArray, errorOutput);
         QFETCH(QString, message);
-        const ShellReport report = shellReport({ {}, exitStatus, output, errorOutput });
+        const ShellReport report
+            = shellReport(CommandResult { exitStatus, false, output, errorOutput });
         QTEST(report.logLine, "logLine");
         QCOMPARE(report.error.has_value(), !message.isNull());
         if (report.error) {
@@ -208,7 +209,7 @@ private Q_SLOTS:
 
     void reportsFailedLaunch()
     {
-        const ShellReport report = shellReport({ u"/bin/zsh: gone"_s, 0, {}, {} });
+        const ShellReport report = shellReport(Failure { u"/bin/zsh: gone"_s });
         QCOMPARE(report.logLine, u"ERROR: Shell command failed: /bin/zsh: gone"_s);
         QVERIFY(report.error);
         QCOMPARE(report.error->title, u"Execution Failed"_s);
@@ -258,8 +259,8 @@ private Q_SLOTS:
         QByteArray output;
         QTestEventLoop loop;
         CommandRunner runner;
-        runner.run(request, [&](const CommandResult &result) {
-            output = result.output;
+        runner.run(request, [&](const Result<CommandResult> &result) {
+            output = result.valueOr({}).output;
             loop.exitLoop();
         });
         loop.enterLoopMSecs(bound);

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "base/ChildProcess.h"
+
+#include "base/Spawn.h"
+
+#include <QList>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <vector>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+using Output = CommandRequest::Output;
+
+/// The two ends of a stream; the child's is not valid where it has the process's own.
+struct Ends
+{
+    Descriptor child;
+    Descriptor own;
+};
+
+/// Where this process has closed a standard stream, a new descriptor would take its place, and in
+/// the child be replaced by another stream.
+Descriptor aboveStreams(int number)
+{
+    Descriptor descriptor(number);
+    if (number < 0 || number > STDERR_FILENO)
+        return descriptor;
+    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}
+
+Descriptor openNothing()
+{
+    return aboveStreams(open("/dev/null", O_RDWR | O_CLOEXEC));
+}
+
+/// An anonymous file: unlike a pipe it waits for no reader. Not valid, with errno set, on failure.
+Descriptor openBytes(const QByteArray &bytes)
+{
+    if (bytes.isEmpty())
+        return openNothing();
+    Descriptor file = aboveStreams(memfd_create("input", MFD_CLOEXEC));
+    for (qsizetype written = 0; file.isValid() && written < bytes.size();) {
+        const ssize_t size = pwrite(file.number(), bytes.constData() + written,
+                                    static_cast<std::size_t>(bytes.size() - written), written);
+        if (size <= 0)
+            return {};
+        written += size;
+    }
+    return file;
+}
+
+/// Nothing, with errno set, on failure.
+std::optional<Ends> openOutput(Output output, int pipeSize)
+{
+    if (output == Output::inherited || output == Output::merged)
+        return Ends();
+    Ends ends;
+    if (output == Output::nothing) {
+        ends.child = openNothing();
+    } else if (std::array<int, 2> pipe {}; pipe2(pipe.data(), O_CLOEXEC) == 0) {
+        ends.own = aboveStreams(pipe[0]);
+        ends.child = aboveStreams(pipe[1]);
+        fcntl(ends.child.number(), F_SETPIPE_SZ, pipeSize);
+    }
+    return ends.child.isValid() ? std::optional(std::move(ends)) : std::nullopt;
+}
+
+QList<QByteArray> argumentsOf(const QString &path, const CommandRequest &request)
+{
+    QList<QByteArray> arguments { path.toUtf8() };
+    for (const QString &argument : request.arguments)
+        arguments.append(argument.toUtf8());
+    return arguments;
+}
+
+/// The process's own variables, byte for byte, but for those that are changed.
+QList<QByteArray> environmentWith(const QMap<QString, std::optional<QString>> &changes)
+{
+    QList<QByteArray> entries;
+    for (char **entry = environ; entry && *entry; ++entry) {
+        const QByteArray own(*entry);
+        if (!changes.contains(QString::fromUtf8(own.left(own.indexOf('=')))))
+            entries.append(own);
+    }
+    for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
+        if (*it)
+            entries.append((it.key() + u'=' + **it).toUtf8());
+    }
+    return entries;
+}
+
+/// As exec(3) wants them; they point into the list.
+std::vector<char *> nullTerminated(QList<QByteArray> &strings)
+{
+    std::vector<char *> pointers;
+    for (QByteArray &string : strings)
+        pointers.push_back(string.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+bool hasNul(const QList<QByteArray> &strings)
+{
+    return std::any_of(strings.cbegin(), strings.cend(),
+                       [](const QByteArray &string) { return string.contains('\0'); });
+}
+
+Failure failure(int error, const QString &program)
+{
+    if (error == E2BIG)
+        return { u"The text is too large to be handed to a program."_s };
+    return { program + u": "_s + QString::fromLocal8Bit(std::strerror(error)) };
+}
+
+/// Ignored, as whoever started the process may have left it, exit statuses would be lost.
+void keepExitStatuses()
+{
+    struct sigaction inherited = {};
+    if (sigaction(SIGCHLD, nullptr, &inherited) == 0 && inherited.sa_handler == SIG_IGN)
+        std::signal(SIGCHLD, SIG_DFL);
+}
+
+/// The child, started with what the plan says about streams and ties.
+Result<pid_t> launch(const CommandRequest &request, SpawnPlan plan)
+{
+    const bool isPath = request.program.contains(u'/');
+    const QString path = isPath ? request.program : QStandardPaths::findExecutable(request.program);
+    if (path.isEmpty())
+        return failure(ENOENT, request.program);
+    QList<QByteArray> arguments = argumentsOf(path, request);
+    QList<QByteArray> environment = environmentWith(request.environment);
+    if (hasNul(arguments) || hasNul(environment))
+        return Failure {
+            u"The text contains a NUL character, which cannot be handed to a program."_s
+        };
+    const QByteArray folder = request.workingFolder.toUtf8();
+    std::vector<char *> argv = nullTerminated(arguments);
+    std::vector<char *> envp = nullTerminated(environment);
+    plan.arguments = argv.data();
+    plan.environment = envp.data();
+    plan.workingFolder = folder.isEmpty() ? nullptr : folder.constData();
+    keepExitStatuses();
+    const Spawned spawned = spawn(plan);
+    if (spawned.error != 0)
+        return failure(spawned.error, request.program);
+    return spawned.child;
+}
+
+/// What the pipe holds.
+QByteArray content(const Descriptor &pipe)
+{
+    int available = 0;
+    if (!pipe.isValid() || ioctl(pipe.number(), FIONREAD, &available) != 0 || available == 0)
+        return {};
+    QByteArray bytes(available, Qt::Uninitialized);
+    const ssize_t size = read(pipe.number(), bytes.data(), static_cast<std::size_t>(available));
+    bytes.resize(std::max<ssize_t>(0, size));
+    return bytes;
+}
+
+}
+
+Result<ChildProcess> ChildProcess::start(const CommandRequest &request)
+{
+    const Descriptor input = request.input ? openBytes(*request.input) : Descriptor();
+    if (request.input && !input.isValid())
+        return failure(errno, request.program);
+    auto output = openOutput(request.output, request.pipeSize);
+    auto errorOutput = output ? openOutput(request.errorOutput, request.pipeSize) : std::nullopt;
+    if (!errorOutput)
+        return failure(errno, request.program);
+
+    SpawnPlan plan { .group = request.group, .endsWithParent = request.endsWithParent };
+    const bool isMerged = request.errorOutput == Output::merged;
+    plan.streams = { input.number(), output->child.number(),
+                     isMerged ? STDOUT_FILENO : errorOutput->child.number() };
+    const Result<pid_t> id = launch(request, plan);
+    if (!id)
+        return id.error();
+
+    ChildProcess child;
+    child.m_id = *id;
+    child.m_hasOwnGroup = request.group != CommandRequest::Group::inherited;
+    child.m_output = std::move(output->own);
+    child.m_errorOutput = std::move(errorOutput->own);
+    // The wrapper of glibc 2.36 cannot be called from C++.
+    child.m_exit = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child.m_id, 0)));
+    if (child.m_exit.isValid())
+        return child;
+    const int error = errno;
+    child.kill();
+    static_cast<void>(child.takeResult());
+    return failure(error, request.program);
+}
+
+void ChildProcess::kill() const
+{
+    if (m_id > 0)
+        ::kill(m_hasOwnGroup ? -m_id : m_id, SIGKILL);
+}
+
+bool ChildProcess::waitForExit(QDeadlineTimer deadline) const
+{
+    pollfd waiting { m_exit.number(), POLLIN, 0 };
+    int ready = 0;
+    do
+        ready = poll(&waiting, 1, static_cast<int>(deadline.remainingTime()));
+    while (ready < 0 && errno == EINTR);
+    return ready > 0;
+}
+
+CommandResult ChildProcess::takeResult()
+{
+    siginfo_t info {};
+    int error = 0;
+    do
+        error = waitid(P_PID, static_cast<id_t>(m_id), &info, WEXITED);
+    while (error != 0 && errno == EINTR);
+    m_id = 0;
+    const bool isEndedBySignal = info.si_code != CLD_EXITED;
+    return { isEndedBySignal ? 128 + info.si_status : info.si_status, isEndedBySignal,
+             content(m_output), content(m_errorOutput) };
+}
+
+Result<void> startDetached(const CommandRequest &request)
+{
+    const Descriptor nothing = openNothing();
+    SpawnPlan plan { .group = CommandRequest::Group::ownSession, .isDetached = true };
+    plan.streams.fill(nothing.number());
+    const auto child = launch(request, plan);
+    if (!child)
+        return Failure { request.program + u" could not be started: "_s + child.error().reason };
+    return {};
+}
+
+}
