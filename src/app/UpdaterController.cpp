@@ -22,6 +22,8 @@ namespace Tessel {
 
 namespace {
 
+constexpr int maxResultSize = 1 << 20; ///< bytes; feeds are not larger
+
 /// What outlives the program.
 struct State
 {
@@ -103,20 +105,13 @@ UpdaterController::UpdaterController(Dependencies dependencies)
     m_automatic.start(m_dependencies.firstCheckDelay);
 
     m_patience.setSingleShot(true);
-    connect(&m_patience, &QTimer::timeout, &m_helper, &QProcess::kill);
-    connect(&m_helper, &QProcess::finished, this, &UpdaterController::handleHelperEnd);
-    connect(&m_helper, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) // no other error comes without finished()
-            handleHelperEnd();
-    });
+    connect(&m_patience, &QTimer::timeout, &m_helper, &CommandRunner::killAll);
 }
 
 UpdaterController::~UpdaterController()
 {
     delete m_window;
-    m_helper.disconnect();
-    m_helper.kill();
-    m_helper.waitForFinished(); // not long, after SIGKILL
+    m_helper.killAll();
 }
 
 bool UpdaterController::isConfigured() const
@@ -129,7 +124,7 @@ void UpdaterController::checkAutomatically()
     const auto left = timeLeft(readState(m_dependencies.stateFile).lastCheck, m_dependencies.now(),
                                m_dependencies.checkInterval);
     m_automatic.start(left > 0ms ? left : m_dependencies.checkInterval);
-    if (left == 0ms && m_helper.state() == QProcess::NotRunning)
+    if (left == 0ms && !m_isChecking)
         runHelper();
 }
 
@@ -138,7 +133,7 @@ void UpdaterController::checkForUpdates()
     if (isConfigured()) {
         window().setContent({ u"Checking for updates…"_s, {}, {}, {} });
         m_isAsked = true;
-        if (m_helper.state() == QProcess::NotRunning)
+        if (!m_isChecking)
             runHelper();
     } else {
         window().setContent(
@@ -157,20 +152,28 @@ void UpdaterController::runHelper()
     State state = readState(m_dependencies.stateFile);
     state.lastCheck = m_dependencies.now();
     writeState(m_dependencies.stateFile, state);
-    m_helper.setStandardInputFile(QProcess::nullDevice());
-    m_helper.setStandardErrorFile(QProcess::nullDevice());
-    m_helper.start(m_dependencies.helperPath,
-                   { u"--feed="_s + m_dependencies.feed, u"--key="_s + m_dependencies.publicKey,
-                     u"--current="_s + m_dependencies.currentVersion,
-                     u"--seen="_s + state.highestVersion,
-                     u"--timeout=%1"_s.arg(m_dependencies.timeout.count()) });
+    const CommandRequest request {
+        .program = m_dependencies.helperPath,
+        .arguments
+        = { u"--feed="_s + m_dependencies.feed, u"--key="_s + m_dependencies.publicKey,
+            u"--current="_s + m_dependencies.currentVersion, u"--seen="_s + state.highestVersion,
+            u"--timeout=%1"_s.arg(m_dependencies.timeout.count()) },
+        .input = QByteArray(),
+        .errorOutput = CommandRequest::Output::nothing,
+        .pipeSize = maxResultSize,
+    };
+    m_isChecking = true;
     m_patience.start(2 * m_dependencies.timeout);
+    m_helper.run(request, [this](const Result<CommandResult> &result) {
+        handleHelperEnd(result.valueOr({}).output);
+    });
 }
 
-void UpdaterController::handleHelperEnd()
+void UpdaterController::handleHelperEnd(const QByteArray &output)
 {
+    m_isChecking = false;
     m_patience.stop();
-    QJsonObject result = QJsonDocument::fromJson(m_helper.readAllStandardOutput()).object();
+    QJsonObject result = QJsonDocument::fromJson(output).object();
     if (result.isEmpty())
         result.insert(u"message"_s, u"The program for it did not do its work."_s);
     handleResult(result);

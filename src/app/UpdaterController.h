@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/CommandRunner.h"
+
 #include <QDateTime>
 #include <QPointer>
-#include <QProcess>
 #include <QTimer>
 
 #include <chrono>
@@ -53,15 +54,16 @@ private:
     [[nodiscard]] bool isConfigured() const;
     void checkAutomatically();
     void runHelper();
-    void handleHelperEnd();
+    void handleHelperEnd(const QByteArray &output);
     void handleResult(const QJsonObject &result);
     UpdateWindow &window();
 
     Dependencies m_dependencies;
     QTimer m_automatic;
     QTimer m_patience; ///< for a helper that does not even keep its own deadline
-    QProcess m_helper;
+    CommandRunner m_helper;
     QPointer<UpdateWindow> m_window;
+    bool m_isChecking = false;
     bool m_isAsked = false; ///< by the user, for the check that is under way
 };
 
