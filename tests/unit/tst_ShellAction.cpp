@@ -124,7 +124,7 @@ private Q_SLOTS:
         while (Placeholder::escapedForShell(large).toUtf8().size() < 125000)
             large += randomText(random, 40);
         QVERIFY(large.toUtf8().size() > 100000);
-        const QStringList texts = nastyTexts() + randomTexts(random, 200) + QStringList(large);
+        const QStringList texts = nastyTexts() + QStringList(large);
         for (const QString &text : texts) {
             const CommandRequest request = shellCommandRequest(
                 u"printf '%s\\0' '{text}' > $OUT; printf %s \"$TESSEL_TEXT\" >> $OUT"_s, text,
@@ -184,8 +184,6 @@ private Q_SLOTS:
         row("failure", 3, "out\n", " err\nor\n",
             "ERROR: Shell command failed with status 3:  err\nor\n",
             "The command exited with status 3.\n\nError:\nerr\nor");
-        row("silent failure", 1, "out", "", "ERROR: Shell command failed with status 1: ",
-            "The command exited with status 1.\n\nError:\n");
         row("signal, invalid UTF-8", 143, "", "ok \xc3(",
             "ERROR: Shell command failed with status 143: Unknown error",
             "The command exited with status 143.\n\nError:\nUnknown error");
@@ -243,7 +241,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("name");
         QTest::newRow("plain") << u"it's \"\\"_s << u"n"_s;
-        QTest::newRow("list") << u"- item"_s << u"n"_s;
         QTest::newRow("script") << u"-ereturn \"run\""_s << u"n"_s;
         QTest::newRow("end of options") << u"--"_s << u"n"_s;
         QTest::newRow("name") << u"text"_s << u"-l"_s;

@@ -49,6 +49,6 @@ int main(int argc, char *argv[])
     const CalendarFile file = writeCalendarFile(entryFrom(text, QDateTime::currentDateTime()));
     if (!file.error.isEmpty())
         return fail(file.error);
-    const auto error = xdgOpen(file.path);
-    return error ? fail(*error) : EXIT_SUCCESS;
+    const auto opened = xdgOpen(file.path);
+    return opened ? EXIT_SUCCESS : fail(opened.error().reason);
 }

@@ -33,13 +33,11 @@ int main(int argc, char *argv[])
     if (const auto status = exitStatusAfterOptions(arguments, usage))
         return *status;
     QFile input;
-    QString reason;
-    const auto text = input.open(stdin, QIODevice::ReadOnly) ? readInput(input, &reason)
-                                                             : std::optional<QByteArray>();
+    const auto text = input.open(stdin, QIODevice::ReadOnly)
+        ? readInput(input)
+        : Result<QByteArray>(Failure { input.errorString() });
     if (!text) {
-        if (reason.isEmpty())
-            reason = input.errorString();
-        std::fprintf(stderr, "pbcopy: standard input: %s\n", qUtf8Printable(reason));
+        std::fprintf(stderr, "pbcopy: standard input: %s\n", qUtf8Printable(text.error().reason));
         return EXIT_FAILURE;
     }
 

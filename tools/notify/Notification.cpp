@@ -71,7 +71,7 @@ void Notification::actionInvoked(uint id, const QString &)
 {
     if (id != m_id)
         return;
-    [[maybe_unused]] const auto error = xdgOpen(file); // there is nobody left to tell
+    [[maybe_unused]] const auto opened = xdgOpen(file); // there is nobody left to tell
     Q_EMIT finished();
 }
 

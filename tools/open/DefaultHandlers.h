@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/ChildProcess.h"
+
 #include <QStringList>
 
 #include <chrono>
 #include <optional>
-
-class QProcess;
+#include <vector>
 
 namespace Tessel {
 
@@ -19,7 +20,7 @@ public:
     void open(const QString &target);
 
     /// The reasons of those that have failed by then, which is when all have ended or the time is
-    /// up, in the order of their start.
+    /// up, in the order of their start. To be called once.
     [[nodiscard]] QStringList failures(std::chrono::milliseconds limit);
 
     /// The application for plain text, by its identifier.
@@ -29,9 +30,9 @@ private:
     struct Start
     {
         QString target;
-        QProcess *process; ///< never deleted, as that would end it
+        Result<ChildProcess> process;
     };
-    QList<Start> m_starts;
+    std::vector<Start> m_starts;
 };
 
 }

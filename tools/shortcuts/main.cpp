@@ -70,10 +70,9 @@ int run(const Run &request)
         QFile file;
         if (!open(file, request.input, stdin, QIODevice::ReadOnly))
             return fail(request.input + u": "_s + file.errorString());
-        QString reason;
-        const auto bytes = readInput(file, &reason);
+        const auto bytes = readInput(file);
         if (!bytes)
-            return fail(request.input + u": "_s + reason);
+            return fail(request.input + u": "_s + bytes.error().reason);
         input = *bytes;
     }
     const auto outcome = UserShortcuts().run(request.name, input);
@@ -81,7 +80,7 @@ int run(const Run &request)
     if (!open(file, request.output, stdout, QIODevice::WriteOnly)
         || file.write(outcome.output) != outcome.output.size() || !file.flush())
         return fail(request.output + u": "_s + file.errorString());
-    return outcome.failure ? fail(*outcome.failure) : EXIT_SUCCESS;
+    return outcome.result ? EXIT_SUCCESS : fail(outcome.result.error().reason);
 }
 
 int list()

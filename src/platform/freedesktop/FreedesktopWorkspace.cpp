@@ -67,8 +67,8 @@ std::optional<QString> FreedesktopWorkspace::bundleIdentifierOf(const QString &p
 
 void FreedesktopWorkspace::open(const QString &url)
 {
-    if (const auto error = xdgOpen(url))
-        Log::print(u"ERROR: "_s + *error);
+    if (const auto opened = xdgOpen(url); !opened)
+        Log::print(u"ERROR: "_s + opened.error().reason);
 }
 
 }

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/XdgOpen.h"
 
-#include "platform/freedesktop/DetachedProgram.h"
+#include "base/ChildProcess.h"
 
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-std::optional<QString> xdgOpen(const QString &target)
+Result<void> xdgOpen(const QString &target)
 {
-    return startDetached({ u"xdg-open"_s, target });
+    return startDetached({ .program = u"xdg-open"_s, .arguments = { target } });
 }
 
 }

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "lib/desktop/DesktopApplications.h"
 
+#include "base/ChildProcess.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/desktop/Waiting.h"
 #include "lib/support/RunProgram.h"
 #include "platform/ClientWindows.h"
-#include "platform/freedesktop/DetachedProgram.h"
 #include "platform/freedesktop/ExecLine.h"
 #include "platform/freedesktop/XdgOpen.h"
 
@@ -26,11 +26,6 @@ namespace {
 
 constexpr auto untilFirstWindow = 5s;
 constexpr auto untilActive = 1s;
-
-Result<void> resultOf(const std::optional<QString> &failure)
-{
-    return failure ? Result<void>(Failure { *failure }) : Result<void>();
-}
 
 bool isSame(const QString &a, const QString &b)
 {
@@ -151,7 +146,7 @@ Result<void> DesktopApplications::open(const QString &target, const QString &app
 {
     if (auto there = existing(target); !there)
         return there;
-    return application.isEmpty() ? resultOf(xdgOpen(target)) : start(application, { target });
+    return application.isEmpty() ? xdgOpen(target) : start(application, { target });
 }
 
 Result<void> DesktopApplications::start(const QString &application, const QStringList &targets,
@@ -165,8 +160,11 @@ Result<void> DesktopApplications::start(const QString &application, const QStrin
         return Failure { u"%1 does not say how “%2” is started."_s.arg(entry->file, application) };
     command += arguments;
     const QStringList terminal { u"x-terminal-emulator"_s, u"-e"_s };
-    return resultOf(
-        startDetached(entry->runsInTerminal ? terminal + command : command, entry->workingFolder));
+    if (entry->runsInTerminal)
+        command = terminal + command;
+    return startDetached({ .program = command.first(),
+                           .arguments = command.mid(1),
+                           .workingFolder = entry->workingFolder });
 }
 
 /// Asks the file manager (org.freedesktop.FileManager1), or has the folder opened.
@@ -182,9 +180,9 @@ Result<void> DesktopApplications::reveal(const QString &path)
                        u"--dest=org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
                        u"org.freedesktop.FileManager1.ShowItems"_s, u"array:string:"_s + address,
                        u"string:"_s });
-    if (!shown.failure && shown.exitStatus == 0)
+    if (shown)
         return {};
-    return resultOf(xdgOpen(QFileInfo(path).path()));
+    return xdgOpen(QFileInfo(path).path());
 }
 
 }

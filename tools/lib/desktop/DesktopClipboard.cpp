@@ -25,12 +25,8 @@ std::optional<QString> DesktopClipboard::text()
 
 Result<void> DesktopClipboard::setText(const QString &text)
 {
-    const auto result = runProgram(m_helperFolder + u"/pbcopy"_s, {}, text.toUtf8());
-    if (result.failure)
-        return Failure { *result.failure };
-    if (result.exitStatus != 0)
-        return Failure { QString::fromUtf8(result.errorOutput).trimmed() };
-    return {};
+    const auto copied = runProgram(m_helperFolder + u"/pbcopy"_s, {}, text.toUtf8());
+    return copied ? Result<void>() : copied.error();
 }
 
 }

@@ -20,13 +20,9 @@ QByteArray bytes(const QJsonObject &json)
     return QJsonDocument(json).toJson(QJsonDocument::Compact);
 }
 
-Result<void> resultOf(const ProgramResult &result)
+Result<void> withoutOutput(const Result<QByteArray> &result)
 {
-    if (result.failure)
-        return Failure { *result.failure };
-    if (result.exitStatus != 0)
-        return Failure { QString::fromUtf8(result.errorOutput).trimmed() };
-    return {};
+    return result ? Result<void>() : result.error();
 }
 
 }
@@ -41,9 +37,9 @@ DesktopDialogs::DesktopDialogs(DisplayConnection &display, QString helperFolder)
 std::optional<QJsonObject> DesktopDialogs::show(const QJsonObject &request) const
 {
     const auto result = runProgram(m_helperFolder + u"/tessel-dialog"_s, {}, bytes(request));
-    if (result.failure || result.exitStatus != 0)
+    if (!result)
         return {};
-    return QJsonDocument::fromJson(result.output).object();
+    return QJsonDocument::fromJson(*result).object();
 }
 
 std::optional<Osascript::DialogAnswer> DesktopDialogs::ask(const Osascript::DialogRequest &request)
@@ -67,7 +63,7 @@ Result<void> DesktopDialogs::notify(const QString &text, const QString &title,
     const QJsonObject request {
         { u"text"_s, text }, { u"title"_s, title }, { u"subtitle"_s, subtitle }, { u"file"_s, file }
     };
-    return resultOf(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
+    return withoutOutput(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
 }
 
 void DesktopDialogs::beep()
@@ -81,11 +77,11 @@ Result<void> DesktopDialogs::say(const QString &text)
     for (const QString &name : { u"espeak-ng"_s, u"espeak"_s }) {
         const QString program = QStandardPaths::findExecutable(name);
         if (!program.isEmpty())
-            return resultOf(runProgram(program, { u"--stdin"_s }, text.toUtf8()));
+            return withoutOutput(runProgram(program, { u"--stdin"_s }, text.toUtf8()));
     }
     const QString client = QStandardPaths::findExecutable(u"spd-say"_s);
     if (!client.isEmpty())
-        return resultOf(runProgram(client, { u"--wait"_s, u"--"_s, text }));
+        return withoutOutput(runProgram(client, { u"--wait"_s, u"--"_s, text }));
     return Failure { u"No program to speak with is installed (espeak-ng, espeak or spd-say)."_s };
 }
 

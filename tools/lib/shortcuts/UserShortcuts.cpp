@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "lib/shortcuts/UserShortcuts.h"
 
-#include "lib/support/ChildLifetime.h"
+#include "base/RunCommand.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -19,13 +18,11 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-using Distrust = std::optional<QString>;
-
 namespace {
 
 const auto inputVariable = u"SHORTCUT_INPUT"_s;
 /// Of a variable with its name and the ending zero (execve(2), MAX_ARG_STRLEN).
-constexpr qsizetype longestVariable = 128 << 10;
+constexpr qsizetype maxVariableSize = 128 << 10;
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
@@ -42,37 +39,37 @@ QString nfc(const QString &text)
     return text.normalized(QString::NormalizationForm_C);
 }
 
-constexpr int mostLinks = 40; // as many as the kernel follows
+constexpr int maxLinks = 40; // as many as the kernel follows
 
-/// Why somebody else could have changed a link, file or folder. In a sticky folder, as the one for
-/// temporary files is, others cannot touch what is not theirs.
-Distrust distrustOf(const QString &path)
+/// Fails when somebody else could have changed a link, file or folder. In a sticky folder, as the
+/// one for temporary files is, others cannot touch what is not theirs.
+Result<void> checkOwnership(const QString &path)
 {
     struct stat status = {};
     if (lstat(QFile::encodeName(path).constData(), &status) != 0)
-        return path + u": "_s + qt_error_string(errno);
+        return Failure { path + u": "_s + qt_error_string(errno) };
     if (status.st_uid != geteuid() && status.st_uid != 0)
-        return path + u" belongs to somebody else."_s;
+        return Failure { path + u" belongs to somebody else."_s };
     const bool isSticky = S_ISDIR(status.st_mode) && (status.st_mode & S_ISVTX) != 0;
     const bool isShared = !S_ISLNK(status.st_mode) && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
     if (isShared && !isSticky)
-        return path + u" can be written by others; “chmod go-w” ends that."_s;
+        return Failure { path + u" can be written by others; “chmod go-w” ends that."_s };
     return {};
 }
 
 /// The same for the path, all folders above it and what links on the way lead to: whoever can
 /// rename one of them decides what is found at the path.
-Distrust distrust(const QString &path, int links = mostLinks)
+Result<void> checkTrust(const QString &path, int links = maxLinks)
 {
     for (QString next = QDir::cleanPath(path);; next = QFileInfo(next).path()) {
-        if (auto reason = distrustOf(next))
-            return reason;
+        if (auto result = checkOwnership(next); !result)
+            return result;
         const QFileInfo info(next);
         if (info.isSymLink() && links == 0)
-            return path + u" leads to itself."_s;
+            return Failure { path + u" leads to itself."_s };
         if (info.isSymLink()) {
-            if (auto reason = distrust(info.symLinkTarget(), links - 1))
-                return reason;
+            if (auto result = checkTrust(info.symLinkTarget(), links - 1); !result)
+                return result;
         }
         if (info.isRoot())
             return {};
@@ -98,23 +95,20 @@ bool isShellScript(const QString &path)
 
 bool fitsVariable(const QByteArray &input)
 {
-    return inputVariable.size() + 1 + input.size() + 1 <= longestVariable && !input.contains('\0');
+    return inputVariable.size() + 1 + input.size() + 1 <= maxVariableSize && !input.contains('\0');
 }
 
-QProcessEnvironment environmentFor(const QByteArray &input, const QString &helperFolder)
+QMap<QString, std::optional<QString>> environmentFor(const QByteArray &input,
+                                                     const QString &helperFolder)
 {
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"PATH"_s,
-                       helperFolder + u':'
-                           + environment.value(u"PATH"_s, u"/usr/local/bin:/usr/bin:/bin"_s));
-    environment.remove(inputVariable);
-    if (fitsVariable(input))
-        environment.insert(inputVariable, QString::fromUtf8(input));
-    else
+    const QString path = qEnvironmentVariable("PATH", u"/usr/local/bin:/usr/bin:/bin"_s);
+    const bool fits = fitsVariable(input);
+    if (!fits)
         std::fputs("SHORTCUT_INPUT is not set: the text is too large or has a NUL character. "
                    "Standard input has it.\n",
                    stderr);
-    return environment;
+    return { { u"PATH"_s, helperFolder + u':' + path },
+             { inputVariable, fits ? std::optional(QString::fromUtf8(input)) : std::nullopt } };
 }
 
 }
@@ -136,7 +130,7 @@ QStringList UserShortcuts::names()
     QStringList names;
     const QList<Entry> known = entries();
     for (const Entry &entry : known) {
-        if (!distrust(entry.path))
+        if (checkTrust(entry.path))
             names += entry.name;
     }
     return names;
@@ -177,8 +171,8 @@ void UserShortcuts::offerSamples()
 Result<QString> UserShortcuts::run(const QString &name, const QString &input)
 {
     const Outcome outcome = run(name, input.toUtf8());
-    if (outcome.failure)
-        return Failure { *outcome.failure };
+    if (!outcome.result)
+        return outcome.result.error();
     return QString::fromUtf8(outcome.output);
 }
 
@@ -189,34 +183,35 @@ UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray 
     const auto entry = std::find_if(known.cbegin(), known.cend(),
                                     [&wanted](const Entry &e) { return e.name == wanted; });
     if (entry == known.cend())
-        return { u"There is no shortcut “%1” in %2."_s.arg(wanted, m_folder), {} };
-    if (const auto reason = distrust(entry->path))
-        return { u"The shortcut “%1” is not run: "_s.arg(wanted) + *reason, {} };
+        return { Failure { u"There is no shortcut “%1” in %2."_s.arg(wanted, m_folder) } };
+    if (const auto trust = checkTrust(entry->path); !trust)
+        return { Failure { u"The shortcut “%1” is not run: "_s.arg(wanted)
+                           + trust.error().reason } };
     return execute(*entry, input);
 }
 
 UserShortcuts::Outcome UserShortcuts::execute(const Entry &entry, const QByteArray &input) const
 {
-    QProcess process;
-    endWithParent(process);
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.setProcessEnvironment(environmentFor(input, m_helperFolder));
-    if (isShellScript(entry.path))
-        process.start(u"/bin/sh"_s, { entry.path });
-    else
-        process.start(entry.path, QStringList());
-    if (!process.waitForStarted(-1))
-        return { u"The shortcut “%1” cannot be run: "_s.arg(entry.name) + process.errorString(),
-                 {} };
-    process.write(input);
-    process.closeWriteChannel();
-    process.waitForFinished(-1);
-    Outcome outcome { {}, process.readAllStandardOutput() };
-    if (process.exitStatus() != QProcess::NormalExit)
-        outcome.failure = u"The shortcut “%1” was ended by a signal."_s.arg(entry.name);
-    else if (process.exitCode() != 0)
-        outcome.failure
-            = u"The shortcut “%1” failed with status %2."_s.arg(entry.name).arg(process.exitCode());
+    CommandRequest request { .program = entry.path,
+                             .environment = environmentFor(input, m_helperFolder),
+                             .input = input,
+                             .errorOutput = CommandRequest::Output::inherited,
+                             .endsWithParent = true };
+    if (isShellScript(entry.path)) {
+        request.program = u"/bin/sh"_s;
+        request.arguments = { entry.path };
+    }
+    const auto result = runCommand(request);
+    if (!result)
+        return { Failure { u"The shortcut “%1” cannot be run: "_s.arg(entry.name)
+                           + result.error().reason } };
+    Outcome outcome { {}, result->output };
+    if (result->isEndedBySignal)
+        outcome.result = Failure { u"The shortcut “%1” was ended by a signal."_s.arg(entry.name) };
+    else if (result->exitStatus != 0)
+        outcome.result = Failure {
+            u"The shortcut “%1” failed with status %2."_s.arg(entry.name).arg(result->exitStatus)
+        };
     return outcome;
 }
 

@@ -24,8 +24,8 @@ class UserShortcuts final : public Osascript::ShortcutLibrary
 public:
     struct Outcome
     {
-        std::optional<QString> failure;
-        QByteArray output;
+        Result<void> result;
+        QByteArray output = {}; ///< there may be some of a failure, too
     };
 
     /// Shortcuts find the programs of the helper folder on their PATH.

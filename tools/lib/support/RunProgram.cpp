@@ -2,32 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "lib/support/RunProgram.h"
 
-#include "lib/support/ChildLifetime.h"
-
-#include <QProcess>
+#include "base/RunCommand.h"
 
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-ProgramResult runProgram(const QString &program, const QStringList &arguments,
-                         const QByteArray &input)
+Result<QByteArray> runProgram(const QString &program, const QStringList &arguments,
+                              const QByteArray &input)
 {
-    QProcess process;
-    endWithParent(process);
-    process.start(program, arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    process.waitForFinished(-1);
-    ProgramResult result;
-    if (process.error() == QProcess::FailedToStart)
-        result.failure = program + u": "_s + process.errorString();
-    else if (process.exitStatus() != QProcess::NormalExit)
-        result.failure = program + u" was ended by a signal."_s;
-    result.exitStatus = process.exitCode();
-    result.output = process.readAllStandardOutput();
-    result.errorOutput = process.readAllStandardError();
-    return result;
+    const auto result = runCommand(
+        { .program = program, .arguments = arguments, .input = input, .endsWithParent = true });
+    if (!result)
+        return result.error();
+    if (result->isEndedBySignal)
+        return Failure { program + u" was ended by a signal."_s };
+    if (result->exitStatus != 0)
+        return Failure { QString::fromUtf8(result->errorOutput).trimmed() };
+    return result->output;
 }
 
 }

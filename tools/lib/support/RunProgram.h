@@ -2,22 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringList>
+#include "base/Result.h"
 
-#include <optional>
+#include <QStringList>
 
 namespace Tessel {
 
-struct ProgramResult
-{
-    std::optional<QString> failure; ///< it could not be started or was ended by a signal
-    int exitStatus = 0;
-    QByteArray output;
-    QByteArray errorOutput;
-};
-
-/// Runs a program and waits for its end, however long that takes. It ends when this process does.
-[[nodiscard]] ProgramResult runProgram(const QString &program, const QStringList &arguments,
-                                       const QByteArray &input = {});
+/// Runs a program, looked for on the PATH, waits for its end, however long that takes, and returns
+/// its output. It ends when this process does. Any exit status but 0 is a failure, with what the
+/// program wrote to standard error.
+[[nodiscard]] Result<QByteArray> runProgram(const QString &program, const QStringList &arguments,
+                                            const QByteArray &input = {});
 
 }

@@ -27,22 +27,18 @@ void occupyClosedStreams()
     }
 }
 
-std::optional<QByteArray> readInput(QFile &file, QString *reason)
+Result<QByteArray> readInput(QFile &file)
 {
-    constexpr qsizetype most = 64 << 20;
+    constexpr qsizetype maxSize = 64 << 20;
     constexpr qint64 atOnce = 64 << 10;
     QByteArray bytes;
     for (QByteArray more = file.read(atOnce); !more.isEmpty(); more = file.read(atOnce)) {
         bytes += more;
-        if (bytes.size() > most) {
-            *reason = u"more than 64 MiB are not taken"_s;
-            return {};
-        }
+        if (bytes.size() > maxSize)
+            return Failure { u"more than 64 MiB are not taken"_s };
     }
-    if (file.error() != QFile::NoError) {
-        *reason = file.errorString();
-        return {};
-    }
+    if (file.error() != QFile::NoError)
+        return Failure { file.errorString() };
     return bytes;
 }
 

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include "base/Result.h"
 
-#include <optional>
+#include <QByteArray>
 
 class QFile;
 
@@ -16,9 +15,9 @@ namespace Tessel {
 /// before.
 void occupyClosedStreams();
 
-/// All of an open file or stream. Nothing, with the reason, when it cannot be read or has more than
-/// 64 MiB, as much as is taken from a clipboard: a stream may have no end.
-[[nodiscard]] std::optional<QByteArray> readInput(QFile &file, QString *reason);
+/// All of an open file or stream. Fails when it cannot be read or has more than 64 MiB, as much as
+/// is taken from a clipboard: a stream may have no end.
+[[nodiscard]] Result<QByteArray> readInput(QFile &file);
 
 /// Writes what waits for standard output. The exit status; after a failure the program has told of
 /// it on standard error.
