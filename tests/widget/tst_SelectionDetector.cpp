@@ -2,9 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "base/KeyCodes.h"
 #include "capture/AccessibilityManager.h"
+#include "capture/ActionBar.h"
 #include "capture/SelectionDetector.h"
-#include "widget/PanelFixture.h"
+#include "config/ConfigManager.h"
+#include "config/LocalizationManager.h"
+#include "config/NotificationCenter.h"
+#include "platform/fake/FakePlatform.h"
 
+#include <QElapsedTimer>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Tessel;
@@ -13,19 +19,36 @@ using Kind = InputEvent::Kind;
 
 namespace {
 
-/// The whole path from a key press to the bar, on a clock that the test moves.
-struct DetectorFixture : PanelFixture
+class RecordingBar final : public ActionBar
 {
+public:
+    void show(const PopupLocation &, const QString &newText, bool) override { text = newText; }
+    void hide() override { text.clear(); }
+
+    [[nodiscard]] bool isShown() const { return !text.isEmpty(); }
+
+    QString text;
+};
+
+/// From a key press to the bar, on a clock that the test moves.
+struct Fixture
+{
+    QTemporaryDir folder;
+    FakePlatform platform;
+    NotificationCenter notifications;
+    LocalizationManager localization;
+    ConfigManager config { { folder.path(), notifications, localization } };
+    RecordingBar bar;
     qint64 offset = 0;
     QElapsedTimer timer;
     AccessibilityManager accessibility { { platform.workspace(), platform.copyRequest(),
                                            platform.pasteboard(), platform.popupHost(),
                                            [this] { return timer.elapsed() + offset; } } };
     std::unique_ptr<SelectionDetector> detector = std::make_unique<SelectionDetector>(
-        SelectionDetector::Dependencies { config, accessibility, panel, platform.eventMonitor(),
+        SelectionDetector::Dependencies { config, accessibility, bar, platform.eventMonitor(),
                                           platform.popupHost(), platform.workspace() });
 
-    DetectorFixture()
+    Fixture()
     {
         timer.start();
         platform.copyRequest().onCopy = [this] { platform.pasteboard().put(u"selected"_s); };
@@ -36,6 +59,7 @@ struct DetectorFixture : PanelFixture
     {
         platform.eventMonitor().send({ kind, keyCode, modifiers });
     }
+    void trigger() { send(Kind::keyDown, KeyCodes::keyF2); }
 
     [[nodiscard]] qsizetype captures() { return platform.copyRequest().requests.size(); }
 
@@ -49,136 +73,99 @@ class tst_SelectionDetector : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void trigger_data()
-    {
-        QTest::addColumn<qint64>("configuredKey");
-        QTest::addColumn<qint64>("configuredModifiers");
-        QTest::addColumn<qint64>("key");
-        QTest::addColumn<qint64>("modifiers");
-        QTest::addColumn<bool>("fires");
-        const auto row = [](const char *name, qint64 wantedKey, qint64 wantedModifiers, qint64 key,
-                            qint64 modifiers, bool fires) {
-            QTest::newRow(name) << wantedKey << wantedModifiers << key << modifiers << fires;
-        };
-        using namespace KeyCodes;
-        row("F2", keyF2, 0, keyF2, 0, true);
-        row("F2 with Shift", keyF2, 0, keyF2, shift, false);
-        row("F2 with Caps Lock", keyF2, 0, keyF2, 0x10000, true);
-        row("other key", keyF2, 0, keyC, 0, false);
-        row("chord", keyC, control | option, keyC, control | option, true);
-        row("half of the chord", keyC, control | option, keyC, control, false);
-        row("more than the chord", keyC, command, keyC, command | shift, false);
-        row("key without code", keyF2, 0, -1, 0, false);
-    }
-
     void trigger()
     {
-        QFETCH(qint64, configuredKey);
-        QFETCH(qint64, configuredModifiers);
-        QFETCH(qint64, key);
-        QFETCH(qint64, modifiers);
-        QFETCH(bool, fires);
-        DetectorFixture fixture;
-        fixture.config.triggerKeyCode = configuredKey;
-        fixture.config.triggerModifiers = configuredModifiers;
-        fixture.send(Kind::keyDown, key, modifiers);
-        QCOMPARE(fixture.captures(), fires ? 1 : 0);
-        if (fires) {
-            QTRY_VERIFY(fixture.panel.isVisible());
-            QCOMPARE(fixture.panel.currentText(), u"selected"_s);
-        }
-    }
-
-    void hiding_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<qint64>("key");
-        QTest::addColumn<bool>("isSuppressed");
-        QTest::newRow("Escape") << int(Kind::keyDown) << KeyCodes::keyEscape << true;
-        QTest::newRow("another key") << int(Kind::keyDown) << KeyCodes::keyC << true;
-        QTest::newRow("scroll") << int(Kind::scrollWheel) << qint64(-1) << true;
-        QTest::newRow("click") << int(Kind::leftMouseUp) << qint64(-1) << false;
+        using namespace KeyCodes;
+        struct Chord
+        {
+            qint64 key;
+            qint64 modifiers;
+        };
+        const auto fires = [](Chord configured, Chord pressed) {
+            Fixture fixture;
+            fixture.config.triggerKeyCode = configured.key;
+            fixture.config.triggerModifiers = configured.modifiers;
+            fixture.send(Kind::keyDown, pressed.key, pressed.modifiers);
+            return fixture.captures() == 1
+                && QTest::qWaitFor([&fixture] { return fixture.bar.isShown(); });
+        };
+        QVERIFY(fires({ keyF2, 0 }, { keyF2, 0x10000 })); // Caps Lock
+        QVERIFY(!fires({ keyF2, 0 }, { keyC, 0 }));
+        QVERIFY(fires({ keyC, control | option }, { keyC, control | option }));
+        QVERIFY(!fires({ keyC, control | option }, { keyC, control }));
+        QVERIFY(!fires({ keyC, command }, { keyC, command | shift }));
     }
 
     void hiding()
     {
-        QFETCH(int, kind);
-        QFETCH(qint64, key);
-        QFETCH(bool, isSuppressed);
-        DetectorFixture fixture;
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
-        QTRY_VERIFY(fixture.panel.isVisible());
-        fixture.send(Kind(kind), key);
-        QCOMPARE(fixture.panel.isVisible(), isSuppressed);
-        fixture.skipSuppression();
-        fixture.send(Kind(kind), key);
-        QVERIFY(!fixture.panel.isVisible());
+        for (const InputEvent &event :
+             { InputEvent { Kind::keyDown, KeyCodes::keyEscape, 0 },
+               InputEvent { Kind::keyDown, KeyCodes::keyC, 0 },
+               InputEvent { Kind::scrollWheel, -1, 0 }, InputEvent { Kind::leftMouseUp, -1, 0 } }) {
+            Fixture fixture;
+            fixture.trigger();
+            QTRY_COMPARE(fixture.bar.text, u"selected"_s);
+            fixture.platform.eventMonitor().send(event);
+            QCOMPARE(fixture.bar.isShown(), event.kind != Kind::leftMouseUp);
+            fixture.skipSuppression();
+            fixture.platform.eventMonitor().send(event);
+            QVERIFY(!fixture.bar.isShown());
+        }
     }
 
     void secondPressWithinASecondIsIgnored()
     {
-        DetectorFixture fixture;
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
+        Fixture fixture;
+        fixture.trigger();
+        fixture.trigger();
         QCOMPARE(fixture.captures(), 1);
         fixture.skipSuppression();
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
+        fixture.trigger();
         QCOMPARE(fixture.captures(), 2);
-        QTRY_VERIFY(fixture.panel.isVisible());
+        QTRY_VERIFY(fixture.bar.isShown());
+
+        fixture.platform.copyRequest().onCopy = {}; // a capture that fails hides the bar
+        fixture.skipSuppression();
+        fixture.trigger();
+        QTRY_VERIFY(!fixture.bar.isShown());
     }
 
     void excludedApplicationIsCopiedFromButGetsNoBar()
     {
-        DetectorFixture fixture;
+        Fixture fixture;
         fixture.config.excludedBundleIds = { u"org.test.Editor"_s };
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
+        fixture.trigger();
         QCOMPARE(fixture.captures(), 1);
         QTest::qWait(250); // twice the time that the bar would need
-        QVERIFY(!fixture.panel.isVisible());
+        QVERIFY(!fixture.bar.isShown());
 
-        fixture.skipSuppression(); // exclusion is exact, and needs an identifier
-        for (const auto &identifier :
+        for (const auto &identifier : // exclusion is exact, and needs an identifier
              { std::optional(u"org.test.editor"_s), std::optional<QString>() }) {
-            fixture.platform.workspace().front->bundleIdentifier = identifier;
-            fixture.send(Kind::keyDown, KeyCodes::keyF2);
-            QTRY_VERIFY(fixture.panel.isVisible());
-            fixture.panel.hide();
             fixture.skipSuppression();
+            fixture.platform.workspace().front->bundleIdentifier = identifier;
+            fixture.trigger();
+            QTRY_VERIFY(fixture.bar.isShown());
+            fixture.bar.hide();
         }
-    }
 
-    void failedCaptureHidesTheBar()
-    {
-        DetectorFixture fixture;
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
-        QTRY_VERIFY(fixture.panel.isVisible());
-        fixture.platform.copyRequest().onCopy = {};
         fixture.skipSuppression();
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
-        QVERIFY(fixture.panel.isVisible());
-        QTRY_VERIFY(!fixture.panel.isVisible());
-    }
-
-    void withoutAccessNothingIsSent()
-    {
-        DetectorFixture fixture;
         fixture.platform.workspace().missing = { u"XTEST"_s };
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
-        QCOMPARE(fixture.captures(), 0);
+        fixture.trigger();
+        QCOMPARE(fixture.captures(), 3); // without access nothing is sent
     }
 
     void destructionEndsTheMonitoring()
     {
-        DetectorFixture fixture;
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
+        Fixture fixture;
+        fixture.trigger();
         fixture.detector.reset(); // with a capture under way
         QTest::qWait(250); // twice the time that the bar would need
-        QVERIFY(!fixture.panel.isVisible());
+        QVERIFY(!fixture.bar.isShown());
         fixture.skipSuppression();
-        fixture.send(Kind::keyDown, KeyCodes::keyF2);
+        fixture.trigger();
         QCOMPARE(fixture.captures(), 1);
     }
 };
 
-QTEST_MAIN(tst_SelectionDetector)
+QTEST_GUILESS_MAIN(tst_SelectionDetector)
 #include "tst_SelectionDetector.moc"
