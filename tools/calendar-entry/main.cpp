@@ -46,9 +46,9 @@ int main(int argc, char *argv[])
     const QString text = withNormalizedLineEnds(QString::fromUtf8(input.readAll())).trimmed();
     if (text.isEmpty())
         return fail(u"There is no text on standard input."_s);
-    const CalendarFile file = writeCalendarFile(entryFrom(text, QDateTime::currentDateTime()));
-    if (!file.error.isEmpty())
-        return fail(file.error);
-    const auto opened = xdgOpen(file.path);
+    const Result<QString> path = writeCalendarFile(entryFrom(text, QDateTime::currentDateTime()));
+    if (!path)
+        return fail(path.error().reason);
+    const auto opened = xdgOpen(*path);
     return opened ? EXIT_SUCCESS : fail(opened.error().reason);
 }

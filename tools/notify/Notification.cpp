@@ -21,7 +21,7 @@ constexpr int replyTimeout = 5000; ///< milliseconds
 constexpr int serversOwnExpiry = -1;
 
 /// Servers cut off what they have no room for; this only keeps the messages small.
-constexpr qsizetype longestText = 4000;
+constexpr qsizetype maxText = 4000;
 
 QDBusMessage call(const QString &method, const QVariantList &arguments = {})
 {
@@ -32,18 +32,18 @@ QDBusMessage call(const QString &method, const QVariantList &arguments = {})
 
 }
 
-QString Notification::show()
+Result<void> Notification::show()
 {
     const QDBusReply<QStringList> abilities = call(u"GetCapabilities"_s);
     if (!abilities.isValid())
-        return u"The desktop shows no notifications: "_s + abilities.error().message();
+        return Failure { u"The desktop shows no notifications: "_s + abilities.error().message() };
 
     QString summary = title;
     QStringList lines { subtitle, text };
     if (summary.isEmpty())
         summary = lines.takeLast();
     lines.removeAll(QString());
-    QString body = displayable(lines.join(u'\n').left(longestText));
+    QString body = displayable(lines.join(u'\n').left(maxText));
     if (abilities.value().contains(u"body-markup"_s))
         body = body.toHtmlEscaped();
     QStringList actions;
@@ -57,10 +57,10 @@ QString Notification::show()
     }
     const QDBusReply<uint> id
         = call(u"Notify"_s,
-               { u"Tessel"_s, uint(0), u"tessel"_s, displayable(summary.left(longestText)), body,
+               { u"Tessel"_s, uint(0), u"tessel"_s, displayable(summary.left(maxText)), body,
                  actions, QVariantMap(), serversOwnExpiry });
     if (!id.isValid())
-        return u"The notification was refused: "_s + id.error().message();
+        return Failure { u"The notification was refused: "_s + id.error().message() };
     m_id = id.value();
     if (actions.isEmpty())
         QMetaObject::invokeMethod(this, &Notification::finished, Qt::QueuedConnection);

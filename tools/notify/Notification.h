@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
+
 #include <QObject>
-#include <QString>
 
 namespace Tessel {
 
@@ -19,9 +20,8 @@ public:
     QString subtitle;
     QString file; ///< a path; empty: nothing to open
 
-    /// Nothing, or why it cannot be shown. Afterwards finished() comes at once or when the user has
-    /// done something with it.
-    [[nodiscard]] QString show();
+    /// Afterwards finished() comes at once or when the user has done something with it.
+    [[nodiscard]] Result<void> show();
 
 Q_SIGNALS:
     void finished();

@@ -32,8 +32,8 @@ int main(int argc, char *argv[])
     notification.subtitle = request[u"subtitle"].toString();
     notification.file = request[u"file"].toString();
     QObject::connect(&notification, &Notification::finished, qApp, &QCoreApplication::quit);
-    if (const QString reason = notification.show(); !reason.isEmpty())
-        background.fail(reason);
+    if (const Result<void> shown = notification.show(); !shown)
+        background.fail(shown.error().reason);
     background.succeed();
     QTimer::singleShot(1min, qApp, &QCoreApplication::quit);
     return QCoreApplication::exec();

@@ -16,7 +16,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr qsizetype longestLine = 75; // octets, RFC 5545 section 3.1
+constexpr qsizetype maxLine = 75; // octets, RFC 5545 section 3.1
 constexpr int secondsPerHour = 3600;
 
 QString escaped(QString text)
@@ -36,14 +36,14 @@ bool isContinuationByte(char byte)
 QByteArray folded(const QByteArray &line)
 {
     QByteArray result;
-    qsizetype room = longestLine;
+    qsizetype room = maxLine;
     for (qsizetype from = 0; from < line.size();) {
         qsizetype to = std::min(from + room, line.size());
         while (to < line.size() && isContinuationByte(line.at(to)))
             --to;
         result += (from == 0 ? "" : "\r\n ") + line.sliced(from, to - from);
         from = to;
-        room = longestLine - 1;
+        room = maxLine - 1;
     }
     return result + "\r\n";
 }
@@ -161,19 +161,19 @@ QByteArray toICalendar(const CalendarEntry &entry, const QString &identifier, co
     return lines.bytes();
 }
 
-CalendarFile writeCalendarFile(const CalendarEntry &entry)
+Result<QString> writeCalendarFile(const CalendarEntry &entry)
 {
     const QString folder = calendarFolder();
     if (!isPrivateFolder(folder))
-        return { {}, folder + u" is not a folder of this user alone."_s };
+        return Failure { folder + u" is not a folder of this user alone."_s };
     removeOldFiles(folder);
     QTemporaryFile file(folder + u"/entry-XXXXXX.ics"_s); // created with O_EXCL and mode 0600
     file.setAutoRemove(false);
     const QString identifier = QUuid::createUuid().toString(QUuid::WithoutBraces);
     const QByteArray bytes = toICalendar(entry, identifier, QDateTime::currentDateTime());
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
-        return { {}, file.errorString() };
-    return { file.fileName(), {} };
+        return Failure { file.errorString() };
+    return file.fileName();
 }
 
 }

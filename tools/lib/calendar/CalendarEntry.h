@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -33,16 +35,9 @@ struct CalendarEntry
 [[nodiscard]] QByteArray toICalendar(const CalendarEntry &entry, const QString &identifier,
                                      const QDateTime &now);
 
-/// Where the entry was written, or why it was not; one of the two is empty.
-struct CalendarFile
-{
-    QString path;
-    QString error;
-};
-
 /// Writes the entry to a new file that only this user can read, in "tessel" below $XDG_RUNTIME_DIR
-/// or else a private folder among the temporary files. Removes files of this kind that are older
-/// than a day.
-[[nodiscard]] CalendarFile writeCalendarFile(const CalendarEntry &entry);
+/// or else a private folder among the temporary files, and returns its path. Removes files of this
+/// kind that are older than a day.
+[[nodiscard]] Result<QString> writeCalendarFile(const CalendarEntry &entry);
 
 }

@@ -103,10 +103,10 @@ Value CalendarApplication::perform(const Invocation &invocation)
             apply(field, entry);
     }
     checkTimes(entry);
-    const CalendarFile file = writeCalendarFile(entry);
-    if (!file.error.isEmpty())
-        fail(ScriptError::notAllowed, file.error + u'.');
-    check(host().desktop.open(file.path, {}));
+    const Result<QString> path = writeCalendarFile(entry);
+    if (!path)
+        fail(ScriptError::notAllowed, path.error().reason + u'.');
+    check(host().desktop.open(*path, {}));
     return Value(element(className->name, entry.summary));
 }
 
