@@ -4,6 +4,7 @@
 
 #include "base/HelperFolder.h"
 #include "base/Log.h"
+#include "windows/ReleaseNotes.h"
 #include "windows/UpdateWindow.h"
 
 #include <QDir>
@@ -73,10 +74,11 @@ UpdateWindow::Content contentFor(const QJsonObject &result, const QString &curre
 {
     const QString status = result.value("status"_L1).toString();
     if (status == u"newer") {
+        const QString version = plainText(result.value("displayVersion"_L1).toString());
         return { u"A new version is available"_s,
-                 u"Tessel %1 is available. You have %2."_s.arg(
-                     result.value("displayVersion"_L1).toString(), current),
-                 result.value("notes"_L1).toString(), result.value("link"_L1).toString() };
+                 u"Tessel %1 is available. You have %2."_s.arg(version.simplified(), current),
+                 plainText(result.value("notes"_L1).toString()),
+                 result.value("link"_L1).toString() };
     }
     if (status == u"current")
         return { u"You have the newest version"_s, u"Tessel %1"_s.arg(current), {}, {} };

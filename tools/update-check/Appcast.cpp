@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "update-check/Appcast.h"
 
-#include "update-check/ReleaseNotes.h"
 #include "update-check/Version.h"
 
 #include <QXmlStreamReader>
 
+#include <optional>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -16,8 +16,9 @@ namespace Tessel {
 namespace {
 
 constexpr QStringView sparkle = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
-constexpr qsizetype longestDisplayVersion = 64;
-constexpr qsizetype longestLink = 2048;
+constexpr qsizetype maxDisplayVersion = 64; // characters, as the others
+constexpr qsizetype maxLink = 2048;
+constexpr qsizetype maxNotes = 65536;
 
 struct Item
 {
@@ -89,14 +90,13 @@ bool isOffered(const Item &item)
 Release releaseFrom(const Item &item)
 {
     Release release { .version = item.version,
-                      .displayVersion = plainText(item.shortVersion).simplified(),
+                      .displayVersion = item.shortVersion.simplified().left(maxDisplayVersion),
                       .link = item.link.isEmpty() ? item.releaseNotesLink : item.link,
-                      .notes = plainText(item.description) };
-    release.displayVersion.truncate(longestDisplayVersion);
+                      .notes = item.description.left(maxNotes) };
     setOnce(release.displayVersion, item.version);
-    if (release.link.size() > longestLink)
+    if (release.link.size() > maxLink)
         release.link.clear();
-    setOnce(release.notes, plainText(item.title + u'\n' + item.releaseNotesLink));
+    setOnce(release.notes, (item.title + u'\n' + item.releaseNotesLink).left(maxNotes));
     return release;
 }
 
@@ -113,7 +113,7 @@ void enterRoot(QXmlStreamReader &xml)
 
 }
 
-AppcastResult parseAppcast(const QByteArray &bytes)
+Result<Release> parseAppcast(const QByteArray &bytes)
 {
     QXmlStreamReader xml(bytes);
     std::optional<Item> newest;
@@ -133,10 +133,10 @@ AppcastResult parseAppcast(const QByteArray &bytes)
     while (!xml.atEnd()) // what follows has to be well-formed, too
         xml.readNext();
     if (xml.hasError())
-        return { {}, u"The update feed is not valid: %1."_s.arg(xml.errorString()) };
+        return Failure { u"The update feed is not valid: %1."_s.arg(xml.errorString()) };
     if (!newest)
-        return { {}, u"The update feed names no version."_s };
-    return { releaseFrom(*newest), {} };
+        return Failure { u"The update feed names no version."_s };
+    return releaseFrom(*newest);
 }
 
 }

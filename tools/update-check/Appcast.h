@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-
-#include <optional>
+#include "base/Result.h"
 
 namespace Tessel {
 
@@ -12,25 +10,19 @@ namespace Tessel {
 struct Release
 {
     QString version; ///< what is compared; isVersion()
-    QString displayVersion; ///< what people are shown; plain text of at most 64 characters
-    QString
-        link; ///< the page about it, as the feed writes it: not checked in any way; may be empty
-    QString notes; ///< plain text, may be empty
+    // As the feed writes them, cut to a sensible size but not checked in any way: they may be
+    // hostile, and all but the first may be empty.
+    QString displayVersion; ///< what people are shown; may be HTML
+    QString link; ///< the page about it
+    QString notes; ///< may be HTML
 
     friend bool operator==(const Release &, const Release &) = default;
-};
-
-/// Exactly one of the two is there.
-struct AppcastResult
-{
-    std::optional<Release> newest;
-    QString error; ///< a sentence for the user
 };
 
 /// The item of the highest version. The form is RSS 2.0 with the elements of
 /// http://www.andymatuschak.org/xml-namespaces/sparkle, which also stand as attributes of
 /// <enclosure>. Items of a named channel or for another system do not count. A document type, which
 /// could define entities, makes the feed invalid.
-[[nodiscard]] AppcastResult parseAppcast(const QByteArray &xml);
+[[nodiscard]] Result<Release> parseAppcast(const QByteArray &xml);
 
 }

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-CheckResult judge(const Release &release, QStringView inUse, QStringView seen)
+CheckResult compareRelease(const Release &release, QStringView inUse, QStringView seen)
 {
     using enum CheckResult::Status;
     if (!seen.isEmpty() && std::is_lt(compareVersions(release.version, seen)))

@@ -25,7 +25,8 @@ struct CheckResult
 
 /// `inUse`: the version of the program. `seen`: the highest one that any validly signed feed had,
 /// may be empty.
-[[nodiscard]] CheckResult judge(const Release &release, QStringView inUse, QStringView seen);
+[[nodiscard]] CheckResult compareRelease(const Release &release, QStringView inUse,
+                                         QStringView seen);
 
 /// One JSON object on one line, with the members "status" (as the enumerator), "version",
 /// "displayVersion", "link", "notes" and "message", all strings.

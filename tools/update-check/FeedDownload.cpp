@@ -14,31 +14,28 @@ namespace Tessel {
 
 namespace {
 
-constexpr int mostRedirections = 5;
+constexpr int maxRedirections = 5;
 constexpr qint64 chunkSize = 65536; ///< what may arrive before it is counted
 
 }
 
-FeedDownload::FeedDownload(QUrl feed, Failure failure)
+FeedDownload::FeedDownload(QUrl feed)
     : m_feed(std::move(feed))
-    , m_failure(std::move(failure))
 {
 }
 
-void FeedDownload::fetch(const QUrl &address, qint64 limit, const Content &done)
+void FeedDownload::fetch(const QUrl &address, qint64 maxSize, const Done &done)
 {
-    m_limit = limit;
+    m_maxSize = maxSize;
     m_done = done;
-    m_redirectionsLeft = mostRedirections;
+    m_redirectionsLeft = maxRedirections;
     request(address);
 }
 
 void FeedDownload::request(const QUrl &address)
 {
-    if (!isFetchable(address, m_feed)) {
-        m_failure(u"The update feed is at an address that is not HTTPS."_s);
-        return;
-    }
+    if (!isFetchable(address, m_feed))
+        return report(Failure { u"The update feed is at an address that is not HTTPS."_s });
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
@@ -56,11 +53,11 @@ void FeedDownload::request(const QUrl &address)
 void FeedDownload::read(QNetworkReply *reply)
 {
     m_content += reply->readAll();
-    if (m_content.size() <= m_limit)
+    if (m_content.size() <= m_maxSize)
         return;
-    m_failure(u"The server sends more than %1 KiB."_s.arg(m_limit / 1024));
     reply->disconnect(this);
     reply->abort();
+    report(Failure { u"The server sends more than %1 KiB."_s.arg(m_maxSize / 1024) });
 }
 
 void FeedDownload::finish(QNetworkReply *reply)
@@ -70,19 +67,22 @@ void FeedDownload::finish(QNetworkReply *reply)
     const QUrl target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (status >= 300 && status < 400 && !target.isEmpty()) {
         if (m_redirectionsLeft-- > 0)
-            request(reply->url().resolved(target));
-        else
-            m_failure(u"The server redirects too many times."_s);
-    } else if (status != 0 && status != 200) {
-        m_failure(u"The server answered with status %1."_s.arg(status));
-    } else if (reply->error() == QNetworkReply::RemoteHostClosedError) {
-        m_failure(u"The connection ended before the answer was complete."_s);
-    } else if (reply->error() != QNetworkReply::NoError) {
-        m_failure(u"The server cannot be reached: %1."_s.arg(reply->errorString()));
-    } else {
-        const Content done = std::exchange(m_done, {}); // it may fetch the next file
-        done(std::exchange(m_content, {}));
+            return request(reply->url().resolved(target));
+        return report(Failure { u"The server redirects too many times."_s });
     }
+    if (status != 0 && status != 200)
+        return report(Failure { u"The server answered with status %1."_s.arg(status) });
+    if (reply->error() == QNetworkReply::RemoteHostClosedError)
+        return report(Failure { u"The connection ended before the answer was complete."_s });
+    if (reply->error() != QNetworkReply::NoError)
+        return report(Failure { u"The server cannot be reached: %1."_s.arg(reply->errorString()) });
+    report(std::exchange(m_content, {}));
+}
+
+void FeedDownload::report(const Result<QByteArray> &result)
+{
+    if (const Done done = std::exchange(m_done, {})) // it may fetch the next file
+        done(result);
 }
 
 }

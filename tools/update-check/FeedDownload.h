@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
+
 #include <QNetworkAccessManager>
 #include <QUrl>
 
@@ -18,26 +20,24 @@ class FeedDownload final : public QObject
     Q_OBJECT
 
 public:
-    using Content = std::function<void(const QByteArray &content)>;
-    using Failure = std::function<void(const QString &message)>; ///< a sentence for the user
+    using Done = std::function<void(const Result<QByteArray> &content)>;
 
-    FeedDownload(QUrl feed, Failure failure);
+    explicit FeedDownload(QUrl feed);
 
-    /// Calls `done` once with all bytes, at most `limit`, or the failure at least once. One fetch
-    /// at a time.
-    void fetch(const QUrl &address, qint64 limit, const Content &done);
+    /// Calls `done` once with all bytes, at most `maxSize`. One fetch at a time.
+    void fetch(const QUrl &address, qint64 maxSize, const Done &done);
 
 private:
     void request(const QUrl &address);
     void read(QNetworkReply *reply);
     void finish(QNetworkReply *reply);
+    void report(const Result<QByteArray> &result);
 
     QUrl m_feed;
-    Failure m_failure;
     QNetworkAccessManager m_network;
     QByteArray m_content;
-    qint64 m_limit = 0;
-    Content m_done;
+    qint64 m_maxSize = 0;
+    Done m_done; ///< empty once it was called
     int m_redirectionsLeft = 0;
 };
 

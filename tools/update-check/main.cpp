@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 feedLimit = 1 << 20;
-constexpr qint64 signatureLimit = 1 << 10;
+constexpr qint64 maxFeedSize = 1 << 20;
+constexpr qint64 maxSignatureSize = 1 << 10;
 
 struct Question
 {
@@ -50,18 +50,17 @@ Question questionFrom(const QCoreApplication &app)
              parser.value(current), parser.value(seen), parser.value(timeout).toInt() };
 }
 
-CheckResult failed(const QString &message)
+CheckResult failed(const Failure &failure)
 {
-    return { CheckResult::Status::error, {}, message };
+    return { CheckResult::Status::error, {}, failure.reason };
 }
 
 CheckResult answer(const Question &question, const QByteArray &feed, const QByteArray &signature)
 {
     if (!isSignedBy(question.publicKey, signature, feed))
-        return failed(u"The signature of the update feed is not valid."_s);
-    const AppcastResult appcast = parseAppcast(feed);
-    return appcast.newest ? judge(*appcast.newest, question.inUse, question.seen)
-                          : failed(appcast.error);
+        return failed({ u"The signature of the update feed is not valid."_s });
+    const Result<Release> newest = parseAppcast(feed);
+    return newest ? compareRelease(*newest, question.inUse, question.seen) : failed(newest.error());
 }
 
 }
@@ -78,15 +77,17 @@ int main(int argc, char *argv[])
             result = outcome;
         QCoreApplication::quit();
     };
-    FeedDownload download(question.feed,
-                          [&finish](const QString &message) { finish(failed(message)); });
+    FeedDownload download(question.feed);
     QTimer::singleShot(question.timeout, &app,
-                       [&finish] { finish(failed(u"The server did not answer in time."_s)); });
+                       [&finish] { finish(failed({ u"The server did not answer in time."_s })); });
     QTimer::singleShot(0, &app, [&] {
-        download.fetch(question.feed, feedLimit, [&](const QByteArray &feed) {
-            download.fetch(signatureAddress(question.feed), signatureLimit,
-                           [&finish, &question, feed](const QByteArray &signature) {
-                               finish(answer(question, feed, signature));
+        download.fetch(question.feed, maxFeedSize, [&](const Result<QByteArray> &feed) {
+            if (!feed)
+                return finish(failed(feed.error()));
+            download.fetch(signatureAddress(question.feed), maxSignatureSize,
+                           [&finish, &question, feed](const Result<QByteArray> &signature) {
+                               finish(signature ? answer(question, *feed, *signature)
+                                                : failed(signature.error()));
                            });
         });
     });

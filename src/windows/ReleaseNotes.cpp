@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "update-check/ReleaseNotes.h"
+#include "windows/ReleaseNotes.h"
 
 #include <QRegularExpression>
+#include <QTextDocumentFragment>
 
 using namespace Qt::StringLiterals;
 
@@ -10,8 +11,8 @@ namespace Tessel {
 
 namespace {
 
-constexpr qsizetype longestSource = 65536;
-constexpr qsizetype longestResult = 20000;
+constexpr qsizetype maxSource = 65536;
+constexpr qsizetype maxResult = 20000;
 
 QRegularExpression expression(const QString &pattern)
 {
@@ -20,6 +21,8 @@ QRegularExpression expression(const QString &pattern)
                                   | QRegularExpression::DotMatchesEverythingOption);
 }
 
+/// Not by QTextDocumentFragment: nested tags cost it a quadratic time, up to 14 seconds (Qt 6.4),
+/// and a table of forty bytes can have a billion cells.
 QString withoutTags(QString html)
 {
     html.remove(expression(u"<!--.*?-->|<(script|style|head)\\b.*?</\\1\\s*>"_s));
@@ -27,14 +30,14 @@ QString withoutTags(QString html)
     html.replace(expression(u"\\s*<li\\b[^<>]*>\\s*"_s), u"\n• "_s);
     html.replace(expression(u"\\s*</?(br|p|div|h[1-6]|ul|ol)\\b[^<>]*>\\s*"_s), u"\n"_s);
     html.remove(expression(u"</?[a-z][^<>]*>"_s));
-    const std::pair<QString, QString> references[] {
-        { u"&lt;"_s, u"<"_s },    { u"&gt;"_s, u">"_s },   { u"&quot;"_s, u"\""_s },
-        { u"&apos;"_s, u"'"_s },  { u"&#39;"_s, u"'"_s },  { u"&rsquo;"_s, u"’"_s },
-        { u"&ndash;"_s, u"–"_s }, { u"&nbsp;"_s, u" "_s }, { u"&amp;"_s, u"&"_s },
-    };
-    for (const auto &[reference, character] : references)
-        html.replace(reference, character);
     return html;
+}
+
+/// Without any tag there is nothing to nest or to load. All white space stays.
+QString withoutReferences(QString text)
+{
+    text.replace(u'<', u"&lt;"_s);
+    return QTextDocumentFragment::fromHtml(u"<pre>"_s + text + u"</pre>"_s).toPlainText();
 }
 
 /// Also the embeddings, overrides and isolates of the Unicode Bidirectional Algorithm (UAX #9).
@@ -45,19 +48,23 @@ bool isUnwanted(QChar character)
         || (code >= u'\u202a' && code <= u'\u202e') || (code >= u'\u2066' && code <= u'\u2069');
 }
 
+QString tidied(QString text)
+{
+    text.removeIf(isUnwanted); // the CR of CR LF, too
+    text.replace(expression(u"[ \\t]+\\n"_s), u"\n"_s);
+    text.replace(expression(u"\\n{3,}"_s), u"\n\n"_s);
+    return text.trimmed();
 }
 
-QString plainText(QString notes)
+}
+
+QString plainText(QString text)
 {
-    notes.truncate(longestSource);
-    notes.removeIf(isUnwanted); // the CR of CR LF, too
-    if (notes.contains(expression(u"</?[a-z][^<>]*>"_s)))
-        notes = withoutTags(notes);
-    notes.replace(expression(u"[ \\t]+\\n"_s), u"\n"_s);
-    notes.replace(expression(u"\\n{3,}"_s), u"\n\n"_s);
-    notes = notes.trimmed();
-    notes.truncate(longestResult);
-    return notes;
+    text.truncate(maxSource);
+    text.removeIf(isUnwanted);
+    if (text.contains(expression(u"</?[a-z][^<>]*>"_s)))
+        text = withoutTags(text);
+    return tidied(withoutReferences(tidied(text))).left(maxResult);
 }
 
 }
