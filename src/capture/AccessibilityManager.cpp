@@ -22,7 +22,7 @@ namespace Tessel {
 namespace {
 
 constexpr qint64 pollInterval = 100; // milliseconds
-constexpr qint64 lastPoll = 5;
+constexpr qint64 maxPolls = 5;
 
 QCoro::Task<> sleepFor(qint64 milliseconds)
 {
@@ -94,11 +94,11 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application)
 
     // A poll that had to wait for the owner takes the place of those that fell due meanwhile.
     const auto elapsed = [this, start] { return m_dependencies.clock() - start; };
-    for (qint64 poll = 1; poll <= lastPoll; poll = qMax(poll + 1, elapsed() / pollInterval + 1)) {
+    for (qint64 poll = 1; poll <= maxPolls; poll = qMax(poll + 1, elapsed() / pollInterval + 1)) {
         co_await sleepFor(poll * pollInterval - elapsed());
         if (pasteboard.changeCount() <= before)
             continue;
-        const qint64 rest = lastPoll * pollInterval - elapsed();
+        const qint64 rest = maxPolls * pollInterval - elapsed();
         const auto text
             = co_await pasteboard.string(std::chrono::milliseconds(qMax(pollInterval, rest)));
         if (text && !text->isEmpty())

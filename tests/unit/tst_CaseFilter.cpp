@@ -20,20 +20,15 @@ private Q_SLOTS:
         const auto row = [](const char *name, bool upper, const char *text, const char *expected) {
             QTest::newRow(name) << upper << QByteArray(text) << QByteArray(expected);
         };
-        row("ASCII", true, "Hello, World 1\n", "HELLO, WORLD 1\n");
-        row("accents, Cyrillic, Greek", true, "é ж ά", "É Ж Ά");
-        row("no case", true, "한글 漢字 🙂", "한글 漢字 🙂");
+        row("scripts", true, "Hello 1\né ж ά 한글 🙂\n", "HELLO 1\nÉ Ж Ά 한글 🙂\n");
         row("longer", true, "straße ﬃ ΐ", "STRASSE FFI \u0399\u0308\u0301");
         row("no Turkish", true, "iı", "II");
         row("lower", false, "ÀЖΑΣ ΣΑ.\nİ", "àжας σα.\ni̇");
         row("not UTF-8", true,
-            "a\xff"
-            "b\xc3(\xed\xa0\x80"
-            "c\xe2\x82",
-            "A\xff"
-            "B\xc3(\xed\xa0\x80"
-            "C\xe2\x82");
-        row("nothing", true, "", "");
+            "z\xff"
+            "y\xc3(\xed\xa0\x80x\xe2\x82",
+            "Z\xff"
+            "Y\xc3(\xed\xa0\x80X\xe2\x82");
     }
 
     /// The same whether the bytes come all at once or one by one.

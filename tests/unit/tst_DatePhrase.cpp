@@ -29,56 +29,35 @@ private Q_SLOTS:
         };
 
         // Korean
-        row(u"오늘 저녁 7시 약속"_s, u"2026-11-21 19:00"_s);
-        row(u"내일 회의"_s, u"2026-11-22"_s);
         row(u"모레 오전 10시 30분"_s, u"2026-11-23 10:30"_s);
-        row(u"내일모레 봐요"_s, u"2026-11-23"_s);
-        row(u"글피까지"_s, u"2026-11-24"_s);
         row(u"다음 주 월요일 오후 3시 반"_s, u"2026-11-23 15:30"_s);
         row(u"다다음주 금요일"_s, u"2026-12-04"_s);
-        row(u"이번 주 일요일"_s, u"2026-11-22"_s);
         row(u"이번주 금요일에 만나"_s, u"2026-11-27"_s);
-        row(u"수요일에"_s, u"2026-11-25"_s);
         row(u"토요일"_s, u"2026-11-28"_s);
-        row(u"11월 25일 오후 3시 30분 회의"_s, u"2026-11-25 15:30"_s);
-        row(u"2026년 11월 25일"_s, u"2026-11-25"_s);
         row(u"2025년 3월 1일에 있었던 일"_s, u"2025-03-01"_s);
         row(u"1월 5일"_s, u"2027-01-05"_s);
         row(u"25일(수) 14:00"_s, u"2026-11-25 14:00"_s);
         row(u"20일 오전"_s, u"2026-12-20"_s);
-        row(u"3일 후"_s, u"2026-11-24"_s);
         row(u"2주 뒤에"_s, u"2026-12-05"_s);
         row(u"사흘 뒤 밤 12시"_s, u"2026-11-25 00:00"_s);
         row(u"3개월 후"_s, u"2027-02-21"_s);
         row(u"저녁 일곱 시에 만나자"_s, u"2026-11-21 19:00"_s);
         row(u"오전 9시에 만나자"_s, u"2026-11-22 09:00"_s);
-        row(u"내일 정오"_s, u"2026-11-22 12:00"_s);
         row(u"2026. 12. 1. 오후 2:15"_s, u"2026-12-01 14:15"_s);
         row(u"내일"_s.normalized(QString::NormalizationForm_D), u"2026-11-22"_s);
 
         // English
-        row(u"Lunch tomorrow at noon"_s, u"2026-11-22 12:00"_s);
         row(u"the day after tomorrow at 15:30"_s, u"2026-11-23 15:30"_s);
         row(u"Dinner tonight at 8"_s, u"2026-11-21 20:00"_s);
-        row(u"next Monday, 9:30 am"_s, u"2026-11-23 09:30"_s);
         row(u"See you on Friday at 3"_s, u"2026-11-27 15:00"_s);
-        row(u"by Wed"_s, u"2026-11-25"_s);
         row(u"This Saturday"_s, u"2026-11-21"_s);
-        row(u"Nov 25"_s, u"2026-11-25"_s);
-        row(u"November 25th, 2027 3pm"_s, u"2027-11-25 15:00"_s);
         row(u"25 November, 3-5 p.m."_s, u"2026-11-25 15:00"_s);
         row(u"the 1st of May"_s, u"2027-05-01"_s);
-        row(u"2026-11-25 15:30"_s, u"2026-11-25 15:30"_s);
         row(u"2026-11-25T03:30:00"_s, u"2026-11-25 03:30"_s);
-        row(u"Deploy 2026-11-25 03:30"_s, u"2026-11-25 03:30"_s);
-        row(u"11/25"_s, u"2026-11-25"_s);
         row(u"due 2/3"_s, u"2027-02-03"_s);
         row(u"25/11/2026"_s, u"2026-11-25"_s);
-        row(u"25.11.2026"_s, u"2026-11-25"_s);
         row(u"Feb 29"_s, u"2028-02-29"_s);
-        row(u"in 3 days"_s, u"2026-11-24"_s);
         row(u"in two weeks, at 9:15"_s, u"2026-12-05 09:15"_s);
-        row(u"a week from now"_s, u"2026-11-28"_s);
         row(u"Call at 1:30pm"_s, u"2026-11-22 13:30"_s);
         row(u"tomorrow at midnight"_s, u"2026-11-23 00:00"_s);
         row(u"tomorrow at 7 in the morning"_s, u"2026-11-22 07:00"_s);
@@ -86,51 +65,36 @@ private Q_SLOTS:
 
         // Chinese
         row(u"今天下午三点半开会"_s, u"2026-11-21 15:30"_s);
-        row(u"明天上午10点"_s, u"2026-11-22 10:00"_s);
-        row(u"后天"_s, u"2026-11-23"_s);
         row(u"大后天见"_s, u"2026-11-24"_s);
         row(u"下周一早上九点一刻"_s, u"2026-11-23 09:15"_s);
-        row(u"这周五"_s, u"2026-11-27"_s);
         row(u"下下周三"_s, u"2026-12-02"_s);
         row(u"星期五晚上8点20"_s, u"2026-11-27 20:20"_s);
-        row(u"11月25日14:00"_s, u"2026-11-25 14:00"_s);
         row(u"十一月二十五日"_s, u"2026-11-25"_s);
         row(u"2026年12月1日"_s, u"2026-12-01"_s);
-        row(u"三天后"_s, u"2026-11-24"_s);
         row(u"两个星期后"_s, u"2026-12-05"_s);
-        row(u"明晚七点"_s, u"2026-11-22 19:00"_s);
 
         // What only looks like one.
-        for (const char16_t *text : { u"",
-                                      u"Version 1.2.3 and 10.15.7",
+        for (const char16_t *text : { u"Version 1.2.3 and 10.15.7",
                                       u"It costs $12.50",
                                       u"You may 5 of them keep",
-                                      u"march 5 miles",
                                       u"open 24/7",
                                       u"1/2 cup of milk, 3/4",
-                                      u"a 10/10 film",
                                       u"ratio 16:9, score 3:30",
-                                      u"John 3:16",
                                       u"the sun sat down",
                                       u"192.168.1.25",
                                       u"at 100 percent",
-                                      u"at 5 dollars each",
                                       u"in 3 words",
-                                      u"2026",
                                       u"call 555-1234",
                                       u"오늘날의 세계",
                                       u"3시간 동안",
-                                      u"네 시간",
                                       u"다시 혹시 잠시",
                                       u"1월 40일",
                                       u"한시적으로",
                                       u"3일 동안",
                                       u"有一点问题",
                                       u"一周三次",
-                                      u"以下两点",
                                       u"上周五",
                                       u"3小时",
-                                      u"13月1日",
                                       u"2026-13-45" })
             row(QString::fromUtf16(text), QString());
     }

@@ -9,14 +9,14 @@ namespace Tessel {
 
 namespace {
 
-constexpr qsizetype mostCharacters = 4000;
+constexpr qsizetype maxCharacters = 4000;
 constexpr int minutesPerDay = 24 * 60;
 
 }
 
 std::optional<DatePhrase> findDatePhrase(const QString &wholeText, const QDateTime &now)
 {
-    const QString text = wholeText.left(mostCharacters).normalized(QString::NormalizationForm_C);
+    const QString text = wholeText.left(maxCharacters).normalized(QString::NormalizationForm_C);
     const auto day = findDay(text, now.date());
     const auto time = findTime(text, day.has_value(), day && day->isEvening);
     if (!time)

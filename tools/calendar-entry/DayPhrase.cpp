@@ -5,6 +5,7 @@
 #include "calendar-entry/NumberWords.h"
 
 #include <QList>
+#include <QLocale>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -14,7 +15,7 @@ namespace Tessel {
 namespace {
 
 using Match = QRegularExpressionMatch;
-using Result = std::optional<DayPhrase>;
+using Found = std::optional<DayPhrase>;
 
 /// English verbs are spelled like two months and an abbreviation: those need their capital.
 constexpr auto months
@@ -23,7 +24,7 @@ constexpr auto months
       u"|Mar(?:ch)?|MAR(?:CH)?|May|MAY)";
 constexpr auto hanNumber = u"(?:\\d{1,2}|[一二三四五六七八九十]{1,3})";
 
-Result on(QDate date)
+Found on(QDate date)
 {
     return date.isValid() ? std::optional(DayPhrase { date }) : std::nullopt;
 }
@@ -41,13 +42,15 @@ QDate rolledForward(int month, int day, QDate today)
 
 int monthFrom(QStringView text)
 {
-    constexpr QStringView names = u"jan feb mar apr may jun jul aug sep oct nov dec";
-    const auto at = names.indexOf(text.left(3), 0, Qt::CaseInsensitive);
-    return at >= 0 && text.size() >= 3 ? static_cast<int>(at / 4) + 1
-                                       : numberFromWords(text).value_or(0);
+    for (int month = 1; month <= 12; ++month) {
+        if (text.startsWith(QLocale::c().monthName(month, QLocale::ShortFormat),
+                            Qt::CaseInsensitive))
+            return month;
+    }
+    return numberFromWords(text).value_or(0);
 }
 
-Result calendarDay(const Match &match, QDate today)
+Found calendarDay(const Match &match, QDate today)
 {
     int month = monthFrom(match.capturedView(u"month"));
     int day = numberFromWords(match.capturedView(u"day")).value_or(0);
@@ -59,7 +62,7 @@ Result calendarDay(const Match &match, QDate today)
     return on(QDate(year.toInt() + (year.size() == 2 ? 2000 : 0), month, day));
 }
 
-Result dayOfMonth(const Match &match, QDate today)
+Found dayOfMonth(const Match &match, QDate today)
 {
     const int day = match.capturedView(u"day").toInt();
     for (const int ahead : { 0, 1, 2 }) {
@@ -71,7 +74,7 @@ Result dayOfMonth(const Match &match, QDate today)
     return {};
 }
 
-Result namedDay(const Match &match, QDate today)
+Found namedDay(const Match &match, QDate today)
 {
     struct Word
     {
@@ -94,7 +97,7 @@ Result namedDay(const Match &match, QDate today)
     return on(today.addDays(2)); // the day after tomorrow, however it is spaced
 }
 
-Result afterSomeTime(const Match &match, QDate today)
+Found afterSomeTime(const Match &match, QDate today)
 {
     const auto number = numberFromWords(match.capturedView(u"number"));
     const QString unit = match.captured(u"unit").toLower();
@@ -109,10 +112,10 @@ Result afterSomeTime(const Match &match, QDate today)
 
 int weekdayFrom(QStringView name)
 {
-    constexpr QStringView english = u"mon tue wed thu fri sat sun";
-    if (const auto at = english.indexOf(name.left(3), 0, Qt::CaseInsensitive);
-        name.size() >= 3 && at >= 0)
-        return static_cast<int>(at / 4) + 1;
+    for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
+        if (name.startsWith(QLocale::c().dayName(day, QLocale::ShortFormat), Qt::CaseInsensitive))
+            return day;
+    }
     for (const QStringView names : { u"월화수목금토일", u"一二三四五六日", u"一二三四五六天" }) {
         if (const auto at = names.indexOf(name); at >= 0)
             return static_cast<int>(at) + 1;
@@ -120,7 +123,7 @@ int weekdayFrom(QStringView name)
     return 0;
 }
 
-Result weekday(const Match &match, QDate today)
+Found weekday(const Match &match, QDate today)
 {
     QString week = match.captured(u"week").toLower();
     week.remove(u' ');
@@ -140,10 +143,10 @@ Result weekday(const Match &match, QDate today)
 struct Rule
 {
     QRegularExpression pattern;
-    Result (*day)(const Match &match, QDate today);
+    Found (*day)(const Match &match, QDate today);
 };
 
-Rule rule(const QString &pattern, Result (*day)(const Match &, QDate))
+Rule rule(const QString &pattern, Found (*day)(const Match &, QDate))
 {
     return { QRegularExpression(pattern, QRegularExpression::UseUnicodePropertiesOption), day };
 }
@@ -232,7 +235,7 @@ const QList<Rule> &rules()
 
 std::optional<DayPhrase> findDay(const QString &text, QDate today)
 {
-    Result first;
+    Found first;
     qsizetype begin = text.size();
     qsizetype end = begin;
     for (const Rule &rule : rules()) {
@@ -241,7 +244,7 @@ std::optional<DayPhrase> findDay(const QString &text, QDate today)
             const Match match = matches.next();
             const bool isBetter = match.capturedStart() < begin
                 || (match.capturedStart() == begin && match.capturedEnd() > end);
-            const Result day = isBetter ? rule.day(match, today) : std::nullopt;
+            const Found day = isBetter ? rule.day(match, today) : std::nullopt;
             if (!day)
                 continue;
             first = day;

@@ -20,9 +20,9 @@ namespace Tessel {
 
 namespace {
 
-constexpr qsizetype longestLabel = 700;
-constexpr qsizetype mostLabelLines = 14;
-constexpr int widestButtonText = 240;
+constexpr qsizetype maxLabel = 700;
+constexpr qsizetype maxLabelLines = 14;
+constexpr int maxButtonText = 240;
 
 struct Layout
 {
@@ -91,7 +91,7 @@ QWidget *textOfWideWords(const QString &text, const QFont &font)
 QWidget *DialogParts::textView(const QString &text, QFont::Weight weight)
 {
     const QString shown = displayable(withNormalizedLineEnds(text));
-    if (shown.size() > longestLabel || shown.count(u'\n') >= mostLabelLines)
+    if (shown.size() > maxLabel || shown.count(u'\n') >= maxLabelLines)
         return scrollingText(shown);
     QFont font = QApplication::font("QLabel");
     font.setWeight(weight);
@@ -111,7 +111,7 @@ QPushButton *DialogParts::button(const QString &text)
 {
     auto *button = new QPushButton;
     const QString shown = button->fontMetrics().elidedText(
-        withControlPictures(text).replace(u'\n', u' '), Qt::ElideMiddle, widestButtonText);
+        withControlPictures(text).replace(u'\n', u' '), Qt::ElideMiddle, maxButtonText);
     button->setText(QString(shown).replace(u'&', u"&&"_s));
     button->setAccessibleName(text);
     button->setAutoDefault(false);

@@ -19,20 +19,20 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 12;
-constexpr int fewestRows = 5;
-constexpr int mostRows = 14;
+constexpr int minRows = 5;
+constexpr int maxRows = 14;
 
 /// As high as its items, within bounds.
 int preferredHeight(const QListWidget &list)
 {
-    const int shown = std::min(list.count(), mostRows);
+    const int shown = std::min(list.count(), maxRows);
     int row = shown > 0 ? list.sizeHintForRow(0) : list.fontMetrics().lineSpacing();
     int all = 0;
     for (int i = 0; i < shown; ++i) {
         row = std::min(row, list.sizeHintForRow(i));
         all += list.sizeHintForRow(i);
     }
-    return std::clamp(all, fewestRows * row, mostRows * row) + 2 * list.frameWidth();
+    return std::clamp(all, minRows * row, maxRows * row) + 2 * list.frameWidth();
 }
 
 }

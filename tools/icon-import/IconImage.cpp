@@ -15,7 +15,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr quint32 longestSide = 16'384; ///< pixels; four bytes each, within the memory limit
+constexpr quint32 maxSide = 16'384; ///< pixels; four bytes each, within the memory limit
 
 /// libtiff reads the bytes through these.
 struct Source
@@ -78,8 +78,8 @@ QImage readTiff(const QByteArray &bytes)
     quint32 width = 0;
     quint32 height = 0;
     if (!tiff || !TIFFGetField(tiff.get(), TIFFTAG_IMAGEWIDTH, &width)
-        || !TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height) || width > longestSide
-        || height > longestSide)
+        || !TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height) || width > maxSide
+        || height > maxSide)
         return {};
     QImage image(int(width), int(height), QImage::Format_RGBA8888_Premultiplied);
     if (image.isNull()

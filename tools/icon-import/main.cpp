@@ -12,16 +12,16 @@ using namespace Tessel;
 
 namespace {
 
-constexpr int longestSide = 128; // pixels of what is written
-[[maybe_unused]] constexpr rlim_t memoryLimit = rlim_t { 2 } << 30;
-constexpr rlim_t timeLimit = 20; // seconds of processor time
+constexpr int maxSide = 128; // pixels of what is written
+[[maybe_unused]] constexpr rlim_t maxMemory = rlim_t { 2 } << 30;
+constexpr rlim_t maxTime = 20; // seconds of processor time
 
 void limitResources()
 {
-    const rlimit time { timeLimit, timeLimit };
+    const rlimit time { maxTime, maxTime };
     ::setrlimit(RLIMIT_CPU, &time);
 #ifndef __SANITIZE_ADDRESS__ // which reserves terabytes
-    const rlimit memory { memoryLimit, memoryLimit };
+    const rlimit memory { maxMemory, maxMemory };
     ::setrlimit(RLIMIT_AS, &memory);
 #endif
 }
@@ -48,9 +48,8 @@ int main(int argc, char *argv[])
     QImage image = readIconImage(source.readAll());
     if (image.isNull())
         return fail(QStringLiteral("not an image that can be read: ") + source.fileName());
-    if (std::max(image.width(), image.height()) > longestSide)
-        image
-            = image.scaled(longestSide, longestSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (std::max(image.width(), image.height()) > maxSide)
+        image = image.scaled(maxSide, maxSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QSaveFile target(QFile::decodeName(argv[2]));
     if (!target.open(QIODevice::WriteOnly) || !image.save(&target, "PNG") || !target.commit())
         return fail(target.errorString());

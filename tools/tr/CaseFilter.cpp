@@ -13,7 +13,7 @@ namespace Tessel {
 namespace {
 
 /// A longer line is not kept for the sake of its last word.
-constexpr std::size_t longestLine = 1 << 16;
+constexpr std::size_t maxLine = 1 << 16;
 
 /// So many bytes make up whole characters, or never will.
 std::size_t completeSize(std::string_view bytes)
@@ -60,7 +60,7 @@ std::string CaseFilter::feed(std::string_view bytes)
     m_waiting += bytes;
     const std::size_t lines = m_waiting.rfind('\n') + 1; // 0 when there is none
     const std::size_t ready
-        = lines == 0 && m_waiting.size() > longestLine ? completeSize(m_waiting) : lines;
+        = lines == 0 && m_waiting.size() > maxLine ? completeSize(m_waiting) : lines;
     std::string result = mapped(std::string_view(m_waiting).substr(0, ready));
     m_waiting.erase(0, ready);
     return result;

@@ -10,7 +10,6 @@ struct UCaseMap;
 
 namespace Tessel {
 
-
 /// Maps a stream of UTF-8 to upper or lower case: full case mapping of Unicode, the same in every
 /// locale. What is not UTF-8 goes through unchanged.
 class CaseFilter final
