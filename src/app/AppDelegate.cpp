@@ -11,12 +11,14 @@
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
 #include "config/ResourceBundle.h"
+#include "platform/Appearance.h"
 #include "platform/CopyRequest.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"
 #include "windows/ApplicationIcon.h"
 #include "windows/LargeTypeWindow.h"
+#include "windows/Theme.h"
 #include "windows/WindowStyle.h"
 
 #include <QMessageBox>
@@ -64,9 +66,12 @@ void AppDelegate::applicationDidFinishLaunching()
                         &UpdaterController::checkForUpdates, Qt::UniqueConnection);
                 reporter.showError(title, message);
             });
-    connect(
-        &ActionManager::shared(), &ActionManager::largeTypeRequested, this,
-        [&platform](const QString &text) { LargeTypeWindow::show(platform.popupHost(), text); });
+    connect(&ActionManager::shared(), &ActionManager::largeTypeRequested, this,
+            [&platform](const QString &text) {
+                LargeTypeWindow::show(
+                    platform.popupHost(), text,
+                    themeFor(ConfigManager::shared().themeMode, platform.appearance().isDark()));
+            });
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {

@@ -19,7 +19,7 @@
 #include "windows/AboutWindow.h"
 #include "windows/ApplicationIcon.h"
 #include "windows/ErrorPanel.h"
-#include "windows/PanelTheme.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QPixmapCache>
@@ -135,21 +135,14 @@ void MenuBarManager::openSettings()
     m_settingsWindowController->showWindow();
 }
 
-ErrorPanel *MenuBarManager::errorWindow() const
-{
-    return m_errorWindow;
-}
-
 void MenuBarManager::showError(const QString &title, const QString &message)
 {
     if (m_errorWindow)
         m_errorWindow->close();
-    const bool isDark = panelTheme(m_dependencies.config.themeMode,
-                                   m_dependencies.platform.appearance().isDark(), true)
-                            .isDark;
-    m_errorWindow = new ErrorPanel(m_dependencies.platform.popupHost(),
-                                   m_icons.image(QStringLiteral("exclamationmark.triangle.fill")),
-                                   title, message, isDark);
+    m_errorWindow = new ErrorPanel(
+        m_dependencies.platform.popupHost(),
+        m_icons.image(QStringLiteral("exclamationmark.triangle.fill")), title, message,
+        themeFor(m_dependencies.config.themeMode, m_dependencies.platform.appearance().isDark()));
     connect(m_errorWindow, &ErrorPanel::copyRequested, this,
             [this](const QString &text) { m_dependencies.platform.pasteboard().setString(text); });
     m_dependencies.platform.popupHost().locate().then(

@@ -51,9 +51,6 @@ public:
     void openSettings();
     void showError(const QString &title, const QString &message);
 
-    [[nodiscard]] QMenu &menu() { return m_menu; }
-    [[nodiscard]] ErrorPanel *errorWindow() const;
-
 Q_SIGNALS:
     void updateCheckRequested();
 

@@ -4,6 +4,7 @@
 
 #include "config/ResourceBundle.h"
 #include "config/TemplateImage.h"
+#include "windows/Theme.h"
 
 #include <QPainter>
 
@@ -38,12 +39,10 @@ QIcon trayIcon(const ResourceBundle &bundle, bool isDesktopDark)
     QImage artwork = bundle.iconImage(QStringLiteral("MenuBarIcon"));
     if (artwork.isNull())
         artwork = bundle.iconImage(QStringLiteral("phosphor_star"));
-    const QColor light(245, 245, 245);
-    const QColor dark(45, 45, 45);
+    const Theme::Tray &colors = themeFor(ThemeMode::system, isDesktopDark).tray;
     QIcon icon;
     for (const int pixels : { 22, 44 })
-        icon.addPixmap(
-            outlined(artwork, isDesktopDark ? light : dark, isDesktopDark ? dark : light, pixels));
+        icon.addPixmap(outlined(artwork, colors.image, colors.contour, pixels));
     return icon;
 }
 

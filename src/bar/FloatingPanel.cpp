@@ -15,6 +15,7 @@
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
+#include "windows/Theme.h"
 
 namespace Tessel {
 
@@ -106,10 +107,8 @@ void FloatingPanel::forgetText()
 void FloatingPanel::updateTheme()
 {
     reloadButtons();
-    const bool isCompositing = m_dependencies.popupHost.isCompositing();
-    m_window.setTheme(panelTheme(m_dependencies.config.themeMode,
-                                 m_dependencies.appearance.isDark(), isCompositing),
-                      isCompositing);
+    m_window.setTheme(themeFor(m_dependencies.config.themeMode, m_dependencies.appearance.isDark()),
+                      m_dependencies.popupHost.isCompositing());
 }
 
 void FloatingPanel::reloadButtons()

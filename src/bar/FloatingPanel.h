@@ -43,9 +43,7 @@ public:
     void show(const PopupLocation &at, const QString &text, bool makeKey) override;
     void hide() override;
 
-    [[nodiscard]] bool isVisible() const { return m_phase == Phase::shown; }
     [[nodiscard]] const QString &currentText() const { return m_currentText; }
-    [[nodiscard]] PanelWindow &window() { return m_window; }
 
     void reloadButtons();
     void updateTheme();

@@ -5,6 +5,7 @@
 #include "bar/PanelLayout.h"
 #include "bar/TooltipWindow.h"
 #include "config/TemplateImage.h"
+#include "windows/Theme.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -17,28 +18,19 @@ namespace Tessel {
 namespace {
 
 constexpr int iconExtent = 18;
-constexpr int textSize = 12;
 constexpr int textPadding = 6;
-constexpr int cornerRadius = 4;
-constexpr int shortcutSize = 8;
 constexpr QPoint shortcutOffset(3, 2);
 constexpr auto flashTime = 150ms;
-
-QFont sized(QFont font, int pixels, QFont::Weight weight)
-{
-    font.setPixelSize(pixels);
-    font.setWeight(weight);
-    return font;
-}
 
 }
 
 HoverButton::HoverButton(PopupHost &host, QWidget *parent)
     : QAbstractButton(parent)
     , m_host(host)
+    , m_theme(&themeFor(ThemeMode::light, false))
 {
     setFocusPolicy(Qt::NoFocus);
-    setFont(sized(font(), textSize, QFont::Medium));
+    setFont(sized(font(), FontSize::barText, QFont::Medium));
 }
 
 HoverButton::~HoverButton() = default;
@@ -52,11 +44,11 @@ void HoverButton::setTemplateImage(const QImage &image)
     update();
 }
 
-void HoverButton::setTheme(const PanelTheme &theme)
+void HoverButton::setTheme(const Theme &theme)
 {
-    if (m_theme.icon != theme.icon)
+    if (m_theme->bar.icon != theme.bar.icon)
         m_tinted = {};
-    m_theme = theme;
+    m_theme = &theme;
     update();
 }
 
@@ -89,24 +81,24 @@ void HoverButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_isFlashing || m_isHovered) {
-        QColor ground = m_theme.highlight;
+        QColor ground = m_theme->bar.highlight;
         if (m_isFlashing) {
             ground = palette().color(QPalette::Highlight);
             ground.setAlphaF(0.5F);
         }
         painter.setPen(Qt::NoPen);
         painter.setBrush(ground);
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+        painter.drawRoundedRect(rect(), CornerRadius::barButton, CornerRadius::barButton);
     }
     if (text().isEmpty()) {
         drawIcon(painter);
     } else {
-        painter.setPen(m_theme.icon);
+        painter.setPen(m_theme->bar.icon);
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     }
     if (!m_shortcut.isEmpty()) {
-        painter.setFont(sized(font(), shortcutSize, QFont::Normal));
-        painter.setPen(m_theme.shortcut);
+        painter.setFont(sized(font(), FontSize::barShortcut));
+        painter.setPen(m_theme->bar.shortcut);
         painter.drawText(rect().translated(shortcutOffset), Qt::AlignLeft | Qt::AlignTop,
                          m_shortcut);
     }
@@ -118,10 +110,8 @@ void HoverButton::drawIcon(QPainter &painter)
         return;
     const double scale = devicePixelRatioF();
     if (m_tinted.isNull() || !qFuzzyCompare(m_tinted.devicePixelRatio(), scale))
-        m_tinted = TemplateImage::tintedPixmap(m_template, m_theme.icon, iconExtent, scale);
-    const QSizeF size = m_tinted.deviceIndependentSize();
-    painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2),
-                       m_tinted);
+        m_tinted = TemplateImage::tintedPixmap(m_template, m_theme->bar.icon, iconExtent, scale);
+    TemplateImage::drawCentred(painter, m_tinted, rect());
 }
 
 void HoverButton::enterEvent(QEnterEvent *)
@@ -130,8 +120,8 @@ void HoverButton::enterEvent(QEnterEvent *)
     update();
     if (!showsTooltip || !hoverToolTipText)
         return;
-    m_tooltip = std::make_unique<TooltipWindow>(m_host, *hoverToolTipText,
-                                                mapToGlobal(QPoint(width() / 2, 0)));
+    m_tooltip = std::make_unique<TooltipWindow>(
+        m_host, *hoverToolTipText, mapToGlobal(QPoint(width() / 2, 0)), m_theme->bubble);
     m_tooltip->show();
 }
 

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "windows/PanelTheme.h"
-
 #include <QAbstractButton>
 #include <QImage>
 
@@ -15,6 +13,7 @@ namespace Tessel {
 
 class PopupHost;
 class TooltipWindow;
+struct Theme;
 
 /// A button of the bar: a tinted icon or a short text, a tiny shortcut letter in its corner, and a
 /// tooltip bubble of its own.
@@ -33,7 +32,7 @@ public:
 
     /// A template image: only its alpha counts. Null shows the button's text instead.
     void setTemplateImage(const QImage &image);
-    void setTheme(const PanelTheme &theme);
+    void setTheme(const Theme &theme);
     void setShortcut(std::optional<char> character); ///< nothing clears it
 
     /// Width that the text needs, or the standard one.
@@ -53,7 +52,7 @@ private:
     void drawIcon(QPainter &painter);
 
     PopupHost &m_host;
-    PanelTheme m_theme;
+    const Theme *m_theme;
     QImage m_template;
     QPixmap m_tinted; ///< in device pixels; made anew when the image, tint or scale changes
     QString m_shortcut;

@@ -6,11 +6,12 @@
 #include "bar/PopEffect.h"
 #include "base/KeyCodes.h"
 #include "platform/PopupHost.h"
+#include "windows/Theme.h"
+#include "windows/WindowShape.h"
 
 #include <QEasingCurve>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <qdrawutil.h>
 
 #include <algorithm>
@@ -22,15 +23,13 @@ namespace Tessel {
 
 namespace {
 
-constexpr int cornerRadius = 8;
+constexpr int cornerRadius = CornerRadius::bar;
 constexpr auto fadeInTime = 200ms;
 constexpr auto fadeOutTime = 150ms;
 constexpr auto popTime = 250ms;
 constexpr double popFrom = 0.8;
 /// Where the fade is one display frame after its start: the first frame is to be seen.
 constexpr double firstOpacity = 0.15;
-constexpr auto longestPress = 3s; ///< for a key whose release never comes
-constexpr auto afterRelease = 50ms; ///< a key that repeats is released and pressed again at once
 
 QEasingCurve cubicBezier(QPointF first, QPointF second)
 {
@@ -51,11 +50,10 @@ double distanceToEdge(QPointF point, const QRectF &rect)
 
 /// The soft shadow around a bar, with a hole where the translucent bar itself is. Made pixel by
 /// pixel: paths of this kind would start Qt's painting threads.
-QImage shadow(QSize extent, const QRectF &bar, double scale)
+QImage shadow(QSize extent, const QRectF &bar, const QColor &color, double scale)
 {
     constexpr double depth = 17;
     constexpr double drop = 2;
-    constexpr double darkness = 0.2;
     QImage image(extent * scale, QImage::Format_ARGB32_Premultiplied);
     for (int row = 0; row < image.height(); ++row) {
         auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(row));
@@ -64,7 +62,8 @@ QImage shadow(QSize extent, const QRectF &bar, double scale)
             const double away = distanceToEdge(point - QPointF(0, drop), bar);
             const double nearness = std::clamp(1 - away / depth, 0.0, 1.0);
             const double outside = std::clamp(distanceToEdge(point, bar) * scale + 0.5, 0.0, 1.0);
-            pixels[column] = qRgba(0, 0, 0, int(255 * darkness * nearness * nearness * outside));
+            const int alpha = int(color.alpha() * nearness * nearness * outside);
+            pixels[column] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
         }
     }
     image.setDevicePixelRatio(scale);
@@ -81,7 +80,7 @@ class PanelWindow::Ground final : public QWidget
 public:
     using QWidget::QWidget;
 
-    void set(const PanelTheme &theme, bool isTranslucent)
+    void set(const Theme::Bar &theme, bool isTranslucent)
     {
         m_theme = theme;
         m_isTranslucent = isTranslucent;
@@ -108,13 +107,14 @@ private:
     {
         const QSize extent(2 * corner + 2, 2 * corner + 2);
         const QRectF bar = QRect(QPoint(), extent).marginsRemoved(PanelLayout::barMargins);
-        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, scale));
+        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, m_theme.shadow, scale));
+        const QColor &ground = m_theme.ground.color(m_isTranslucent);
         if (!m_isTranslucent)
-            pixmap.fill(m_theme.material);
+            pixmap.fill(ground);
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(m_theme.material);
+        painter.setBrush(ground);
         painter.drawRoundedRect(bar, cornerRadius, cornerRadius);
         painter.setPen(QPen(m_theme.border, 1));
         painter.setBrush(Qt::NoBrush);
@@ -123,7 +123,7 @@ private:
         return pixmap;
     }
 
-    PanelTheme m_theme;
+    Theme::Bar m_theme;
     bool m_isTranslucent = true;
     QPixmap m_tile;
 };
@@ -145,11 +145,6 @@ PanelWindow::PanelWindow(PopupHost &host)
     connect(&m_fade, &QVariantAnimation::finished, this, [this] {
         if (m_fade.endValue().toDouble() == 0)
             vanish();
-    });
-    m_keyDown.setSingleShot(true);
-    connect(&m_keyDown, &QTimer::timeout, this, [this] {
-        if (const auto run = std::exchange(m_afterKeys, {}))
-            run();
     });
     m_popping.setDuration(int(popTime.count()));
     m_popping.setEasingCurve(cubicBezier({ 0.175, 0.885 }, { 0.32, 1.275 }));
@@ -184,10 +179,10 @@ void PanelWindow::arrange()
     m_ground->resize(m_layout.window);
 }
 
-void PanelWindow::setTheme(const PanelTheme &theme, bool isCompositing)
+void PanelWindow::setTheme(const Theme &theme, bool isCompositing)
 {
     m_isCompositing = isCompositing;
-    m_ground->set(theme, m_isCompositing);
+    m_ground->set(theme.bar, m_isCompositing);
     for (HoverButton *button : std::as_const(m_buttons))
         button->setTheme(theme);
 }
@@ -206,27 +201,13 @@ void PanelWindow::warmUp()
     grab();
 }
 
-/// Where nothing is blended the window itself gets the bar's shape.
-void PanelWindow::updateShape()
-{
-    if (m_isCompositing) {
-        if (!mask().isEmpty())
-            clearMask();
-        return;
-    }
-    QPainterPath shape;
-    shape.addRoundedRect(m_layout.bar, cornerRadius, cornerRadius);
-    setMask(QRegion(shape.toFillPolygon().toPolygon()));
-}
-
 void PanelWindow::fadeIn(QPoint place)
 {
     create();
     m_fade.stop();
     m_popping.stop();
-    if (!m_afterKeys)
-        m_keyDown.stop(); // the release of the key that hid the bar went elsewhere
-    updateShape();
+    m_key.reset(); // the release of the key that hid the bar went elsewhere
+    shapeWindow(*this, roundedRectangle(m_layout.bar, cornerRadius), m_isCompositing);
     move(place);
     const QRectF bar = m_layout.bar;
     m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
@@ -266,7 +247,7 @@ void PanelWindow::vanish()
 
 void PanelWindow::keyPressEvent(QKeyEvent *event)
 {
-    m_keyDown.start(longestPress);
+    m_key.press();
     if (event->isAutoRepeat())
         return;
     const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
@@ -276,16 +257,12 @@ void PanelWindow::keyPressEvent(QKeyEvent *event)
 
 void PanelWindow::keyReleaseEvent(QKeyEvent *)
 {
-    if (m_keyDown.isActive())
-        m_keyDown.start(afterRelease);
+    m_key.release();
 }
 
 void PanelWindow::whenKeysAreUp(std::function<void()> run)
 {
-    if (m_keyDown.isActive())
-        m_afterKeys = std::move(run);
-    else
-        run();
+    m_key.whenUp(std::move(run));
 }
 
 }

@@ -4,10 +4,9 @@
 
 #include "bar/PanelKeys.h"
 #include "bar/PanelLayout.h"
-#include "windows/PanelTheme.h"
+#include "windows/HeldKey.h"
 
 #include <QPixmap>
-#include <QTimer>
 #include <QVariantAnimation>
 #include <QWidget>
 
@@ -18,6 +17,7 @@ namespace Tessel {
 class HoverButton;
 class PopEffect;
 class PopupHost;
+struct Theme;
 
 /// The bar on the screen: draws its rounded ground and shadow, holds the buttons, fades and pops.
 class PanelWindow final : public QWidget
@@ -34,7 +34,7 @@ public:
     /// Arranges the buttons in use by their preferred widths.
     void arrange();
 
-    void setTheme(const PanelTheme &theme, bool isCompositing);
+    void setTheme(const Theme &theme, bool isCompositing);
 
     /// Shows the window at a place (top-left corner, global logical pixels), fading and popping in
     /// where the desktop can blend.
@@ -61,7 +61,6 @@ private:
 
     void create();
     void vanish();
-    void updateShape();
 
     PopupHost &m_host;
     Ground *m_ground; ///< fills the window; the buttons are its children
@@ -71,8 +70,7 @@ private:
     QVariantAnimation m_fade;
     QVariantAnimation m_popping;
     bool m_isCompositing = true;
-    QTimer m_keyDown; ///< runs while a key is down
-    std::function<void()> m_afterKeys;
+    HeldKey m_key; ///< that the bar was used with
 };
 
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "windows/Theme.h"
+
 #include <QWidget>
 
 namespace Tessel {
@@ -15,7 +17,7 @@ class TooltipWindow final : public QWidget
 
 public:
     /// `tip`: where the arrow points, in global logical pixels.
-    TooltipWindow(PopupHost &host, const QString &text, QPoint tip);
+    TooltipWindow(PopupHost &host, const QString &text, QPoint tip, const Theme::Bubble &theme);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -25,6 +27,7 @@ private:
 
     QString m_text;
     bool m_isCompositing;
+    Theme::Bubble m_theme;
 };
 
 }

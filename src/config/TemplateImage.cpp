@@ -25,4 +25,11 @@ QPixmap TemplateImage::tintedPixmap(const QImage &image, const QColor &color, in
     return pixmap;
 }
 
+void TemplateImage::drawCentred(QPainter &painter, const QPixmap &pixmap, const QRectF &place)
+{
+    QRectF target(QPointF(), pixmap.deviceIndependentSize());
+    target.moveCenter(place.center());
+    painter.drawPixmap(target.topLeft(), pixmap);
+}
+
 }

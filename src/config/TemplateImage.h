@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QPixmap>
 
+class QPainter;
+
 namespace Tessel {
 
 /// Template images: only their alpha counts, the colour is given where they are drawn.
@@ -17,6 +19,8 @@ namespace TemplateImage {
 /// The same as a pixmap of the given logical pixels, sharp at the scale.
 [[nodiscard]] QPixmap tintedPixmap(const QImage &image, const QColor &color, int extent,
                                    double scale);
+
+void drawCentred(QPainter &painter, const QPixmap &pixmap, const QRectF &place);
 
 }
 

@@ -87,7 +87,7 @@ void ActionsDelegate::paintCheckBox(QPainter *painter, const QStyleOptionViewIte
     box.rect.moveCenter(option.rect.center());
     box.state = QStyle::State_Enabled | (isOn ? QStyle::State_On : QStyle::State_Off);
     if (option.state & QStyle::State_Selected && isOn) {
-        box.palette.setColor(QPalette::Highlight, Qt::white);
+        box.palette.setColor(QPalette::Highlight, option.palette.color(QPalette::HighlightedText));
         box.palette.setColor(QPalette::HighlightedText, option.palette.color(QPalette::Highlight));
     }
     styleOf(option)->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
@@ -105,9 +105,7 @@ void ActionsDelegate::paintIcon(QPainter *painter, const QStyleOptionViewItem &o
             return;
         pixmap = TemplateImage::tintedPixmap(image, color, iconExtent, scale);
     }
-    QRectF place(QPointF(), pixmap.deviceIndependentSize());
-    place.moveCenter(QRectF(option.rect).center());
-    painter->drawPixmap(place.topLeft(), pixmap);
+    TemplateImage::drawCentred(*painter, pixmap, option.rect);
 }
 
 QRect ActionsDelegate::buttonRect(const QRect &cell)

@@ -4,6 +4,7 @@
 
 #include "settings/ActionsDelegate.h"
 #include "settings/ActionsModel.h"
+#include "windows/Theme.h"
 
 #include <QScopedValueRollback>
 
@@ -14,7 +15,6 @@ namespace Tessel {
 namespace {
 
 constexpr int headerHeight = 26;
-constexpr int fontSize = 11; // pixels
 constexpr int labelMargin = 12;
 constexpr int maxTitleWidth = 240; ///< pixels that the titles may take at first
 
@@ -50,9 +50,7 @@ ActionsHeaderView::ActionsHeaderView(const ActionsModel &model, QWidget *parent)
     : QHeaderView(Qt::Horizontal, parent)
     , m_model(model)
 {
-    QFont small = font();
-    small.setPixelSize(fontSize);
-    setFont(small);
+    setFont(sized(font(), FontSize::caption));
     setFixedHeight(headerHeight);
     setHighlightSections(false);
     setMinimumSectionSize(30);

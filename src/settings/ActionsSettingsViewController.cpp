@@ -25,8 +25,9 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
     , m_dependencies(dependencies)
     , m_model(new ActionsModel(dependencies.config, dependencies.localization, this))
     , m_tableView(new ActionsTableView(m_model, dependencies.icons))
-    , m_title(label(u"Actions:"_s, 14, QFont::Bold))
-    , m_hint(secondaryLabel(u"Use {text} as placeholder\nPress ⌘+Enter to save"_s, 11))
+    , m_title(label(u"Actions:"_s, FontSize::title, QFont::Bold))
+    , m_hint(
+          secondaryLabel(u"Use {text} as placeholder\nPress ⌘+Enter to save"_s, FontSize::caption))
     , m_resetButton(new QPushButton(u"Reset Defaults"_s))
 {
     setupUI();

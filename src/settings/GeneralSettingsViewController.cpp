@@ -103,9 +103,9 @@ QWidget *GeneralSettingsViewController::appearanceSection()
         row->addWidget(part);
     }
     row->addStretch();
-    return section(
-        u"Appearance"_s,
-        { rows, separator(), label(u"App Icon"_s, 13, QFont::DemiBold), iconGrid(), separator() });
+    return section(u"Appearance"_s,
+                   { rows, separator(), label(u"App Icon"_s, FontSize::text, QFont::DemiBold),
+                     iconGrid(), separator() });
 }
 
 QWidget *GeneralSettingsViewController::languageRow()
@@ -155,7 +155,7 @@ QWidget *GeneralSettingsViewController::iconGrid()
         auto *column = new QWidget;
         QBoxLayout *parts = stack(column, Qt::Vertical, 4);
         parts->addWidget(button, 0, Qt::AlignHCenter);
-        parts->addWidget(secondaryLabel(title, 11), 0, Qt::AlignHCenter);
+        parts->addWidget(secondaryLabel(title, FontSize::caption), 0, Qt::AlignHCenter);
         columns->addWidget(column);
     }
     columns->addStretch();
@@ -205,9 +205,9 @@ QWidget *GeneralSettingsViewController::exclusionSection()
     control->addSegment(m_dependencies.icons.image(u"minus"_s), u"Remove"_s);
     connect(control, &SegmentedControl::triggered, this,
             &GeneralSettingsViewController::handleExcludedAppsAction);
-    return section(
-        u"Exclusion"_s,
-        { label(text("Excluded Apps"), 13, QFont::DemiBold), excludedAppsTable(), control });
+    return section(u"Exclusion"_s,
+                   { label(text("Excluded Apps"), FontSize::text, QFont::DemiBold),
+                     excludedAppsTable(), control });
 }
 
 QWidget *GeneralSettingsViewController::excludedAppsTable()

@@ -4,6 +4,7 @@
 
 #include "config/IconResolver.h"
 #include "config/TemplateImage.h"
+#include "windows/Theme.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -17,7 +18,7 @@ namespace Tessel {
 namespace {
 
 constexpr int iconExtent = 20;
-constexpr double radius = 6;
+constexpr double radius = CornerRadius::tile;
 
 }
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "settings/IconSelectionButton.h"
 
+#include "config/TemplateImage.h"
+#include "windows/Theme.h"
+
 #include <QPainter>
 
 #include <cmath>
@@ -11,7 +14,7 @@ namespace Tessel {
 namespace {
 
 constexpr int inset = 12;
-constexpr double radius = 10;
+constexpr double radius = CornerRadius::picture;
 constexpr int glow = 10; ///< reach of the shadow, whose blur is twice as wide
 
 /// The rectangle with a shadow of its own colour around it.
@@ -59,11 +62,12 @@ void IconSelectionButton::paintEvent(QPaintEvent *)
     if (m_isSelectedIcon)
         drawGlowingRectangle(&painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset),
                              accent);
-    QRectF place(QPointF(), m_picture.deviceIndependentSize());
-    place.moveCenter(QRectF(rect()).center());
-    painter.drawPixmap(place.topLeft(), m_picture);
-    if (isDown())
-        painter.fillRect(rect(), QColor(0, 0, 0, 25));
+    TemplateImage::drawCentred(painter, m_picture, rect());
+    if (isDown()) {
+        QColor shade = palette().color(QPalette::Shadow);
+        shade.setAlpha(25);
+        painter.fillRect(rect(), shade);
+    }
     if (hasFocus()) {
         painter.setPen(QPen(accent, 2));
         painter.setBrush(Qt::NoBrush);

@@ -28,7 +28,7 @@ QWidget *SettingsLayout::section(const QString &title, const QList<QWidget *> &w
 {
     auto *section = new QWidget;
     QBoxLayout *layout = stack(section, Qt::Vertical, 16);
-    layout->addWidget(secondaryLabel(title, 15, QFont::Bold));
+    layout->addWidget(secondaryLabel(title, FontSize::section, QFont::Bold));
     for (QWidget *widget : widgets)
         layout->addWidget(widget);
     return section;
@@ -46,10 +46,7 @@ QWidget *SettingsLayout::separator()
 QLabel *SettingsLayout::label(const QString &text, int pixels, QFont::Weight weight)
 {
     auto *label = new QLabel(text);
-    QFont font = label->font();
-    font.setPixelSize(pixels);
-    font.setWeight(weight);
-    label->setFont(font);
+    label->setFont(sized(label->font(), pixels, weight));
     label->setTextFormat(Qt::PlainText);
     return label;
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "windows/Theme.h"
+
 #include <QBoxLayout>
 #include <QLabel>
 
@@ -20,7 +22,7 @@ QBoxLayout *stack(QWidget *widget, Qt::Orientation orientation, int spacing);
 [[nodiscard]] QWidget *section(const QString &title, const QList<QWidget *> &widgets);
 
 [[nodiscard]] QWidget *separator();
-[[nodiscard]] QLabel *label(const QString &text, int pixels = 13,
+[[nodiscard]] QLabel *label(const QString &text, int pixels = FontSize::text,
                             QFont::Weight weight = QFont::Normal);
 [[nodiscard]] QLabel *secondaryLabel(const QString &text, int pixels,
                                      QFont::Weight weight = QFont::Normal);

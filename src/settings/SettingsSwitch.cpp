@@ -35,7 +35,7 @@ void SettingsSwitch::paintEvent(QPaintEvent *)
     QRectF knob(0, 0, groove.height() - 4, groove.height() - 4);
     knob.moveCenter({ isChecked() ? groove.x() + groove.width() - round : groove.x() + round,
                       groove.center().y() });
-    painter.setBrush(Qt::white);
+    painter.setBrush(palette().color(QPalette::HighlightedText));
     painter.drawEllipse(knob);
 }
 

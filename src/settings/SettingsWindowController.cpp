@@ -14,6 +14,7 @@
 #include "settings/SettingsLayout.h"
 #include "settings/ToolbarTabBar.h"
 #include "windows/ApplicationIcon.h"
+#include "windows/Theme.h"
 #include "windows/WindowCommands.h"
 
 #include <QGuiApplication>
@@ -31,7 +32,6 @@ namespace Tessel {
 namespace {
 
 constexpr QSize windowSize(810, 450);
-constexpr int fontSize = 13; // pixels
 
 }
 
@@ -42,9 +42,7 @@ SettingsWindowController::SettingsWindowController(SettingsDependencies dependen
     FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(u"Tessel Preferences"_s);
-    QFont font = this->font();
-    font.setPixelSize(fontSize);
-    setFont(font);
+    setFont(sized(font(), FontSize::text));
     setMinimumSize(windowSize);
     resize(windowSize);
     setFloating(dependencies.config.alwaysOnTop);

@@ -4,6 +4,7 @@
 
 #include "base/KeyCodes.h"
 #include "settings/KeyNames.h"
+#include "windows/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -14,7 +15,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr double radius = 5;
+constexpr double radius = CornerRadius::control;
 
 qint64 modifierBits(Qt::KeyboardModifiers modifiers)
 {

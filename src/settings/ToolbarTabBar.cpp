@@ -3,6 +3,7 @@
 #include "settings/ToolbarTabBar.h"
 
 #include "config/TemplateImage.h"
+#include "windows/Theme.h"
 
 #include <QPainter>
 
@@ -13,7 +14,7 @@ namespace {
 constexpr QSize minTabSize(84, 54);
 constexpr int iconExtent = 24;
 constexpr int iconTop = 6;
-constexpr double radius = 6;
+constexpr double radius = CornerRadius::tile;
 
 }
 

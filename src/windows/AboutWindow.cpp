@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/AboutWindow.h"
 
+#include "windows/Theme.h"
 #include "windows/WindowCommands.h"
 
 #include <QApplication>
@@ -14,13 +15,10 @@ namespace Tessel {
 
 namespace {
 
-QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight)
+QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight = QFont::Normal)
 {
     auto *label = new QLabel(text);
-    QFont font = label->font();
-    font.setPixelSize(pixels);
-    font.setWeight(weight);
-    label->setFont(font);
+    label->setFont(sized(label->font(), pixels, weight));
     label->setAlignment(Qt::AlignCenter);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
@@ -42,7 +40,7 @@ AboutWindow::AboutWindow(const QImage &icon)
         QStringLiteral("Icons: <a href=\"https://phosphoricons.com\">Phosphor</a>, MIT<br>"
                        "Built with <a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3")
             .arg(QLatin1StringView(qVersion())),
-        12, QFont::Normal);
+        FontSize::note);
     links->setOpenExternalLinks(true);
     links->setTextInteractionFlags(Qt::TextBrowserInteraction);
 
@@ -50,12 +48,12 @@ AboutWindow::AboutWindow(const QImage &icon)
     column->setContentsMargins(48, 28, 48, 32);
     column->setSpacing(6);
     column->addWidget(picture);
-    column->addWidget(centredLabel(QStringLiteral("Tessel"), 22, QFont::Bold));
+    column->addWidget(centredLabel(QStringLiteral("Tessel"), FontSize::product, QFont::Bold));
     column->addWidget(centredLabel(
-        QStringLiteral("Version %1").arg(QApplication::applicationVersion()), 13, QFont::Normal));
+        QStringLiteral("Version %1").arg(QApplication::applicationVersion()), FontSize::text));
     column->addSpacing(10);
-    column->addWidget(centredLabel(QStringLiteral("© 2026 The Tessel developers\nMIT License"), 12,
-                                   QFont::Normal));
+    column->addWidget(
+        centredLabel(QStringLiteral("© 2026 The Tessel developers\nMIT License"), FontSize::note));
     column->addWidget(links);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -5,7 +5,9 @@
 #include "base/TextRules.h"
 #include "config/TemplateImage.h"
 #include "platform/PopupHost.h"
+#include "windows/Theme.h"
 #include "windows/WindowCommands.h"
+#include "windows/WindowShape.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -13,7 +15,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -25,44 +26,43 @@ namespace Tessel {
 namespace {
 
 constexpr QSize panelSize(340, 240);
-constexpr int cornerRadius = 12;
 constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
-constexpr QColor systemRed(255, 59, 48);
 
-QString lookOfParts(bool isDark)
+QString lookOfParts(const Theme::ErrorPanel &theme)
 {
     return QStringLiteral(
                "QLabel { color: %1; }"
-               "QPlainTextEdit { color: %1; background: %2; border: none; border-radius: 6px;"
+               "QPlainTextEdit { color: %1; background: %2; border: none; border-radius: %9px;"
                " padding: 4px; }"
                "QScrollBar { background: transparent; width: 8px; }"
-               "QScrollBar::handle { background: #808084; border-radius: 3px; margin: 1px;"
+               "QScrollBar::handle { background: %3; border-radius: 3px; margin: 1px;"
                " min-height: 24px; }"
                "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-               "QPushButton { color: %1; background: %3; border: 1px solid %4; border-radius: 6px;"
+               "QPushButton { color: %1; background: %4; border: 1px solid %5; border-radius: %9px;"
                " padding: 5px 10px; }"
-               "QPushButton:hover { background: %4; }"
-               "QPushButton:focus { border: 2px solid #0a84ff; padding: 4px 9px; }"
-               "QPushButton:default { color: white; background: #0a6cff; }")
-        .arg(isDark ? u"white" : u"black", isDark ? u"black" : u"white",
-             isDark ? u"#454547" : u"#ffffff", isDark ? u"#5c5c5e" : u"#c9c9cc");
+               "QPushButton:hover { background: %5; }"
+               "QPushButton:focus { border: 2px solid %6; padding: 4px 9px; }"
+               "QPushButton:default { color: %7; background: %8; }")
+        .arg(theme.text.name(), theme.field.name(), theme.scrollBar.name(), theme.button.name(),
+             theme.buttonBorder.name(), theme.focus.name(), theme.defaultButtonText.name(),
+             theme.defaultButton.name(), QString::number(CornerRadius::errorPanelPart));
 }
 
 }
 
 ErrorPanel::ErrorPanel(PopupHost &host, const QImage &symbol, const QString &title,
-                       const QString &message, bool isDark)
+                       const QString &message, const Theme &theme)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_host(host)
     , m_message(message)
-    , m_isDark(isDark)
+    , m_theme(theme)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(title);
     setFixedSize(panelSize);
-    setStyleSheet(lookOfParts(isDark));
+    setStyleSheet(lookOfParts(theme.errorPanel));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 12);
     column->setSpacing(12);
@@ -83,14 +83,12 @@ QWidget *ErrorPanel::header(const QImage &symbol, const QString &title)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
     auto *icon = new QLabel;
-    icon->setPixmap(TemplateImage::tintedPixmap(symbol, systemRed, 20, devicePixelRatioF()));
+    icon->setPixmap(
+        TemplateImage::tintedPixmap(symbol, m_theme.errorPanel.symbol, 20, devicePixelRatioF()));
     icon->setAccessibleName(QStringLiteral("Error"));
     auto *text = new QLabel(title);
     text->setTextFormat(Qt::PlainText);
-    QFont font = text->font();
-    font.setPixelSize(14);
-    font.setBold(true);
-    text->setFont(font);
+    text->setFont(sized(text->font(), FontSize::title, QFont::Bold));
     layout->addWidget(icon);
     layout->addWidget(text, 1);
     return row;
@@ -99,9 +97,7 @@ QWidget *ErrorPanel::header(const QImage &symbol, const QString &title)
 QWidget *ErrorPanel::messageBox(const QString &message)
 {
     auto *box = new QPlainTextEdit;
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setPixelSize(11);
-    box->setFont(font);
+    box->setFont(sized(QFontDatabase::systemFont(QFontDatabase::FixedFont), FontSize::message));
     box->setReadOnly(true);
     box->setUndoRedoEnabled(false);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -149,11 +145,7 @@ void ErrorPanel::showAt(QPoint pointer)
     move(corner);
     winId();
     m_host.adopt(windowHandle());
-    if (!m_host.isCompositing()) {
-        QPainterPath shape;
-        shape.addRoundedRect(rect(), cornerRadius, cornerRadius);
-        setMask(QRegion(shape.toFillPolygon().toPolygon()));
-    }
+    shapeWindow(*this, roundedRectangle(rect(), CornerRadius::errorPanel), m_host.isCompositing());
     show();
     raise();
     activateWindow();
@@ -164,10 +156,10 @@ void ErrorPanel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(m_isDark ? QColor(255, 255, 255, 26) : QColor(0, 0, 0, 26));
-    painter.setBrush(m_isDark ? QColor(51, 51, 51) : QColor(242, 242, 242));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
-                            cornerRadius);
+    painter.setPen(m_theme.errorPanel.border);
+    painter.setBrush(m_theme.errorPanel.ground);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), CornerRadius::errorPanel,
+                            CornerRadius::errorPanel);
 }
 
 void ErrorPanel::mousePressEvent(QMouseEvent *event)

@@ -7,7 +7,7 @@
 namespace Tessel {
 
 class PopupHost;
-struct PanelTheme;
+struct Theme;
 
 /// A small floating window that reports what went wrong with a title and a long message. Return
 /// copies the message and closes, Escape closes. Deletes itself when closed.
@@ -17,7 +17,7 @@ class ErrorPanel final : public QWidget
 
 public:
     ErrorPanel(PopupHost &host, const QImage &symbol, const QString &title, const QString &message,
-               bool isDark);
+               const Theme &theme);
 
     /// Shows the panel with its top edge ten below the pointer, inside the pointer's screen.
     void showAt(QPoint pointer);
@@ -37,7 +37,7 @@ private:
 
     PopupHost &m_host;
     QString m_message;
-    bool m_isDark;
+    const Theme &m_theme;
 };
 
 }

@@ -3,6 +3,7 @@
 #include "windows/LargeTypeWindow.h"
 
 #include "platform/PopupHost.h"
+#include "windows/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -12,31 +13,26 @@
 #include <algorithm>
 #include <iterator>
 
-using namespace std::chrono_literals;
-
 namespace Tessel {
 
 namespace {
 
-constexpr int fontSize = 72;
 constexpr double share = 0.8; ///< of the screen that the text may take, each way
 constexpr QRect withoutScreen(0, 0, 800, 600);
 /// More than fits on any screen; what is longer would only cost time to lay out.
-constexpr qsizetype mostCharacters = 20'000;
-/// For a key whose release never comes.
-constexpr auto longestPress = 3s;
-constexpr auto afterRelease = 50ms;
+constexpr qsizetype maxCharacters = 20'000;
 
 QPointer<LargeTypeWindow> shown;
 
 }
 
-void LargeTypeWindow::show(PopupHost &host, const QString &text)
+void LargeTypeWindow::show(PopupHost &host, const QString &text, const Theme &theme)
 {
-    host.locate().then(&host, [&host, text](const PopupLocation &location) {
+    host.locate().then(&host, [&host, text, &theme](const PopupLocation &location) {
         if (shown)
             shown->closeWindow();
-        auto *window = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen));
+        auto *window
+            = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen), theme);
         shown = window;
         window->winId();
         host.adopt(window->windowHandle());
@@ -45,23 +41,18 @@ void LargeTypeWindow::show(PopupHost &host, const QString &text)
     });
 }
 
-LargeTypeWindow *LargeTypeWindow::current()
-{
-    return shown;
-}
-
-LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame)
+LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame,
+                                 const Theme &theme)
     : QWidget(nullptr, host.windowFlags())
     , m_host(host)
+    , m_theme(theme)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Tessel Large Type"));
-    setAccessibleName(text.left(mostCharacters));
-    m_leaving.setSingleShot(true);
-    connect(&m_leaving, &QTimer::timeout, this, &LargeTypeWindow::closeWindow);
+    setAccessibleName(text.left(maxCharacters));
     setGeometry(frame);
-    layOut(text.left(mostCharacters));
+    layOut(text.left(maxCharacters));
 }
 
 /// Paragraph by paragraph and line by line, until the box is full.
@@ -69,9 +60,7 @@ void LargeTypeWindow::layOut(const QString &text)
 {
     const double boxWidth = width() * share;
     const double boxHeight = height() * share;
-    QFont large = font();
-    large.setPixelSize(fontSize);
-    large.setBold(true);
+    const QFont large = sized(font(), FontSize::largeType, QFont::Bold);
     QTextOption option(Qt::AlignHCenter);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     for (const QString &paragraph : text.split(u'\n')) {
@@ -97,11 +86,11 @@ void LargeTypeWindow::layOut(const QString &text)
 void LargeTypeWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(0, 0, 0, 217));
-    painter.setPen(Qt::white);
+    painter.fillRect(rect(), m_theme.largeType.veil);
+    painter.setPen(m_theme.largeType.text);
     const QRectF box(width() * (1 - share) / 2, (height() - m_textHeight) / 2, width() * share,
                      m_textHeight);
-    painter.setClipRect(box.adjusted(-fontSize, 0, fontSize, 0));
+    painter.setClipRect(box.adjusted(-FontSize::largeType, 0, FontSize::largeType, 0));
     for (const auto &paragraph : m_paragraphs)
         paragraph->draw(&painter, box.topLeft());
 }
@@ -110,21 +99,21 @@ void LargeTypeWindow::paintEvent(QPaintEvent *)
 /// is kept until the key is up, by a window that has left the screen.
 void LargeTypeWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (event->isAutoRepeat() && !m_leaving.isActive())
+    if (event->isAutoRepeat() && !m_key.isDown())
         return; // of a key that was down before
     move(-2 * width(), -2 * height());
-    m_leaving.start(longestPress);
+    m_key.press();
+    m_key.whenUp([this] { closeWindow(); });
 }
 
-/// A key that repeats is released and pressed again at once.
 void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
 {
     constexpr int modifiers[]
         = { Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_AltGr };
     const bool isModifier = std::find(std::begin(modifiers), std::end(modifiers), event->key())
         != std::end(modifiers);
-    if (m_leaving.isActive())
-        m_leaving.start(afterRelease);
+    if (m_key.isDown())
+        m_key.release();
     else if (isModifier)
         closeWindow();
 }

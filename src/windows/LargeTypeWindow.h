@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "windows/HeldKey.h"
+
 #include <QTextLayout>
-#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -12,6 +13,7 @@
 namespace Tessel {
 
 class PopupHost;
+struct Theme;
 
 /// A text in very large letters on a dark veil over the whole main screen, until the next key,
 /// change of a modifier, or click. At most one is shown.
@@ -20,10 +22,7 @@ class LargeTypeWindow final : public QWidget
     Q_OBJECT
 
 public:
-    static void show(PopupHost &host, const QString &text);
-
-    /// The window on the screen, null when there is none.
-    [[nodiscard]] static LargeTypeWindow *current();
+    static void show(PopupHost &host, const QString &text, const Theme &theme);
 
     void closeWindow();
 
@@ -34,13 +33,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame);
+    LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame, const Theme &theme);
     void layOut(const QString &text);
 
     PopupHost &m_host;
+    const Theme &m_theme;
     std::vector<std::unique_ptr<QTextLayout>> m_paragraphs; ///< only as many as can be seen
     double m_textHeight = 0;
-    QTimer m_leaving; ///< runs once a key was pressed
+    HeldKey m_key; ///< that closes the window
 };
 
 }

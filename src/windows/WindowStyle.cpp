@@ -3,6 +3,7 @@
 #include "windows/WindowStyle.h"
 
 #include "platform/Appearance.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -13,7 +14,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr double radius = 5;
+constexpr double radius = CornerRadius::control;
 constexpr int scrollBarWidth = 10;
 constexpr int itemPadding = 6;
 
@@ -132,28 +133,26 @@ void drawScrollBar(QPainter *painter, const QStyleOptionSlider *option, const QR
 
 }
 
-QPalette windowPalette(bool isDark)
+QPalette windowPalette(const Theme &theme)
 {
-    const auto pick = [isDark](QRgb light, QRgb dark) { return QColor(isDark ? dark : light); };
-    const QColor window = pick(0xf4f4f6, 0x1f1f22);
-    const QColor text = pick(0x1d1d1f, 0xf1f1f3);
-    const QColor secondary = pick(0x626267, 0xa5a5ab);
-    QPalette palette(pick(0xffffff, 0x3a3a3f), window);
+    const Theme::Window &colors = theme.window;
+    QPalette palette(colors.button, colors.ground);
     for (const auto role :
          { QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText })
-        palette.setColor(role, text);
-    palette.setColor(QPalette::Base, pick(0xffffff, 0x28282b));
-    palette.setColor(QPalette::AlternateBase, pick(0xf5f5f8, 0x2f2f33));
-    palette.setColor(QPalette::ToolTipBase, pick(0xffffff, 0x3a3a3f));
-    palette.setColor(QPalette::PlaceholderText, secondary);
-    palette.setColor(QPalette::Mid, pick(0xcfcfd5, 0x4d4d53));
-    palette.setColor(QPalette::Highlight, pick(0x1f6feb, 0x3178e6));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Link, pick(0x0b57d0, 0x7db4ff));
-    palette.setColor(QPalette::LinkVisited, pick(0x6a3fb5, 0xb79bf0));
-    palette.setColor(QPalette::BrightText, pick(0xd0021b, 0xff6b63));
+        palette.setColor(role, colors.text);
+    palette.setColor(QPalette::Base, colors.field);
+    palette.setColor(QPalette::AlternateBase, colors.alternateRow);
+    palette.setColor(QPalette::ToolTipBase, colors.button);
+    palette.setColor(QPalette::PlaceholderText, colors.secondaryText);
+    palette.setColor(QPalette::Mid, colors.line);
+    palette.setColor(QPalette::Shadow, colors.shadow);
+    palette.setColor(QPalette::Highlight, colors.accent);
+    palette.setColor(QPalette::HighlightedText, colors.accentText);
+    palette.setColor(QPalette::Link, colors.link);
+    palette.setColor(QPalette::LinkVisited, colors.visitedLink);
+    palette.setColor(QPalette::BrightText, colors.wrong);
     for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
-        palette.setColor(QPalette::Disabled, role, pick(0xa5a5ab, 0x74747a));
+        palette.setColor(QPalette::Disabled, role, colors.disabledText);
     return palette;
 }
 
@@ -168,8 +167,9 @@ void WindowStyle::apply(Appearance &appearance)
         || qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE"))
         return;
     QApplication::setStyle(new WindowStyle);
-    const auto update
-        = [&appearance] { QApplication::setPalette(windowPalette(appearance.isDark())); };
+    const auto update = [&appearance] {
+        QApplication::setPalette(windowPalette(themeFor(ThemeMode::system, appearance.isDark())));
+    };
     update();
     connect(&appearance, &Appearance::changed, qApp, update);
 }

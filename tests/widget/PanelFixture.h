@@ -11,6 +11,7 @@
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/fake/FakePlatform.h"
+#include "widget/ShownWindow.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -56,24 +57,11 @@ struct PanelFixture
         config.save();
     }
 
-    void show(const QString &text)
+    /// The bar, null when there is nothing to show.
+    PanelWindow *show(const QString &text)
     {
         panel.show(platform.popupHost().location, text, config.enableKeyboardShortcuts);
-    }
-
-    [[nodiscard]] QList<HoverButton *> buttons()
-    {
-        auto all = panel.window().findChildren<HoverButton *>();
-        all.removeIf([](const HoverButton *button) { return button->isHidden(); });
-        return all;
-    }
-
-    [[nodiscard]] QStringList shownTitles()
-    {
-        QStringList titles;
-        for (const HoverButton *button : buttons())
-            titles += button->accessibleName();
-        return titles;
+        return shownWindow<PanelWindow>();
     }
 };
 
