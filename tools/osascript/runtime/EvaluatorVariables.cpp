@@ -181,7 +181,7 @@ Value Evaluator::ownProperty(const QString &name)
     }
     if (const Value *variable = findVariable(name))
         return resolved(*variable);
-    const Value language = languageProperty(name);
+    Value language = languageProperty(name);
     if (!language.isNothing())
         return language;
     return frame().isMany ? propertyOfEach(frame().it, name) : propertyOf(frame().it, name);
