@@ -150,11 +150,10 @@ quint32 X11Connection::atom(const char *name) const
 
 QByteArray X11Connection::property(quint32 window, quint32 atom, quint32 maxBytes) const
 {
-    const XcbPtr<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(m_connection,
-                               xcb_get_property(m_connection, 0, window, atom,
-                                                XCB_GET_PROPERTY_TYPE_ANY, 0, maxBytes / 4),
-                               nullptr));
+    const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        m_connection,
+        xcb_get_property(m_connection, 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, maxBytes / 4),
+        nullptr));
     if (!reply)
         return {};
     return { static_cast<const char *>(xcb_get_property_value(reply.get())),
@@ -180,6 +179,22 @@ void X11Connection::sendMessage(quint32 destination, quint32 eventMask, quint32 
     std::copy(data.begin(), data.end(), event.data.data32);
     xcb_send_event(m_connection, 0, destination, eventMask, reinterpret_cast<const char *>(&event));
     xcb_flush(m_connection);
+}
+
+quint32 X11Connection::selectionOwner(quint32 selection) const
+{
+    const XcbPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, selection), nullptr));
+    return reply ? reply->owner : quint32(XCB_NONE);
+}
+
+quint32 X11Connection::createWindow() const
+{
+    const quint32 window = xcb_generate_id(m_connection);
+    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(m_connection, 0, window, m_root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &eventMask);
+    return window;
 }
 
 bool X11Connection::isSameClient(quint32 first, quint32 second) const

@@ -102,6 +102,12 @@ public:
     void sendMessage(quint32 destination, quint32 eventMask, quint32 window, const char *type,
                      const std::array<quint32, 5> &data);
 
+    /// The window that owns a selection; 0: none.
+    [[nodiscard]] quint32 selectionOwner(quint32 selection) const;
+
+    /// Makes an invisible window that takes part in transfers of selections.
+    [[nodiscard]] quint32 createWindow() const;
+
     /// Whether two windows (or other resources) were made by the same client.
     [[nodiscard]] bool isSameClient(quint32 first, quint32 second) const;
 

@@ -68,10 +68,7 @@ void X11CopyRequest::copySelection(const FrontApplication &application)
 
 bool X11CopyRequest::ownsPrimary(quint32 window) const
 {
-    const XcbPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.xcb(), xcb_get_selection_owner(m_connection.xcb(), XCB_ATOM_PRIMARY),
-        nullptr));
-    return reply && m_connection.isSameClient(reply->owner, window);
+    return m_connection.isSameClient(m_connection.selectionOwner(XCB_ATOM_PRIMARY), window);
 }
 
 void X11CopyRequest::copyPrimary()

@@ -128,10 +128,7 @@ bool X11PopupHost::isCompositing() const
 {
     // The compositing manager of a screen owns this selection (EWMH, section "Compositing").
     const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(m_connection.screenNumber());
-    const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        m_connection.xcb(),
-        xcb_get_selection_owner(m_connection.xcb(), m_connection.atom(name.constData())), nullptr));
-    return owner && owner->owner != XCB_NONE;
+    return m_connection.selectionOwner(m_connection.atom(name.constData())) != XCB_NONE;
 }
 
 Qt::WindowFlags X11PopupHost::windowFlags() const

@@ -31,14 +31,10 @@ X11SelectionOwner::X11SelectionOwner(X11Connection &connection, const char *sele
                                      const QByteArray &text)
     : m_connection(connection)
     , m_selection(connection.atom(selection))
-    , m_window(xcb_generate_id(connection.xcb()))
+    , m_window(connection.createWindow())
     , m_pieceSize(std::min<qsizetype>(
           maxPiece, xcb_get_setup(connection.xcb())->maximum_request_length * 4 - requestHead))
 {
-    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &eventMask);
     const quint32 utf8 = connection.atom("UTF8_STRING");
     m_contents[utf8] = m_contents[connection.atom("TEXT")] = { utf8, text };
     for (const char *name : { "text/plain;charset=utf-8", "text/plain" })
@@ -50,11 +46,8 @@ X11SelectionOwner::X11SelectionOwner(X11Connection &connection, const char *sele
 bool X11SelectionOwner::take()
 {
     m_time = currentTime();
-    xcb_connection_t *xcb = m_connection.xcb();
-    xcb_set_selection_owner(xcb, m_window, m_selection, m_time);
-    const XcbPtr<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(xcb, xcb_get_selection_owner(xcb, m_selection), nullptr));
-    m_isOwner = reply && reply->owner == m_window;
+    xcb_set_selection_owner(m_connection.xcb(), m_window, m_selection, m_time);
+    m_isOwner = m_connection.selectionOwner(m_selection) == m_window;
     return m_isOwner;
 }
 

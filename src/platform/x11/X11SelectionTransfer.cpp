@@ -33,13 +33,9 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
                                            std::chrono::milliseconds limit)
     : m_connection(connection)
     , m_selection(selection)
-    , m_window(xcb_generate_id(connection.xcb()))
+    , m_window(connection.createWindow())
     , m_property(connection.atom("TESSEL_SELECTION"))
 {
-    const quint32 eventMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(connection.xcb(), 0, m_window, connection.root(), -1, -1, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &eventMask);
     m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
     for (QTimer *timer : { &m_patience, &m_limit }) {
         timer->setSingleShot(true);

@@ -31,9 +31,7 @@ X11StatusArea::X11StatusArea(X11Connection &connection)
 
 bool X11StatusArea::hasTray() const
 {
-    const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        m_connection.xcb(), xcb_get_selection_owner(m_connection.xcb(), m_traySelection), nullptr));
-    return owner && owner->owner != XCB_NONE;
+    return m_connection.selectionOwner(m_traySelection) != XCB_NONE;
 }
 
 void X11StatusArea::handle(const X11Event &event)
