@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/XClipboard.h"
 
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11SelectionTransfer.h"
 #include "support/XcbSupport.h"
 
 #include <QSocketNotifier>
@@ -20,6 +22,19 @@ int milliseconds(std::chrono::milliseconds timeout)
     return static_cast<int>(timeout.count());
 }
 
+// The program's own connection, which is always to $DISPLAY.
+std::unique_ptr<X11Connection> connectionTo(const QByteArray &display)
+{
+    const QByteArray own = qgetenv("DISPLAY");
+    qputenv("DISPLAY", display);
+    auto connection = X11Connection::open();
+    own.isNull() ? qunsetenv("DISPLAY") : qputenv("DISPLAY", own);
+    if (!connection)
+        return nullptr;
+    (*connection)->start();
+    return *std::move(connection);
+}
+
 }
 
 class XClipboard::Private final
@@ -30,35 +45,28 @@ public:
     [[nodiscard]] xcb_atom_t atomOf(Selection selection) const;
     // Handles what has arrived.
     void dispatch();
-    void startFetch(Selection selection);
 
     Xcb::Connection connection;
+    std::unique_ptr<X11Connection> reading; // null without a server
     xcb_window_t window = XCB_NONE;
     int changes[2] = {};
     QByteArray ownText[2];
-    bool fetched = false; // the answer is complete, be it text or a refusal
-    std::optional<std::string> fetchedText;
 
 private:
     void handle(const xcb_generic_event_t &event);
     void countChange(const xcb_xfixes_selection_notify_event_t &event);
-    void receive(const xcb_selection_notify_event_t &event);
-    void receivePart(const xcb_property_notify_event_t &event);
     void serve(const xcb_selection_request_event_t &event);
-    [[nodiscard]] Xcb::Owned<xcb_get_property_reply_t> takeProperty();
 
     xcb_atom_t m_clipboard = XCB_NONE;
     xcb_atom_t m_utf8 = XCB_NONE;
     xcb_atom_t m_targets = XCB_NONE;
-    xcb_atom_t m_incr = XCB_NONE;
-    xcb_atom_t m_property = XCB_NONE;
     quint8 m_firstFixesEvent = 0;
-    bool m_inParts = false;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
 XClipboard::Private::Private(const QByteArray &display)
     : connection(xcb_connect(display.constData(), nullptr))
+    , reading(connectionTo(display))
 {
     auto *c = connection.get();
     if (xcb_connection_has_error(c))
@@ -66,13 +74,9 @@ XClipboard::Private::Private(const QByteArray &display)
     m_clipboard = Xcb::atom(c, "CLIPBOARD");
     m_utf8 = Xcb::atom(c, "UTF8_STRING");
     m_targets = Xcb::atom(c, "TARGETS");
-    m_incr = Xcb::atom(c, "INCR");
-    m_property = Xcb::atom(c, "TESSEL_TEST_TEXT");
     window = xcb_generate_id(c);
-    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(c, XCB_COPY_FROM_PARENT, window, Xcb::screen(c)->root, 0, 0, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &events);
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     const Xcb::Owned<xcb_xfixes_query_version_reply_t> version(
         xcb_xfixes_query_version_reply(c, xcb_xfixes_query_version(c, 5, 0), nullptr));
     m_firstFixesEvent = xcb_get_extension_data(c, &xcb_xfixes_id)->first_event;
@@ -110,10 +114,6 @@ void XClipboard::Private::handle(const xcb_generic_event_t &event)
     const auto type = event.response_type & 0x7f;
     if (type == m_firstFixesEvent + XCB_XFIXES_SELECTION_NOTIFY)
         countChange(*static_cast<const xcb_xfixes_selection_notify_event_t *>(data));
-    else if (type == XCB_SELECTION_NOTIFY)
-        receive(*static_cast<const xcb_selection_notify_event_t *>(data));
-    else if (type == XCB_PROPERTY_NOTIFY)
-        receivePart(*static_cast<const xcb_property_notify_event_t *>(data));
     else if (type == XCB_SELECTION_REQUEST)
         serve(*static_cast<const xcb_selection_request_event_t *>(data));
 }
@@ -121,46 +121,6 @@ void XClipboard::Private::handle(const xcb_generic_event_t &event)
 void XClipboard::Private::countChange(const xcb_xfixes_selection_notify_event_t &event)
 {
     ++changes[event.selection == m_clipboard];
-}
-
-void XClipboard::Private::startFetch(Selection selection)
-{
-    fetched = m_inParts = false;
-    fetchedText.reset();
-    auto *c = connection.get();
-    xcb_delete_property(c, window, m_property);
-    xcb_convert_selection(c, window, atomOf(selection), m_utf8, m_property, XCB_CURRENT_TIME);
-    xcb_flush(c);
-}
-
-// Reads and deletes the property, which in a transfer in parts (ICCCM 2.7.2) asks for the next one.
-Xcb::Owned<xcb_get_property_reply_t> XClipboard::Private::takeProperty()
-{
-    auto *c = connection.get();
-    const auto cookie
-        = xcb_get_property(c, 1, window, m_property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1 << 24);
-    return Xcb::Owned<xcb_get_property_reply_t>(xcb_get_property_reply(c, cookie, nullptr));
-}
-
-void XClipboard::Private::receive(const xcb_selection_notify_event_t &event)
-{
-    fetched = true;
-    if (event.property == XCB_NONE)
-        return;
-    const auto reply = takeProperty();
-    m_inParts = reply && reply->type == m_incr;
-    fetched = !m_inParts;
-    fetchedText = m_inParts ? std::string() : Xcb::bytes(reply.get());
-}
-
-void XClipboard::Private::receivePart(const xcb_property_notify_event_t &event)
-{
-    if (!m_inParts || event.atom != m_property || event.state != XCB_PROPERTY_NEW_VALUE)
-        return;
-    const auto part = Xcb::bytes(takeProperty().get());
-    *fetchedText += part;
-    fetched = part.empty();
-    m_inParts = !fetched;
 }
 
 void XClipboard::Private::serve(const xcb_selection_request_event_t &request)
@@ -221,14 +181,19 @@ bool XClipboard::waitForChange(int changesBefore, Selection selection,
 
 std::optional<QString> XClipboard::text(Selection selection, std::chrono::milliseconds timeout)
 {
-    d->startFetch(selection);
-    const auto complete = [this] {
-        d->dispatch();
-        return d->fetched;
-    };
-    if (!QTest::qWaitFor(complete, milliseconds(timeout)) || !d->fetchedText)
+    if (!d->reading)
         return std::nullopt;
-    return QString::fromUtf8(*d->fetchedText);
+    std::optional<QByteArray> text;
+    bool isDone = false;
+    const X11SelectionTransfer transfer(*d->reading, d->atomOf(selection), timeout, timeout);
+    QObject::connect(&transfer, &X11SelectionTransfer::finished, &transfer,
+                     [&](const std::optional<QByteArray> &given) {
+                         text = given;
+                         isDone = true;
+                     });
+    if (!QTest::qWaitFor([&isDone] { return isDone; }, milliseconds(timeout)) || !text)
+        return std::nullopt;
+    return QString::fromUtf8(*text);
 }
 
 bool XClipboard::waitForText(const QString &expected, Selection selection,

@@ -30,8 +30,8 @@ public:
     [[nodiscard]] bool waitForChange(int changesBefore, Selection selection = Selection::Clipboard,
                                      std::chrono::milliseconds timeout = defaultTimeout);
 
-    // The text as UTF8_STRING, of any length. Nothing when there is no owner, when the owner has no
-    // such text, or when it does not answer in time.
+    // The text, of any length, read as the program does. Nothing when there is no owner, when the
+    // owner has no such text, or when it does not answer in time.
     [[nodiscard]] std::optional<QString> text(Selection selection = Selection::Clipboard,
                                               std::chrono::milliseconds timeout = defaultTimeout);
     [[nodiscard]] bool waitForText(const QString &expected,
