@@ -8,16 +8,18 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
 
 constexpr uint preferDark = 1;
-const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto objectPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto settings = QStringLiteral("org.freedesktop.portal.Settings");
-const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto colorScheme = QStringLiteral("color-scheme");
+const auto service = u"org.freedesktop.portal.Desktop"_s;
+const auto objectPath = u"/org/freedesktop/portal/desktop"_s;
+const auto settings = u"org.freedesktop.portal.Settings"_s;
+const auto appearanceGroup = u"org.freedesktop.appearance"_s;
+const auto colorScheme = u"color-scheme"_s;
 
 }
 
@@ -29,10 +31,9 @@ void PortalAppearance::start()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, objectPath, settings, QStringLiteral("SettingChanged"), this,
+    bus.connect(service, objectPath, settings, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    auto message
-        = QDBusMessage::createMethodCall(service, objectPath, settings, QStringLiteral("Read"));
+    auto message = QDBusMessage::createMethodCall(service, objectPath, settings, u"Read"_s);
     message.setArguments({ appearanceGroup, colorScheme });
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

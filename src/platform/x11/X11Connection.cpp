@@ -17,6 +17,8 @@
 #undef explicit
 #include <xcb/xtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 void FreeDeleter::operator()(void *memory) const
@@ -52,8 +54,8 @@ Result<std::unique_ptr<X11Connection>> X11Connection::open()
     xcb_connection_t *connection = xcb_connect(nullptr, &screenNumber);
     if (xcb_connection_has_error(connection)) {
         xcb_disconnect(connection);
-        return Failure { QStringLiteral("The X server at DISPLAY=%1 does not answer.")
-                             .arg(qEnvironmentVariable("DISPLAY")) };
+        return Failure { u"The X server at DISPLAY=%1 does not answer."_s.arg(
+            qEnvironmentVariable("DISPLAY")) };
     }
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screenNumber));
 }

@@ -14,6 +14,8 @@
 
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 /// In order of construction: each uses those above it.
@@ -60,8 +62,8 @@ QString X11Platform::notice() const
 {
     if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return {};
-    return QStringLiteral("WARNING: Wayland session: keys pressed in, and text selected in, "
-                          "applications that do not use XWayland are not seen.");
+    return u"WARNING: Wayland session: keys pressed in, and text selected in, "
+           "applications that do not use XWayland are not seen."_s;
 }
 
 void X11Platform::start()

@@ -6,6 +6,8 @@
 
 #include <xcb/xcb.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 X11Workspace::X11Workspace(X11Connection &connection)
@@ -67,14 +69,13 @@ QStringList X11Workspace::missingAccess() const
 {
     QStringList missing;
     if (!m_connection.xtest().present)
-        missing += QStringLiteral("the X server's XTEST extension, to copy the selection");
+        missing += u"the X server's XTEST extension, to copy the selection"_s;
     if (!m_connection.xinput().present)
-        missing += QStringLiteral(
-            "the X server's XInput extension 2.1 or later, to see the trigger key");
+        missing += u"the X server's XInput extension 2.1 or later, to see the trigger key"_s;
     if (!m_connection.xkb().present)
-        missing += QStringLiteral("the X server's XKB extension, to know the keyboard layout");
+        missing += u"the X server's XKB extension, to know the keyboard layout"_s;
     if (!m_connection.xfixes().present)
-        missing += QStringLiteral("the X server's XFIXES extension, to see the clipboard change");
+        missing += u"the X server's XFIXES extension, to see the clipboard change"_s;
     return missing;
 }
 
