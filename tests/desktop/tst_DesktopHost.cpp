@@ -156,10 +156,8 @@ private Q_SLOTS:
         QVERIFY(writeFile(file, u"x"_s));
         QCOMPARE(reason(desktop.open(file, u"URL recorder"_s)), QString());
         QCOMPARE(urls.waitForUrls(2).value(1), file);
-        QCOMPARE(stage.stage.run(u"open -a 'url recorder' \"a 'b' \\$c.txt\" tessel-test:x"_s), 0);
-        QCOMPARE(urls.waitForUrls(4).mid(2), (QStringList { file, u"tessel-test:x"_s }));
         QCOMPARE(stage.stage.run(u"open tessel-test:1 missing 2>err"_s), 1);
-        QCOMPARE(urls.waitForUrls(5).value(4), u"tessel-test:1"_s);
+        QCOMPARE(urls.waitForUrls(3).value(2), u"tessel-test:1"_s);
         QVERIFY(stage.stage.file(u"err"_s).contains("missing does not exist"));
     }
 
@@ -172,7 +170,7 @@ private Q_SLOTS:
                             const QByteArray &error = {}) {
             QTest::newRow(name) << arguments << opened << error;
         };
-        row("joined options", u"-gna 'URL recorder' tessel-test:x"_s, u"tessel-test:x"_s);
+        row("joined options, a path", u"-gna 'url recorder' notes"_s, u"%1/notes"_s);
         row("identifier", u"-b url-recorder tessel-test:x"_s, u"tessel-test:x"_s);
         row("text", u"-t notes"_s, u"%1/notes"_s);
         row("a dash", u"-a url-recorder -- -a"_s, u"%1/-a"_s);
