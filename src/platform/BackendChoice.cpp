@@ -10,6 +10,8 @@ Failure noBackend(const QString &wanted)
 {
     if (!wanted.isEmpty())
         return { u"TESSEL_PLATFORM=%1 is not possible here."_s.arg(wanted) };
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        return { u"This build of Tessel has no support for X11."_s };
     return { qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
                  ? u"There is no desktop session: DISPLAY is not set."_s
                  : u"This Wayland session has no X server (XWayland), which Tessel needs."_s };
