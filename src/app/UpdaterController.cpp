@@ -23,7 +23,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr int maxResultSize = 1 << 20; ///< bytes; feeds are not larger
+constexpr int maxResultSize = 1 << 20; ///< bytes: 64 Ki characters of notes, all escaped, and more
 
 /// What outlives the program.
 struct State

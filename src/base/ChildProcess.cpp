@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/ChildProcess.h"
 
+#include "base/ChildStreams.h"
 #include "base/Spawn.h"
 
 #include <QList>
@@ -13,10 +14,8 @@
 #include <cstring>
 #include <vector>
 
-#include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
-#include <sys/mman.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,62 +25,6 @@ using namespace Qt::StringLiterals;
 namespace Tessel {
 
 namespace {
-
-using Output = CommandRequest::Output;
-
-/// The two ends of a stream; the child's is not valid where it has the process's own.
-struct Ends
-{
-    Descriptor child;
-    Descriptor own;
-};
-
-/// Where this process has closed a standard stream, a new descriptor would take its place, and in
-/// the child be replaced by another stream.
-Descriptor aboveStreams(int number)
-{
-    Descriptor descriptor(number);
-    if (number < 0 || number > STDERR_FILENO)
-        return descriptor;
-    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-}
-
-Descriptor openNothing()
-{
-    return aboveStreams(open("/dev/null", O_RDWR | O_CLOEXEC));
-}
-
-/// An anonymous file: unlike a pipe it waits for no reader. Not valid, with errno set, on failure.
-Descriptor openBytes(const QByteArray &bytes)
-{
-    if (bytes.isEmpty())
-        return openNothing();
-    Descriptor file = aboveStreams(memfd_create("input", MFD_CLOEXEC));
-    for (qsizetype written = 0; file.isValid() && written < bytes.size();) {
-        const ssize_t size = pwrite(file.number(), bytes.constData() + written,
-                                    static_cast<std::size_t>(bytes.size() - written), written);
-        if (size <= 0)
-            return {};
-        written += size;
-    }
-    return file;
-}
-
-/// Nothing, with errno set, on failure.
-std::optional<Ends> openOutput(Output output, int pipeSize)
-{
-    if (output == Output::inherited || output == Output::merged)
-        return Ends();
-    Ends ends;
-    if (output == Output::nothing) {
-        ends.child = openNothing();
-    } else if (std::array<int, 2> pipe {}; pipe2(pipe.data(), O_CLOEXEC) == 0) {
-        ends.own = aboveStreams(pipe[0]);
-        ends.child = aboveStreams(pipe[1]);
-        fcntl(ends.child.number(), F_SETPIPE_SZ, pipeSize);
-    }
-    return ends.child.isValid() ? std::optional(std::move(ends)) : std::nullopt;
-}
 
 QList<QByteArray> argumentsOf(const QString &path, const CommandRequest &request)
 {
@@ -180,27 +123,21 @@ QByteArray content(const Descriptor &pipe)
 
 Result<ChildProcess> ChildProcess::start(const CommandRequest &request)
 {
-    const Descriptor input = request.input ? openBytes(*request.input) : Descriptor();
-    if (request.input && !input.isValid())
+    auto streams = ChildStreams::open(request);
+    if (!streams)
         return failure(errno, request.program);
-    auto output = openOutput(request.output, request.pipeSize);
-    auto errorOutput = output ? openOutput(request.errorOutput, request.pipeSize) : std::nullopt;
-    if (!errorOutput)
-        return failure(errno, request.program);
-
-    SpawnPlan plan { .group = request.group, .endsWithParent = request.endsWithParent };
-    const bool isMerged = request.errorOutput == Output::merged;
-    plan.streams = { input.number(), output->child.number(),
-                     isMerged ? STDOUT_FILENO : errorOutput->child.number() };
-    const Result<pid_t> id = launch(request, plan);
+    const Result<pid_t> id = launch(request,
+                                    { .streams = streams->numbers(),
+                                      .group = request.group,
+                                      .endsWithParent = request.endsWithParent });
     if (!id)
         return id.error();
 
     ChildProcess child;
     child.m_id = *id;
     child.m_hasOwnGroup = request.group != CommandRequest::Group::inherited;
-    child.m_output = std::move(output->own);
-    child.m_errorOutput = std::move(errorOutput->own);
+    child.m_output = std::move(streams->output);
+    child.m_errorOutput = std::move(streams->errorOutput);
     // The wrapper of glibc 2.36 cannot be called from C++.
     child.m_exit = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child.m_id, 0)));
     if (child.m_exit.isValid())
@@ -240,14 +177,20 @@ CommandResult ChildProcess::takeResult()
              content(m_output), content(m_errorOutput) };
 }
 
-Result<void> startDetached(const CommandRequest &request)
+Result<void> startDetached(CommandRequest request)
 {
-    const Descriptor nothing = openNothing();
-    SpawnPlan plan { .group = CommandRequest::Group::ownSession, .isDetached = true };
-    plan.streams.fill(nothing.number());
-    const auto child = launch(request, plan);
-    if (!child)
-        return Failure { request.program + u" could not be started: "_s + child.error().reason };
+    request.input = QByteArray();
+    request.output = CommandRequest::Output::nothing;
+    request.errorOutput = CommandRequest::Output::nothing;
+    const auto streams = ChildStreams::open(request);
+    if (!streams)
+        return failure(errno, request.program);
+    const Result<pid_t> started = launch(request,
+                                         { .streams = streams->numbers(),
+                                           .group = CommandRequest::Group::ownSession,
+                                           .isDetached = true });
+    if (!started)
+        return Failure { request.program + u" could not be started: "_s + started.error().reason };
     return {};
 }
 

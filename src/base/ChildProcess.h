@@ -48,8 +48,8 @@ private:
     Descriptor m_errorOutput;
 };
 
-/// Starts a program that goes its own way: in a session of its own, nobody's child, with nothing
-/// for streams, whatever the request says about them.
-[[nodiscard]] Result<void> startDetached(const CommandRequest &request);
+/// Starts a program that goes its own way: in a session of its own and nobody's child. Its streams
+/// lead nowhere, whatever the request says about them.
+[[nodiscard]] Result<void> startDetached(CommandRequest request);
 
 }
