@@ -18,6 +18,7 @@ namespace Tessel {
 
 namespace {
 
+// Not QJsonDocument, which builds the whole tree before anything can be taken out of it.
 using Json = nlohmann::ordered_json;
 
 constexpr auto bundleIdsKey = "excludedBundleIds";

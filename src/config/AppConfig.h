@@ -86,6 +86,7 @@ template <typename T> struct Setting
     const char *key;
     T AppConfig::*field;
 };
+template <typename T> Setting(const char *, T AppConfig::*) -> Setting<T>; // for clang 14
 
 /// The settings, which a file may leave out, in the order in which they are written.
 inline constexpr std::tuple settingRows {

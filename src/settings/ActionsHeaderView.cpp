@@ -60,8 +60,8 @@ ActionsHeaderView::ActionsHeaderView(const ActionsModel &model, QWidget *parent)
         if (m_isFitting)
             return; // by itself, not by the user
         const QScopedValueRollback guard(m_isFitting, true);
-        share(m_width - length(), column + 1);
-        share(m_width - length(), 0);
+        distribute(m_width - length(), column + 1);
+        distribute(m_width - length(), 0);
     });
 }
 
@@ -73,14 +73,14 @@ void ActionsHeaderView::layoutColumns(const QFontMetrics &contents)
         setSectionResizeMode(column, isResizable(column) ? Interactive : Fixed);
         resizeSection(column, std::max(widths[column], labelWidth(column)));
     }
-    share(m_width - length(), 0);
+    distribute(m_width - length(), 0);
 }
 
 void ActionsHeaderView::fit(int width)
 {
     const QScopedValueRollback guard(m_isFitting, true);
     m_width = width;
-    share(m_width - length(), 0);
+    distribute(m_width - length(), 0);
 }
 
 /// Labels of another language can need more.
@@ -89,7 +89,7 @@ void ActionsHeaderView::widenForLabels()
     const QScopedValueRollback guard(m_isFitting, true);
     for (int column = 0; column < count(); ++column)
         resizeSection(column, std::max(sectionSize(column), labelWidth(column)));
-    share(m_width - length(), 0);
+    distribute(m_width - length(), 0);
 }
 
 int ActionsHeaderView::labelWidth(int column) const
@@ -105,7 +105,7 @@ int ActionsHeaderView::minWidth(int column) const
 }
 
 /// Evenly among the columns from the given one on.
-void ActionsHeaderView::share(int difference, int firstColumn)
+void ActionsHeaderView::distribute(int difference, int firstColumn)
 {
     if (m_width == 0)
         return;

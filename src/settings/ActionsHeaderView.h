@@ -27,7 +27,7 @@ private:
     [[nodiscard]] int labelWidth(int column) const;
     [[nodiscard]] int minWidth(int column) const;
     void widenForLabels();
-    void share(int difference, int firstColumn);
+    void distribute(int difference, int firstColumn);
 
     const ActionsModel &m_model;
     int m_width = 0; ///< to fill; 0: not known yet
