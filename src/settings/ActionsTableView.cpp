@@ -156,6 +156,7 @@ void ActionsTableView::editScript(int row)
         m_model->headerData(cell.column(), Qt::Horizontal, Qt::DisplayRole).toString());
     setIndexWidget(cell, editor);
     m_scriptEditor = editor;
+    editor->setFocus(); // at once: what is typed from now on is for it
     connect(editor, &RowTextView::editingEnded, this, [this, cell, editor](const QString &text) {
         m_scriptEditor = nullptr;
         m_model->setTemplate(cell.row(), text);
@@ -164,9 +165,8 @@ void ActionsTableView::editScript(int row)
         QTimer::singleShot(isClick ? QApplication::doubleClickInterval() : 0, this,
                            [this, cell, editor] { collapse(cell, editor); });
     });
-    QTimer::singleShot(0, editor, [this, cell, editor] {
-        editor->setFocus();
-        editor->moveCursor(QTextCursor::Start);
+    editor->moveCursor(QTextCursor::Start);
+    QTimer::singleShot(0, editor, [this, cell] { // when the row has its height
         scrollTo(cell);
     });
 }
