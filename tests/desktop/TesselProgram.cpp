@@ -70,25 +70,16 @@ bool TesselProgram::writeConfiguration()
 
 bool TesselProgram::start()
 {
-    return writeConfiguration() && launch();
-}
-
-bool TesselProgram::restart()
-{
-    m_process->end();
-    return launch();
-}
-
-bool TesselProgram::launch()
-{
+    if (!writeConfiguration())
+        return false;
     m_process = &m_session.launch(path());
     return m_process->waitForOutput(QRegularExpression(u"Tessel started\\."_s)).hasMatch();
 }
 
 std::optional<WindowInfo> TesselProgram::summon()
 {
+    awaitTrigger();
     m_session.user().tap(XKB_KEY_F2);
-    m_sinceSummon.start();
     return waitForBar();
 }
 
@@ -102,12 +93,20 @@ std::optional<WindowInfo> TesselProgram::bar() const
 
 std::optional<WindowInfo> TesselProgram::waitForBar() const
 {
-    return QTest::qWaitFor([this] { return bar().has_value(); }, 5000) ? bar() : std::nullopt;
+    std::optional<WindowInfo> found;
+    [[maybe_unused]] const bool came = QTest::qWaitFor(
+        [&] {
+            found = bar();
+            return found.has_value();
+        },
+        int(defaultTimeout.count()));
+    m_sinceCapture.start();
+    return found;
 }
 
 bool TesselProgram::waitUntilBarGone() const
 {
-    return QTest::qWaitFor([this] { return !bar(); }, 5000);
+    return QTest::qWaitFor([this] { return !bar(); }, int(defaultTimeout.count()));
 }
 
 std::optional<WindowInfo> TesselProgram::waitForWindow(const QString &title) const
@@ -135,7 +134,7 @@ std::optional<WindowInfo> TesselProgram::openSettings()
 
 void TesselProgram::awaitTrigger() const
 {
-    const qint64 rest = m_sinceSummon.isValid() ? 1050 - m_sinceSummon.elapsed() : 0;
+    const qint64 rest = m_sinceCapture.isValid() ? 1050 - m_sinceCapture.elapsed() : 0;
     if (rest > 0)
         QTest::qWait(int(rest));
 }

@@ -30,15 +30,13 @@ public:
 
     /// Writes the configuration and starts the program; true when it says that it is up.
     [[nodiscard]] bool start();
-    /// Ends the program and starts it again on the configuration that it has left.
-    [[nodiscard]] bool restart();
     [[nodiscard]] Desktop::ChildProcess &process() { return *m_process; }
     [[nodiscard]] static QString path();
-    [[nodiscard]] QString configFile() const;
     /// What the program has saved.
     [[nodiscard]] QJsonObject configuration() const;
 
-    /// Presses the trigger key and waits for the bar; nothing when it does not come.
+    /// Presses the trigger key and waits for the bar; nothing when it does not come. After another
+    /// capture it waits until the program listens again.
     [[nodiscard]] std::optional<Desktop::WindowInfo> summon();
     [[nodiscard]] std::optional<Desktop::WindowInfo> bar() const; ///< when it is on the screen
     [[nodiscard]] std::optional<Desktop::WindowInfo> waitForBar() const;
@@ -50,18 +48,18 @@ public:
     /// Presses Ctrl and comma in the bar; the settings window when it has the keyboard.
     [[nodiscard]] std::optional<Desktop::WindowInfo> openSettings();
 
-    /// The trigger is ignored for a second after a capture: returns when that is over.
+    /// Keys and scrolling are ignored for a second after a capture: returns when that is over.
     void awaitTrigger() const;
 
     /// Middle of a button of the standard width, in pixels of the root window at scale 1.
     [[nodiscard]] static QPoint button(const Desktop::WindowInfo &bar, int index);
 
 private:
-    [[nodiscard]] bool launch();
+    [[nodiscard]] QString configFile() const;
 
     Desktop::DesktopSession &m_session;
     Desktop::ChildProcess *m_process = nullptr;
-    QElapsedTimer m_sinceSummon;
+    mutable QElapsedTimer m_sinceCapture;
 };
 
 }

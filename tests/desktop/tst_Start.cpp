@@ -1,15 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "desktop/TesselProgram.h"
-#include "support/Editors.h"
-#include "support/XClipboard.h"
+#include "desktop/Stage.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonDocument>
 #include <QTest>
-
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -20,82 +13,28 @@ class tst_Start : public QObject
 {
     Q_OBJECT
 
-    static QByteArray content(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
 private Q_SLOTS:
     void oneInstance()
     {
-        DesktopSession session;
-        QVERIFY2(session.start(), qPrintable(session.errorString()));
-        TesselProgram tessel(session);
-        QVERIFY(tessel.start());
-        const QString lock = session.temporaryPath() + u"/com.tessel.app.lock"_s;
-        QCOMPARE(content(lock), QByteArray::number(tessel.process().processId()));
-
-        ChildProcess &second = session.launch(TesselProgram::path());
+        Stage stage;
+        QVERIFY(stage.start());
+        const ChildProcess &first = stage.tessel.process();
+        ChildProcess &second = stage.session.launch(TesselProgram::path());
         QVERIFY(second.waitForExit());
         QCOMPARE(second.exitCode(), 0);
         QCOMPARE(second.output(),
                  u"App is already running (PID: %1). Terminating new instance.\n"_s.arg(
-                     tessel.process().processId()));
-        QVERIFY(tessel.process().isRunning());
+                     first.processId()));
+        QVERIFY(first.isRunning());
 
         // After its end the lock file is left behind, and stale.
-        tessel.process().end();
+        stage.tessel.process().end();
+        const QString lock = stage.session.temporaryPath() + u"/com.tessel.app.lock"_s;
         QVERIFY(QFile::exists(lock));
-        TesselProgram third(session);
-        QVERIFY(third.start());
-        QCOMPARE(content(lock), QByteArray::number(third.process().processId()));
-    }
-
-    void unusableConfigurationGivesTheDefaults_data()
-    {
-        QTest::addColumn<QByteArray>("config");
-        QTest::newRow("half-written") << QByteArray("{\"excludedBundleIds\":[],\"customActi");
-        QTest::newRow("binary") << QByteArray("\x00\xff\x7f"
-                                              "ELF\x01",
-                                              7);
-        QTest::newRow("of another kind") << QByteArray("[1,2,3]");
-        QTest::newRow("missing") << QByteArray();
-    }
-
-    void unusableConfigurationGivesTheDefaults()
-    {
-        QFETCH(QByteArray, config);
-        DesktopSession session;
-        QVERIFY2(session.start(), qPrintable(session.errorString()));
-        const QString path = session.configPath() + u"/GlintClone/config.json"_s;
-        if (!config.isEmpty())
-            write(path, config);
-        ChildProcess &tessel = session.launch(TesselProgram::path());
-        QVERIFY(tessel.waitForOutput(QRegularExpression(u"Tessel started"_s)).hasMatch());
-        QCOMPARE(tessel.output().contains(u"ERROR: Failed to decode config: "), !config.isEmpty());
-        const auto saved = QJsonDocument::fromJson(content(path)).object();
-        QCOMPARE(saved.value(u"customActions"_s).toArray().size(), 9);
-    }
-
-    void withoutAPlaceForTheConfiguration()
-    {
-        DesktopSession session;
-        QVERIFY2(session.start(), qPrintable(session.errorString()));
-        write(session.configPath() + u"/GlintClone"_s, "a file where the folder should be");
-        ChildProcess &tessel = session.launch(TesselProgram::path());
-        QVERIFY(tessel.waitForOutput(QRegularExpression(u"Tessel started"_s)).hasMatch());
-        QVERIFY(tessel.output().contains(u"ERROR: Failed to save config: "));
-        QCOMPARE(content(session.configPath() + u"/GlintClone"_s),
-                 QByteArray("a file where the folder should be"));
+        QVERIFY(stage.tessel.start());
+        QFile file(lock);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray::number(stage.tessel.process().processId()));
     }
 
     void withoutDisplay_data()
@@ -135,50 +74,16 @@ private Q_SLOTS:
         QCOMPARE(tessel.exitCode(), 0);
     }
 
-    void worksOnABareServer_data()
-    {
-        QTest::addColumn<bool>("windowManager");
-        QTest::addColumn<bool>("bus");
-        QTest::newRow("no window manager") << false << true;
-        QTest::newRow("no session bus") << true << false;
-    }
-
     void worksOnABareServer()
     {
-        QFETCH(bool, windowManager);
-        QFETCH(bool, bus);
-        DesktopSession session;
+        Stage stage;
         DesktopOptions options;
-        options.windowManager = windowManager;
-        options.sessionBus = bus;
-        QVERIFY2(session.start(options), qPrintable(session.errorString()));
-        TesselProgram tessel(session);
-        QVERIFY(tessel.start());
-        QVERIFY(launchHostileOwner(session, { u"text"_s, u"bare"_s }));
-        QVERIFY(tessel.summon());
-        session.user().tap(XKB_KEY_1);
-        QCOMPARE(session.urlRecorder().waitForUrls(1),
-                 QStringList { u"tessel-test://open?bare"_s });
-    }
-
-    void missingIconsLeaveTheButtons()
-    {
-        DesktopSession session;
-        QVERIFY2(session.start(), qPrintable(session.errorString()));
-        TesselProgram tessel(session);
-        for (const char *icon : { "custom:gone.png", "custom:", "no-such-symbol", "" }) {
-            auto action = TesselProgram::urlAction(
-                QString::fromLatin1(icon), u"tessel-test://%1?{text}"_s.arg(tessel.actions.size()));
-            action.insert(u"iconName"_s, QString::fromLatin1(icon));
-            tessel.actions.append(action);
-        }
-        QVERIFY(tessel.start());
-        QVERIFY(launchHostileOwner(session, { u"text"_s, u"word"_s }));
-        const auto bar = tessel.summon();
-        QVERIFY(bar);
-        QCOMPARE(bar->geometry.width(), 4 * 38 + 3 * 2 + 64);
-        session.user().click(TesselProgram::button(*bar, 3));
-        QCOMPARE(session.urlRecorder().waitForUrls(1), QStringList { u"tessel-test://3?word"_s });
+        options.windowManager = false;
+        options.sessionBus = false;
+        QVERIFY(stage.start(options));
+        QVERIFY(stage.offer(u"bare"_s));
+        QVERIFY(stage.runAction());
+        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?bare"_s });
     }
 };
 

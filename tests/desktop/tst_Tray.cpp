@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "desktop/TesselProgram.h"
+#include "desktop/Stage.h"
 
 #include <QTest>
-
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -73,10 +71,9 @@ class tst_Tray : public QObject
 private Q_SLOTS:
     void comesAndComesBackWithTheTray()
     {
-        DesktopSession session;
-        QVERIFY2(session.start(), qPrintable(session.errorString()));
-        TesselProgram tessel(session);
-        QVERIFY(tessel.start());
+        Stage stage;
+        DesktopSession &session = stage.session;
+        QVERIFY(stage.start());
         for (int i = 0; i < 2; ++i) {
             ChildProcess &tray = startTray(session);
             QTRY_VERIFY(item(session));

@@ -93,11 +93,6 @@ bool ChildProcess::waitForExit(std::chrono::milliseconds timeout)
     return QTest::qWaitFor([this] { return !isRunning(); }, milliseconds(timeout));
 }
 
-void ChildProcess::write(const QByteArray &input)
-{
-    m_process.write(input);
-}
-
 void ChildProcess::end()
 {
     if (!isRunning())

@@ -41,7 +41,6 @@ public:
                                           std::chrono::milliseconds timeout = defaultTimeout);
     [[nodiscard]] bool waitForExit(std::chrono::milliseconds timeout = defaultTimeout);
 
-    void write(const QByteArray &input);
     // Asks the group to terminate and kills what is left of it after two seconds.
     void end();
 

@@ -11,6 +11,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel::Desktop {
 
 namespace {
@@ -18,14 +20,11 @@ namespace {
 constexpr int stragglerGraceMs = 2000;
 
 // Two desktops, focus by click, and of keys only that to close and that to the other desktop.
-QString openboxConfiguration(const QMargins &reserved)
-{
-    return QStringLiteral(R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr char16_t openboxConfiguration[] = uR"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse><raiseOnFocus>yes</raiseOnFocus></focus>
   <placement><policy>Smart</policy><center>yes</center></placement>
   <desktops><number>2</number><popupTime>0</popupTime></desktops>
-  <margins><top>%1</top><bottom>%2</bottom><left>%3</left><right>%4</right></margins>
   <keyboard>
     <keybind key="A-F4"><action name="Close"/></keybind>
     <keybind key="C-A-Right"><action name="GoToDesktop"><to>next</to></action></keybind>
@@ -40,17 +39,12 @@ QString openboxConfiguration(const QMargins &reserved)
     </context>
   </mouse>
 </openbox_config>
-)")
-        .arg(reserved.top())
-        .arg(reserved.bottom())
-        .arg(reserved.left())
-        .arg(reserved.right());
-}
+)";
 
 // Without service folders: what a machine happens to have installed is never started by a test.
 QString busConfiguration(const QString &socket)
 {
-    return QStringLiteral(R"(<busconfig>
+    return uR"(<busconfig>
   <type>session</type>
   <listen>unix:path=%1</listen>
   <auth>EXTERNAL</auth>
@@ -58,8 +52,7 @@ QString busConfiguration(const QString &socket)
     <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
   </policy>
 </busconfig>
-)")
-        .arg(socket);
+)"_s.arg(socket);
 }
 
 void setResources(const QString &display, const QByteArray &resources)
@@ -85,25 +78,23 @@ bool hasCompositor(xcb_connection_t *c)
 // In the form of xrandr(1); physical sizes for 96 dots per inch.
 QString monitorGeometry(const QRect &monitor)
 {
-    const auto length = [](int pixels) {
-        return QStringLiteral("%1/%2").arg(pixels).arg(qRound(pixels * 25.4 / 96));
-    };
-    return QStringLiteral("%1x%2+%3+%4")
-        .arg(length(monitor.width()), length(monitor.height()))
+    const auto length
+        = [](int pixels) { return u"%1/%2"_s.arg(pixels).arg(qRound(pixels * 25.4 / 96)); };
+    return u"%1x%2+%3+%4"_s.arg(length(monitor.width()), length(monitor.height()))
         .arg(monitor.x())
         .arg(monitor.y());
 }
 
 bool hasVariable(const QString &processFolder, const QByteArray &assignment)
 {
-    QFile file(processFolder + QStringLiteral("/environ"));
+    QFile file(processFolder + u"/environ"_s);
     return file.open(QIODevice::ReadOnly) && file.readAll().split('\0').contains(assignment);
 }
 
 }
 
 DesktopSession::DesktopSession()
-    : m_folder(QDir::tempPath() + QStringLiteral("/tessel-desktop-XXXXXX"))
+    : m_folder(QDir::tempPath() + u"/tessel-desktop-XXXXXX"_s)
 {
 }
 
@@ -132,8 +123,7 @@ bool DesktopSession::start(const DesktopOptions &options)
     if (options.dpi > 0)
         setResources(m_display, "Xft.dpi:\t" + QByteArray::number(options.dpi) + '\n');
     return setKeyboardLayout(options.keyboardLayout) && defineMonitors(options.monitors)
-        && (!options.sessionBus || startBus())
-        && (!options.windowManager || startWindowManager(options.reservedEdges))
+        && (!options.sessionBus || startBus()) && (!options.windowManager || startWindowManager())
         && (!options.compositor || startCompositor());
 }
 
@@ -145,17 +135,17 @@ bool DesktopSession::fail(const QString &reason)
 
 bool DesktopSession::prepareFolders()
 {
-    const QString bin = m_folder.filePath(QStringLiteral("bin"));
+    const QString bin = m_folder.filePath(u"bin"_s);
     const auto paths
         = { bin, configPath(), dataPath(), cachePath(), runtimePath(), temporaryPath() };
     for (const auto &path : paths) {
         if (!QDir().mkpath(path))
-            return fail(QStringLiteral("cannot make the folder ") + path);
+            return fail(u"cannot make the folder "_s + path);
     }
     // XDG Base Directory: the owner alone may enter.
     QFile::setPermissions(runtimePath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return m_urlRecorder.install(bin, dataPath(), configPath())
-        || fail(QStringLiteral("cannot write the handler of addresses"));
+        || fail(u"cannot write the handler of addresses"_s);
 }
 
 void DesktopSession::prepareEnvironment()
@@ -166,20 +156,20 @@ void DesktopSession::prepareEnvironment()
     }
     const std::pair<const char *, QString> variables[] = {
         { "HOME", homePath() },
-        { "LANG", QStringLiteral("C.UTF-8") },
-        { "SHELL", QStringLiteral("/bin/sh") },
+        { "LANG", u"C.UTF-8"_s },
+        { "SHELL", u"/bin/sh"_s },
         { "TMPDIR", temporaryPath() },
-        { "XAUTHORITY", homePath() + QStringLiteral("/.Xauthority") },
+        { "XAUTHORITY", homePath() + u"/.Xauthority"_s },
         { "XDG_CACHE_HOME", cachePath() },
         { "XDG_CONFIG_HOME", configPath() },
         { "XDG_DATA_HOME", dataPath() },
         { "XDG_RUNTIME_DIR", runtimePath() },
         // An unknown transport, so that no program starts a bus by itself.
-        { "DBUS_SESSION_BUS_ADDRESS", QStringLiteral("disabled:") },
+        { "DBUS_SESSION_BUS_ADDRESS", u"disabled:"_s },
         // GTK programs: settings in memory, no accessibility bus, no file system services.
-        { "GSETTINGS_BACKEND", QStringLiteral("memory") },
-        { "NO_AT_BRIDGE", QStringLiteral("1") },
-        { "GIO_USE_VFS", QStringLiteral("local") },
+        { "GSETTINGS_BACKEND", u"memory"_s },
+        { "NO_AT_BRIDGE", u"1"_s },
+        { "GIO_USE_VFS", u"local"_s },
     };
     for (const auto &[name, value] : variables)
         setVariable(QString::fromLatin1(name), value);
@@ -187,18 +177,17 @@ void DesktopSession::prepareEnvironment()
 
 bool DesktopSession::startServer(const QSize &size)
 {
-    const auto screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+    const auto screen = u"%1x%2x24"_s.arg(size.width()).arg(size.height());
     auto &server = launch(
-        QStringLiteral("Xvfb"),
-        QStringLiteral("-displayfd 1 -noreset -nolisten tcp -screen 0 %1").arg(screen).split(u' '));
-    const auto number = server.waitForOutput(QRegularExpression(QStringLiteral("(\\d+)\n")));
+        u"Xvfb"_s, u"-displayfd 1 -noreset -nolisten tcp -screen 0 %1"_s.arg(screen).split(u' '));
+    const auto number = server.waitForOutput(QRegularExpression(u"(\\d+)\n"_s));
     if (!number.hasMatch())
-        return fail(QStringLiteral("Xvfb does not start: ") + server.errorOutput());
+        return fail(u"Xvfb does not start: "_s + server.errorOutput());
     m_display = u':' + number.captured(1);
-    setVariable(QStringLiteral("DISPLAY"), m_display);
+    setVariable(u"DISPLAY"_s, m_display);
     m_user = std::make_unique<XUser>(m_display);
     m_clipboard = std::make_unique<XClipboard>(m_display);
-    return m_user->isConnected() || fail(QStringLiteral("no connection to the X server"));
+    return m_user->isConnected() || fail(u"no connection to the X server"_s);
 }
 
 bool DesktopSession::defineMonitors(const QList<QRect> &monitors)
@@ -206,11 +195,10 @@ bool DesktopSession::defineMonitors(const QList<QRect> &monitors)
     for (qsizetype i = 0; monitors.size() > 1 && i < monitors.size(); ++i) {
         // The asterisk marks the primary monitor, which replaces the server's own by taking its
         // only output.
-        const QString name
-            = i == 0 ? QStringLiteral("*Monitor-1") : QStringLiteral("Monitor-%1").arg(i + 1);
-        if (!run(QStringLiteral("xrandr"),
-                 { QStringLiteral("--setmonitor"), name, monitorGeometry(monitors.at(i)),
-                   i == 0 ? QStringLiteral("screen") : QStringLiteral("none") }))
+        const QString name = i == 0 ? u"*Monitor-1"_s : u"Monitor-%1"_s.arg(i + 1);
+        if (!run(u"xrandr"_s,
+                 { u"--setmonitor"_s, name, monitorGeometry(monitors.at(i)),
+                   i == 0 ? u"screen"_s : u"none"_s }))
             return false;
     }
     return true;
@@ -218,43 +206,41 @@ bool DesktopSession::defineMonitors(const QList<QRect> &monitors)
 
 bool DesktopSession::startBus()
 {
-    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
-    const QString socket = runtimePath() + QStringLiteral("/bus");
+    const QString configuration = m_folder.filePath(u"bus.conf"_s);
+    const QString socket = runtimePath() + u"/bus"_s;
     if (!writeFile(configuration, busConfiguration(socket)))
-        return fail(QStringLiteral("cannot write ") + configuration);
-    auto &bus = launch(QStringLiteral("dbus-daemon"),
-                       { QStringLiteral("--config-file=") + configuration,
-                         QStringLiteral("--nofork"), QStringLiteral("--print-address=1") });
-    if (!bus.waitForOutput(QRegularExpression(QStringLiteral("unix:\\S+\n"))).hasMatch())
-        return fail(QStringLiteral("dbus-daemon does not start: ") + bus.errorOutput());
-    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=") + socket);
+        return fail(u"cannot write "_s + configuration);
+    auto &bus
+        = launch(u"dbus-daemon"_s,
+                 { u"--config-file="_s + configuration, u"--nofork"_s, u"--print-address=1"_s });
+    if (!bus.waitForOutput(QRegularExpression(u"unix:\\S+\n"_s)).hasMatch())
+        return fail(u"dbus-daemon does not start: "_s + bus.errorOutput());
+    setVariable(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + socket);
     return true;
 }
 
-bool DesktopSession::startWindowManager(const QMargins &reservedEdges)
+bool DesktopSession::startWindowManager()
 {
-    const QString configuration = m_folder.filePath(QStringLiteral("openbox.xml"));
-    if (!writeFile(configuration, openboxConfiguration(reservedEdges)))
-        return fail(QStringLiteral("cannot write ") + configuration);
+    const QString configuration = m_folder.filePath(u"openbox.xml"_s);
+    if (!writeFile(configuration, QString::fromUtf16(openboxConfiguration)))
+        return fail(u"cannot write "_s + configuration);
     // The command runs once openbox is in its main loop. Before, when it has merely announced
     // itself on the root window, a new window would be taken for an old one and not be activated.
-    auto &manager
-        = launch(QStringLiteral("openbox"),
-                 { QStringLiteral("--sm-disable"), QStringLiteral("--config-file"), configuration,
-                   QStringLiteral("--startup"), QStringLiteral("echo running") });
-    return manager.waitForOutput(QRegularExpression(QStringLiteral("running\n"))).hasMatch()
-        || fail(QStringLiteral("openbox does not start: ") + manager.errorOutput());
+    auto &manager = launch(u"openbox"_s,
+                           { u"--sm-disable"_s, u"--config-file"_s, configuration, u"--startup"_s,
+                             u"echo running"_s });
+    return manager.waitForOutput(QRegularExpression(u"running\n"_s)).hasMatch()
+        || fail(u"openbox does not start: "_s + manager.errorOutput());
 }
 
 bool DesktopSession::startCompositor()
 {
-    auto &compositor = launch(QStringLiteral("picom"),
-                              { QStringLiteral("--config"), QStringLiteral("/dev/null"),
-                                QStringLiteral("--backend"), QStringLiteral("xrender") });
+    auto &compositor
+        = launch(u"picom"_s, { u"--config"_s, u"/dev/null"_s, u"--backend"_s, u"xrender"_s });
     const Xcb::Connection connection(xcb_connect(m_display.toLatin1().constData(), nullptr));
     return QTest::qWaitFor([&connection] { return hasCompositor(connection.get()); },
                            static_cast<int>(defaultTimeout.count()))
-        || fail(QStringLiteral("picom does not start: ") + compositor.errorOutput());
+        || fail(u"picom does not start: "_s + compositor.errorOutput());
 }
 
 void DesktopSession::setVariable(const QString &name, const QString &value)
@@ -277,15 +263,14 @@ ChildProcess &DesktopSession::launch(const QString &program, const QStringList &
 
 void DesktopSession::launchXfceSettings()
 {
-    const QDir libraries(QStringLiteral("/usr/lib"));
-    for (const QString &architecture :
-         libraries.entryList({ QStringLiteral("*-linux-gnu*") }, QDir::Dirs))
-        launch(libraries.filePath(architecture) + QStringLiteral("/xfce4/xfconf/xfconfd"));
+    const QDir libraries(u"/usr/lib"_s);
+    for (const QString &architecture : libraries.entryList({ u"*-linux-gnu*"_s }, QDir::Dirs))
+        launch(libraries.filePath(architecture) + u"/xfce4/xfconf/xfconfd"_s);
 }
 
 bool DesktopSession::setKeyboardLayout(const QString &layout)
 {
-    return run(QStringLiteral("setxkbmap"), { QStringLiteral("-layout"), layout });
+    return run(u"setxkbmap"_s, { u"-layout"_s, layout });
 }
 
 bool DesktopSession::run(const QString &program, const QStringList &arguments)
@@ -293,7 +278,7 @@ bool DesktopSession::run(const QString &program, const QStringList &arguments)
     ChildProcess child;
     const bool done = child.start(program, arguments, m_environment, homePath())
         && child.waitForExit() && child.exitCode() == 0;
-    return done || fail(program + QStringLiteral(" fails: ") + child.errorOutput());
+    return done || fail(program + u" fails: "_s + child.errorOutput());
 }
 
 // Programs that detached themselves are known by the home that they were given. False when there
@@ -302,12 +287,12 @@ bool DesktopSession::killStragglers()
 {
     bool found = false;
     const QByteArray home = "HOME=" + homePath().toLocal8Bit();
-    const auto entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    const auto entries = QDir(u"/proc"_s).entryList(QDir::Dirs);
     for (const auto &entry : entries) {
         bool isProcess = false;
         const auto process = static_cast<pid_t>(entry.toInt(&isProcess));
         const bool isServer = !m_children.empty() && m_children.front()->processId() == process;
-        if (isProcess && !isServer && hasVariable(QStringLiteral("/proc/") + entry, home))
+        if (isProcess && !isServer && hasVariable(u"/proc/"_s + entry, home))
             found = ::kill(process, SIGKILL) == 0 || found;
     }
     return found;

@@ -6,7 +6,6 @@
 #include "support/UrlRecorder.h"
 
 #include <QList>
-#include <QMargins>
 #include <QRect>
 #include <QSize>
 #include <QTemporaryDir>
@@ -24,8 +23,6 @@ struct DesktopOptions
     // Pixels of the root window; the first is the primary one. A monitor may lie left of or above
     // the root window (negative origin): programs see it, but the pointer cannot get there.
     QList<QRect> monitors { QRect(0, 0, 1280, 800) };
-    // What panels would take of each monitor's edges.
-    QMargins reservedEdges;
     // XKB layouts, separated by commas, as for setxkbmap(1).
     QString keyboardLayout = QStringLiteral("us");
     // Xft.dpi of the X resources, from which toolkits take their scale; 0 leaves it unset.
@@ -87,7 +84,7 @@ private:
     [[nodiscard]] bool startServer(const QSize &size);
     [[nodiscard]] bool defineMonitors(const QList<QRect> &monitors);
     [[nodiscard]] bool startBus();
-    [[nodiscard]] bool startWindowManager(const QMargins &reservedEdges);
+    [[nodiscard]] bool startWindowManager();
     [[nodiscard]] bool run(const QString &program, const QStringList &arguments);
     bool killStragglers();
 

@@ -11,6 +11,8 @@
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel::Desktop {
 
 namespace {
@@ -23,11 +25,11 @@ QString windowClass(EditorKind kind)
 {
     switch (kind) {
     case EditorKind::Mousepad:
-        return QStringLiteral("Mousepad");
+        return u"Mousepad"_s;
     case EditorKind::FeatherPad:
-        return QStringLiteral("FeatherPad");
+        return u"FeatherPad"_s;
     case EditorKind::XTerm:
-        return QStringLiteral("XTerm");
+        return u"XTerm"_s;
     }
     Q_UNREACHABLE();
 }
@@ -36,19 +38,19 @@ QStringList commandLine(EditorKind kind, const QString &file)
 {
     switch (kind) {
     case EditorKind::Mousepad:
-        return { QStringLiteral("mousepad"), QStringLiteral("--disable-server"), file };
+        return { u"mousepad"_s, u"--disable-server"_s, file };
     case EditorKind::FeatherPad:
-        return { QStringLiteral("featherpad"), QStringLiteral("--standalone"), file };
+        return { u"featherpad"_s, u"--standalone"_s, file };
     case EditorKind::XTerm:
-        return { QStringLiteral("xterm"),
-                 QStringLiteral("-geometry"),
-                 QStringLiteral("80x%1").arg(terminalRows),
-                 QStringLiteral("-b"),
+        return { u"xterm"_s,
+                 u"-geometry"_s,
+                 u"80x%1"_s.arg(terminalRows),
+                 u"-b"_s,
                  QString::number(terminalBorder),
-                 QStringLiteral("-xrm"),
-                 QStringLiteral("*cutNewline: false"),
-                 QStringLiteral("-e"),
-                 QStringLiteral("/bin/sh"),
+                 u"-xrm"_s,
+                 u"*cutNewline: false"_s,
+                 u"-e"_s,
+                 u"/bin/sh"_s,
                  file };
     }
     Q_UNREACHABLE();
@@ -56,10 +58,9 @@ QStringList commandLine(EditorKind kind, const QString &file)
 
 QString terminalProgram(const QString &textFile, const QString &interruptsFile)
 {
-    return QStringLiteral("cat '%1'\n"
-                          "trap 'echo interrupted >>\"%2\"' INT\n"
-                          "while :; do sleep 0.1; done\n")
-        .arg(textFile, interruptsFile);
+    return u"cat '%1'\n"
+           "trap 'echo interrupted >>\"%2\"' INT\n"
+           "while :; do sleep 0.1; done\n"_s.arg(textFile, interruptsFile);
 }
 
 }
@@ -78,14 +79,14 @@ Editor::~Editor()
 QString Editor::writeText(const QString &text)
 {
     static int serial = 0;
-    const auto base = QStringLiteral("%1/text-%2").arg(m_session.homePath()).arg(++serial);
-    QString textFile = base + QStringLiteral(".txt");
+    const auto base = u"%1/text-%2"_s.arg(m_session.homePath()).arg(++serial);
+    QString textFile = base + u".txt"_s;
     if (!writeFile(textFile, text))
         return {};
     if (m_kind != EditorKind::XTerm)
         return textFile;
-    m_interruptsFile = base + QStringLiteral(".interrupts");
-    const QString script = base + QStringLiteral(".sh");
+    m_interruptsFile = base + u".interrupts"_s;
+    const QString script = base + u".sh"_s;
     return writeFile(script, terminalProgram(textFile, m_interruptsFile)) ? script : QString();
 }
 
@@ -179,7 +180,7 @@ void Editor::close()
 ChildProcess *launchHostileOwner(DesktopSession &session, const QStringList &mode)
 {
     auto &owner = session.launch(QStringLiteral(TESSEL_HOSTILE_OWNER), mode);
-    const auto ready = owner.waitForOutput(QRegularExpression(QStringLiteral("^ready (\\d+)\n")));
+    const auto ready = owner.waitForOutput(QRegularExpression(u"^ready (\\d+)\n"_s));
     const bool usable
         = ready.hasMatch() && session.user().waitUntilUsable(ready.captured(1).toUInt());
     return usable ? &owner : nullptr;

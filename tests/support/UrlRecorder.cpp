@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel::Desktop {
 
 namespace {
@@ -15,10 +17,10 @@ constexpr char handledTypes[] = "x-scheme-handler/http;x-scheme-handler/https;"
 
 QString defaultApplications()
 {
-    QString list = QStringLiteral("[Default Applications]\n");
+    QString list = u"[Default Applications]\n"_s;
     const auto types = QString::fromLatin1(handledTypes).split(u';', Qt::SkipEmptyParts);
     for (const auto &type : types)
-        list += type + QStringLiteral("=url-recorder.desktop\n");
+        list += type + u"=url-recorder.desktop\n"_s;
     return list;
 }
 
@@ -27,21 +29,19 @@ QString defaultApplications()
 bool UrlRecorder::install(const QString &binFolder, const QString &dataHome,
                           const QString &configHome)
 {
-    const QString script = binFolder + QStringLiteral("/url-recorder");
-    m_recordFile = binFolder + QStringLiteral("/opened-urls");
-    const auto entry = QStringLiteral("[Desktop Entry]\n"
-                                      "Type=Application\n"
-                                      "Name=URL recorder\n"
-                                      "NoDisplay=true\n"
-                                      "Exec=%1 %u\n"
-                                      "MimeType=%2\n")
-                           .arg(script, QString::fromLatin1(handledTypes));
-    const auto command
-        = QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"$1\" >>'%1'\n").arg(m_recordFile);
+    const QString script = binFolder + u"/url-recorder"_s;
+    m_recordFile = binFolder + u"/opened-urls"_s;
+    const auto entry = u"[Desktop Entry]\n"
+                       "Type=Application\n"
+                       "Name=URL recorder\n"
+                       "NoDisplay=true\n"
+                       "Exec=%1 %u\n"
+                       "MimeType=%2\n"_s.arg(script, QString::fromLatin1(handledTypes));
+    const auto command = u"#!/bin/sh\nprintf '%s\\n' \"$1\" >>'%1'\n"_s.arg(m_recordFile);
     return writeFile(script, command)
         && QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner)
-        && writeFile(dataHome + QStringLiteral("/applications/url-recorder.desktop"), entry)
-        && writeFile(configHome + QStringLiteral("/mimeapps.list"), defaultApplications());
+        && writeFile(dataHome + u"/applications/url-recorder.desktop"_s, entry)
+        && writeFile(configHome + u"/mimeapps.list"_s, defaultApplications());
 }
 
 QStringList UrlRecorder::urls() const

@@ -9,6 +9,8 @@
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel::Desktop {
 
 namespace {
@@ -103,6 +105,15 @@ int XUser::Private::activeGroup() const
     return reply ? (reply->mask >> 13) & 3 : 0;
 }
 
+std::optional<quint8> XUser::Private::keycode(quint32 keysym) const
+{
+    const auto map = keymap();
+    const auto key = map
+        ? findKey(map.get(), keysym, static_cast<xkb_layout_index_t>(activeGroup()), 1)
+        : std::nullopt;
+    return key ? std::optional(key->keycode) : std::nullopt;
+}
+
 Xcb::Owned<xcb_query_pointer_reply_t> XUser::Private::pointer() const
 {
     auto *c = connection.get();
@@ -145,17 +156,17 @@ bool XUser::isConnected() const
 
 bool XUser::press(quint32 keysym)
 {
-    const auto key = keycode(keysym);
+    const auto key = d->keycode(keysym);
     if (key)
-        pressKeycode(*key);
+        d->fakeKey(true, *key);
     return key.has_value();
 }
 
 bool XUser::release(quint32 keysym)
 {
-    const auto key = keycode(keysym);
+    const auto key = d->keycode(keysym);
     if (key)
-        releaseKeycode(*key);
+        d->fakeKey(false, *key);
     return key.has_value();
 }
 
@@ -163,15 +174,15 @@ bool XUser::tap(quint32 keysym, const QList<quint32> &held)
 {
     QList<quint8> keys;
     for (const auto symbol : held + QList<quint32> { keysym }) {
-        const auto key = keycode(symbol);
+        const auto key = d->keycode(symbol);
         if (!key)
             return false;
         keys << *key;
     }
     for (const auto key : std::as_const(keys))
-        pressKeycode(key);
+        d->fakeKey(true, key);
     while (!keys.isEmpty())
-        releaseKeycode(keys.takeLast());
+        d->fakeKey(false, keys.takeLast());
     return true;
 }
 
@@ -187,28 +198,18 @@ bool XUser::typeText(const QString &text)
         const auto held = levelModifiers(key->level);
         for (const auto modifier : held)
             press(modifier);
-        pressKeycode(key->keycode);
-        releaseKeycode(key->keycode);
+        d->fakeKey(true, key->keycode);
+        d->fakeKey(false, key->keycode);
         for (const auto modifier : held)
             release(modifier);
     }
     return true;
 }
 
-void XUser::pressKeycode(quint8 keycode)
-{
-    d->fakeKey(true, keycode);
-}
-
-void XUser::releaseKeycode(quint8 keycode)
-{
-    d->fakeKey(false, keycode);
-}
-
 void XUser::releaseAllKeys()
 {
     for (const auto key : pressedKeycodes())
-        releaseKeycode(key);
+        d->fakeKey(false, key);
 }
 
 void XUser::movePointer(const QPoint &position)
@@ -233,15 +234,6 @@ void XUser::click(const QPoint &position, int count, int button)
         pressButton(button);
         releaseButton(button);
     }
-}
-
-void XUser::drag(const QPoint &from, const QPoint &to)
-{
-    movePointer(from);
-    pressButton();
-    movePointer((from + to) / 2);
-    movePointer(to);
-    releaseButton();
 }
 
 void XUser::scroll(int steps)
@@ -272,12 +264,6 @@ quint8 XUser::modifiers() const
     return reply ? static_cast<quint8>(reply->mask & 0xff) : 0;
 }
 
-QPoint XUser::pointerPosition() const
-{
-    const auto reply = d->pointer();
-    return reply ? QPoint(reply->root_x, reply->root_y) : QPoint();
-}
-
 bool XUser::isKeyboardGrabbed() const
 {
     xcb_connection_t *c = d->connection.get();
@@ -290,16 +276,6 @@ bool XUser::isKeyboardGrabbed() const
         xcb_ungrab_keyboard(c, XCB_CURRENT_TIME);
     d->sync();
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
-}
-
-std::optional<quint8> XUser::keycode(quint32 keysym, int group) const
-{
-    const auto keymap = d->keymap();
-    if (!keymap)
-        return std::nullopt;
-    const int wanted = group < 0 ? d->activeGroup() : group;
-    const auto key = findKey(keymap.get(), keysym, static_cast<xkb_layout_index_t>(wanted), 1);
-    return key ? std::optional(key->keycode) : std::nullopt;
 }
 
 }

@@ -21,8 +21,7 @@ struct WindowInfo
 {
     quint32 id = 0;
     QRect geometry; // pixels of the root window
-    QString instanceName; // first and second string of WM_CLASS
-    QString className;
+    QString className; // second string of WM_CLASS
     QString title;
     qint64 processId = 0; // _NET_WM_PID; 0 when the window does not say
     bool overrideRedirect = false;
@@ -48,8 +47,6 @@ public:
     bool release(quint32 keysym);
     bool tap(quint32 keysym, const QList<quint32> &held = {});
     bool typeText(const QString &text);
-    void pressKeycode(quint8 keycode);
-    void releaseKeycode(quint8 keycode);
     void releaseAllKeys();
 
     // Hands at the pointer. A scroll step is one click of the wheel, positive towards the user.
@@ -57,18 +54,14 @@ public:
     void pressButton(int button = 1);
     void releaseButton(int button = 1);
     void click(const QPoint &position, int count = 1, int button = 1);
-    void drag(const QPoint &from, const QPoint &to);
     void scroll(int steps);
 
     // Eyes on the devices. Modifiers are the effective core ones (bit 0 Shift, 1 Lock, 2 Control,
     // …).
     [[nodiscard]] QList<quint8> pressedKeycodes() const;
     [[nodiscard]] quint8 modifiers() const;
-    [[nodiscard]] QPoint pointerPosition() const;
     // Whether a program has taken the whole keyboard.
     [[nodiscard]] bool isKeyboardGrabbed() const;
-    // The key that gives the keysym unshifted in the given layout group, by default the active one.
-    [[nodiscard]] std::optional<quint8> keycode(quint32 keysym, int group = -1) const;
 
     // Eyes on the windows, bottom to top.
     using Match = std::function<bool(const WindowInfo &)>;
@@ -80,9 +73,8 @@ public:
     [[nodiscard]] bool waitUntilGone(quint32 id,
                                      std::chrono::milliseconds timeout = defaultTimeout) const;
 
-    // What the window manager calls active (0: none), and the window that gets the keys.
+    // What the window manager calls active; 0: none.
     [[nodiscard]] quint32 activeWindow() const;
-    [[nodiscard]] quint32 focusWindow() const;
     // It gets the keys: the focus is on it or inside it, and a window manager calls it active.
     [[nodiscard]] bool isUsable(quint32 id) const;
     [[nodiscard]] bool waitUntilUsable(quint32 id,

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel::Desktop {
 
 namespace {
@@ -15,7 +17,8 @@ bool waitFor(const std::function<bool()> &condition, std::chrono::milliseconds t
 
 }
 
-Xcb::Owned<xcb_get_property_reply_t> XUser::Private::property(quint32 window, const char *name) const
+Xcb::Owned<xcb_get_property_reply_t> XUser::Private::property(quint32 window,
+                                                              const char *name) const
 {
     auto *c = connection.get();
     return Xcb::property(c, window, Xcb::atom(c, name));
@@ -65,7 +68,6 @@ WindowInfo XUser::Private::describe(quint32 window) const
     WindowInfo info;
     info.id = window;
     info.geometry = QRect(origin->dst_x, origin->dst_y, size->width, size->height);
-    info.instanceName = QString::fromUtf8(classes.value(0));
     info.className = QString::fromUtf8(classes.value(1));
     info.title = QString::fromUtf8(title);
     info.processId = Xcb::number(property(window, "_NET_WM_PID").get());
@@ -124,14 +126,6 @@ quint32 XUser::activeWindow() const
     return Xcb::number(d->property(d->screen->root, "_NET_ACTIVE_WINDOW").get());
 }
 
-quint32 XUser::focusWindow() const
-{
-    auto *c = d->connection.get();
-    const Xcb::Owned<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-    return reply ? reply->focus : 0;
-}
-
 bool XUser::isUsable(quint32 id) const
 {
     const bool isManaged
@@ -139,7 +133,9 @@ bool XUser::isUsable(quint32 id) const
     if (isManaged && activeWindow() != id)
         return false;
     auto *c = d->connection.get();
-    for (auto window = focusWindow(); window > XCB_INPUT_FOCUS_POINTER_ROOT;) {
+    const Xcb::Owned<xcb_get_input_focus_reply_t> focus(
+        xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    for (auto window = focus ? focus->focus : 0; window > XCB_INPUT_FOCUS_POINTER_ROOT;) {
         if (window == id)
             return true;
         const Xcb::Owned<xcb_query_tree_reply_t> tree(

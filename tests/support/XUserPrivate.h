@@ -29,6 +29,8 @@ public:
     // The layout can change at any time, so the keymap is fetched for each use.
     [[nodiscard]] Keymap keymap() const;
     [[nodiscard]] int activeGroup() const;
+    // The key that gives the keysym unshifted in the active group.
+    [[nodiscard]] std::optional<quint8> keycode(quint32 keysym) const;
     [[nodiscard]] Xcb::Owned<xcb_query_pointer_reply_t> pointer() const;
     void fakeKey(bool down, quint8 keycode);
     void fakePointer(quint8 type, quint8 detail, const QPoint &position = {});
@@ -36,7 +38,7 @@ public:
     void sync() const;
 
     [[nodiscard]] Xcb::Owned<xcb_get_property_reply_t> property(quint32 window,
-                                                              const char *name) const;
+                                                                const char *name) const;
     [[nodiscard]] QList<quint32> children(quint32 window) const;
     // The client window inside a frame; 0 when there is none.
     [[nodiscard]] quint32 clientInside(quint32 window, int depth = 3) const;
