@@ -16,6 +16,7 @@ test_packages=(
     trayer unicode-data x11-xkb-utils x11-xserver-utils xdg-utils xfce4-clipman-plugin
     xfce4-panel xfconf xterm xvfb zsh
 )
+lint_packages=(clang-tidy)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)
 
