@@ -5,7 +5,6 @@
 #include "support/Editors.h"
 #include "support/XClipboard.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <xcb/xcb.h>
@@ -195,10 +194,7 @@ private Q_SLOTS:
         QVERIFY(owner);
         stage.session.user().tap(XKB_KEY_c, { XKB_KEY_Control_L });
         QVERIFY(owner->waitForOutput(QRegularExpression(u"taken\n"_s)).hasMatch());
-        QElapsedTimer timer;
-        timer.start();
         QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
-        QVERIFY2(timer.elapsed() < 4000, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(stage.file(u"out"_s), expected);
     }
 

@@ -44,14 +44,15 @@ private Q_SLOTS:
     {
         QTest::addColumn<QList<Answer>>("answers");
         QTest::addColumn<QString>("expected"); // null: nothing is captured
-        QTest::addColumn<int>("poll"); // the one that ends the capture
+        QTest::addColumn<int>("poll"); // the one that ends the capture, at the earliest
         const auto row = [](const char *name, const QList<Answer> &answers, const QString &expected,
                             int poll) { QTest::newRow(name) << answers << expected << poll; };
         // What was there before does not count, even the same text.
-        row("at once", { { 0, u"word"_s } }, u"word"_s, 1);
+        row("at once", { { 0, u"word"_s }, { 150, u"later"_s } }, u"word"_s, 1);
         row("line ends", { { 0, u"a\r\nb\rc"_s } }, u"a\nb\nc"_s, 1);
         row("empty first", { { 0, u""_s }, { 150, u"then text"_s } }, u"then text"_s, 2);
-        row("image first", { { 0, {} }, { 250, u"then text"_s } }, u"then text"_s, 3);
+        row("image first", { { 0, {} }, { 250, u"then text"_s }, { 350, u"later"_s } },
+            u"then text"_s, 3);
         row("too late", { { 560, u"x"_s } }, {}, 5);
     }
 
@@ -79,8 +80,7 @@ private Q_SLOTS:
             QCOMPARE(captured->pointer, m_platform.popupHost().location.pointer);
             QCOMPARE(captured->bundleId, u"org.test.Editor"_s);
         }
-        QVERIFY2(took >= poll * 100 - 5 && took < poll * 100 + 90,
-                 qPrintable(QString::number(took)));
+        QVERIFY2(took >= poll * 100 - 5, qPrintable(QString::number(took)));
         QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - 5);
     }
 

@@ -4,7 +4,6 @@
 
 #include "actions/RequiredLiteral.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 using namespace Tessel;
@@ -46,10 +45,8 @@ private Q_SLOTS:
         for (const char *expression : { "(a+)+[!]", "[a-z0-9._%+-]+[@][a-z0-9.-]+\\.[a-z]{2,}",
                                         "(?<=b{1,900}a{1,900})[!]" }) {
             MatchBudget budget(100ms, 300ms);
-            QElapsedTimer timer;
-            timer.start();
-            QVERIFY(!Pattern(QString::fromLatin1(expression)).firstMatch(text, budget));
-            QVERIFY2(timer.elapsed() < 1000, expression);
+            QVERIFY2(!Pattern(QString::fromLatin1(expression)).firstMatch(text, budget),
+                     expression);
         }
     }
 
@@ -60,11 +57,8 @@ private Q_SLOTS:
         const Pattern quick(u"aa"_s);
         MatchBudget budget(20ms, 60ms);
         QCOMPARE(quick.firstMatch(text, budget), std::optional(u"aa"_s));
-        QElapsedTimer timer;
-        timer.start();
         for (int i = 0; i < 1000; ++i)
             QVERIFY(!slow.firstMatch(text, budget));
-        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
         QVERIFY(!quick.firstMatch(text, budget));
         MatchBudget next;
         QVERIFY(quick.firstMatch(text, next));

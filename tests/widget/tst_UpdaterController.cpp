@@ -3,6 +3,7 @@
 #include "app/UpdaterController.h"
 #include "base/Log.h"
 #include "platform/fake/FakePlatform.h"
+#include "widget/CpuTime.h"
 #include "widget/ShownWindow.h"
 #include "windows/ReleaseNotes.h"
 #include "windows/UpdateWindow.h"
@@ -386,10 +387,9 @@ private Q_SLOTS:
         };
         for (const auto &[notes, expected] : rows) {
             QCOMPARE(plainText(notes), expected);
-            QElapsedTimer timer;
-            timer.start();
+            const qint64 start = cpuTime();
             QVERIFY(plainText(notes.repeated(30'000)).size() <= 20000);
-            QVERIFY2(timer.elapsed() < 2000, qUtf8Printable(notes));
+            QVERIFY2(cpuTime() - start < 2000, qUtf8Printable(notes));
         }
     }
 
