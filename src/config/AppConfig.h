@@ -88,8 +88,6 @@ template <typename T> struct Setting
 };
 template <typename T> Setting(const char *, T AppConfig::*) -> Setting<T>; // for clang 14
 
-template <typename T> Setting(const char *, T AppConfig::*) -> Setting<T>;
-
 /// The settings, which a file may leave out, in the order in which they are written.
 inline constexpr std::tuple settingRows {
     Setting { "triggerKeyCode", &AppConfig::triggerKeyCode },

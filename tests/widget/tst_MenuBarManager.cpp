@@ -87,62 +87,52 @@ private Q_SLOTS:
         window->close();
     }
 
-    void errorPanelShowsAnything_data()
-    {
-        QTest::addColumn<QString>("message");
-        QTest::newRow("large") << QString(1'000'000, u'm');
-        QTest::newRow("large, many lines") << QString(u"line of a log\n"_s).repeated(70'000);
-        QTest::newRow("control characters") << QString(u"a\x01\x1b[31m\x7f\r\tb"_s) + QChar(0);
-    }
-
     void errorPanelShowsAnything()
     {
-        QFETCH(QString, message);
         MenuFixture fixture;
-        const qint64 start = cpuTime();
-        fixture.manager.showError(u"Command Failed"_s, u"first"_s);
-        const QPointer<ErrorPanel> first = shownWindow<ErrorPanel>();
-        fixture.manager.showError(u"Command Failed"_s, message);
-        auto *panel = shownWindow<ErrorPanel>();
-        QVERIFY(panel && panel != first);
-        QTRY_VERIFY(!first); // one at a time
-        panel->grab();
-        QVERIFY2(cpuTime() - start < 2000, qPrintable(QString::number(cpuTime() - start)));
-        auto *box = panel->findChild<QPlainTextEdit *>();
-        QCOMPARE(box->toPlainText().remove(u'\n').size(), QString(message).remove(u'\n').size());
-        QVERIFY(!box->toPlainText().contains(QChar(0x1b)));
-        QTest::keyClick(panel, Qt::Key_Return);
-        QCOMPARE(fixture.platform.pasteboard().text, message);
-        QVERIFY(!shownWindow<ErrorPanel>());
-    }
-
-    void largeTypeOpensAnyTextAtOnce_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("one megabyte") << QString(1'000'000, u'w');
-        QTest::newRow("a million lines") << QString(1'000'000, u'\n');
-        QTest::newRow("combining marks") << QString(1'000'000, QChar(0x301));
+        for (const QString &message :
+             { QString(1'000'000, u'm'), u"line of a log\n"_s.repeated(70'000),
+               u"a\x01\x1b[31m\x7f\r\tb"_s + QChar(0) }) {
+            const qint64 start = cpuTime();
+            fixture.manager.showError(u"Command Failed"_s, u"first"_s);
+            const QPointer<ErrorPanel> first = shownWindow<ErrorPanel>();
+            fixture.manager.showError(u"Command Failed"_s, message);
+            QTRY_VERIFY(!first); // one at a time
+            auto *panel = shownWindow<ErrorPanel>();
+            QVERIFY(panel);
+            panel->grab();
+            QVERIFY2(cpuTime() - start < 2000, qPrintable(QString::number(cpuTime() - start)));
+            const QString text = panel->findChild<QPlainTextEdit *>()->toPlainText();
+            QCOMPARE(QString(text).remove(u'\n').size(), QString(message).remove(u'\n').size());
+            QVERIFY(!text.contains(QChar(0x1b)));
+            QTest::keyClick(panel, Qt::Key_Return);
+            QCOMPARE(fixture.platform.pasteboard().text, message);
+            QVERIFY(!shownWindow<ErrorPanel>());
+        }
     }
 
     void largeTypeOpensAnyTextAtOnce()
     {
-        QFETCH(QString, text);
         PanelFixture fixture;
+        auto &host = fixture.platform.popupHost();
         const Theme &theme = themeFor(ThemeMode::system, false);
-        const qint64 start = cpuTime();
-        LargeTypeWindow::show(fixture.platform.popupHost(), u"before"_s, theme);
-        QTRY_VERIFY(shownWindow<LargeTypeWindow>());
-        const QPointer<LargeTypeWindow> before = shownWindow<LargeTypeWindow>();
-        LargeTypeWindow::show(fixture.platform.popupHost(), text, theme);
-        QTRY_VERIFY(!before); // one at a time
-        auto *window = shownWindow<LargeTypeWindow>();
-        QVERIFY(window);
-        QCOMPARE(window->geometry(), *fixture.platform.popupHost().location.screen);
-        window->grab();
-        QVERIFY2(cpuTime() - start < 1500, qPrintable(QString::number(cpuTime() - start)));
-        QTest::keyClick(window, Qt::Key_Shift);
-        QTRY_VERIFY(!shownWindow<LargeTypeWindow>());
-        QVERIFY(!fixture.platform.popupHost().keyboard);
+        for (const QString &text : { QString(1'000'000, u'w'), QString(1'000'000, u'\n'),
+                                     QString(1'000'000, QChar(0x301)) }) { // combining marks
+            const qint64 start = cpuTime();
+            LargeTypeWindow::show(host, u"before"_s, theme);
+            QTRY_VERIFY(shownWindow<LargeTypeWindow>());
+            const QPointer<LargeTypeWindow> before = shownWindow<LargeTypeWindow>();
+            LargeTypeWindow::show(host, text, theme);
+            QTRY_VERIFY(!before); // one at a time
+            auto *window = shownWindow<LargeTypeWindow>();
+            QVERIFY(window);
+            QCOMPARE(window->geometry(), *host.location.screen);
+            window->grab();
+            QVERIFY2(cpuTime() - start < 1500, qPrintable(QString::number(cpuTime() - start)));
+            QTest::keyClick(window, Qt::Key_Shift);
+            QTRY_VERIFY(!shownWindow<LargeTypeWindow>());
+            QVERIFY(!host.keyboard);
+        }
     }
 
     void debugLogAppends()
