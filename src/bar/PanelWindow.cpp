@@ -50,7 +50,7 @@ double distanceToEdge(QPointF point, const QRectF &rect)
 
 /// The soft shadow around a bar, with a hole where the translucent bar itself is. Made pixel by
 /// pixel: paths of this kind would start Qt's painting threads.
-QImage shadow(QSize extent, const QRectF &bar, const QColor &color, double scale)
+QImage shadow(QSize extent, const QRectF &bar, QRgb color, double scale)
 {
     constexpr double depth = 17;
     constexpr double drop = 2;
@@ -62,8 +62,8 @@ QImage shadow(QSize extent, const QRectF &bar, const QColor &color, double scale
             const double away = distanceToEdge(point - QPointF(0, drop), bar);
             const double nearness = std::clamp(1 - away / depth, 0.0, 1.0);
             const double outside = std::clamp(distanceToEdge(point, bar) * scale + 0.5, 0.0, 1.0);
-            const int alpha = int(color.alpha() * nearness * nearness * outside);
-            pixels[column] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
+            const int alpha = int(qAlpha(color) * nearness * nearness * outside);
+            pixels[column] = qPremultiply(qRgba(qRed(color), qGreen(color), qBlue(color), alpha));
         }
     }
     image.setDevicePixelRatio(scale);
@@ -82,7 +82,9 @@ public:
 
     void set(const Theme::Bar &theme, bool isTranslucent)
     {
-        m_theme = theme;
+        if (m_theme == &theme && m_isTranslucent == isTranslucent)
+            return;
+        m_theme = &theme;
         m_isTranslucent = isTranslucent;
         m_tile = {};
         update();
@@ -107,8 +109,8 @@ private:
     {
         const QSize extent(2 * corner + 2, 2 * corner + 2);
         const QRectF bar = QRect(QPoint(), extent).marginsRemoved(PanelLayout::barMargins);
-        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, m_theme.shadow, scale));
-        const QColor &ground = m_theme.ground.color(m_isTranslucent);
+        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, m_theme->shadow.rgba(), scale));
+        const QColor &ground = m_theme->ground.color(m_isTranslucent);
         if (!m_isTranslucent)
             pixmap.fill(ground);
         QPainter painter(&pixmap);
@@ -116,14 +118,14 @@ private:
         painter.setPen(Qt::NoPen);
         painter.setBrush(ground);
         painter.drawRoundedRect(bar, cornerRadius, cornerRadius);
-        painter.setPen(QPen(m_theme.border, 1));
+        painter.setPen(QPen(m_theme->border, 1));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(bar.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5,
                                 cornerRadius - 0.5);
         return pixmap;
     }
 
-    Theme::Bar m_theme;
+    const Theme::Bar *m_theme = nullptr; ///< set before the first painting
     bool m_isTranslucent = true;
     QPixmap m_tile;
 };
