@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(stage.runAction());
         const QString upper = u"ONE É ЖУК 한글 IT'S\n\"TWO\" \\"_s;
         QVERIFY(stage.session.clipboard().waitForText(upper));
-        QTRY_COMPARE(stage.editor->content(), upper);
+        QTRY_COMPARE_WITH_TIMEOUT(stage.editor->content(), upper, 15000);
     }
 
     void note()

@@ -143,8 +143,15 @@ private Q_SLOTS:
             return window.overrideRedirect
                 && window.className == u"Tessel"; // else it takes a click
         }));
-        QTest::qWait(600); // apart from the clicks before, as a user's double click is
+        // A window manager holds clicks back while it looks at them, but not keys: wait for each.
+        const auto look = [&] { return stage.user().screenshot(stage.settings.geometry); };
+        const QImage before = look();
+        stage.user().click(stage.cell(last, templateText));
+        QTRY_VERIFY(look() != before); // it is selected
+        QTest::qWait(600); // apart from the click before, as a user's double click is
+        const QImage selected = look();
         stage.user().click(stage.cell(last, templateText), 2);
+        QTRY_VERIFY(look() != selected); // the editor is open
         stage.user().tap(XKB_KEY_a, { XKB_KEY_Control_L });
         QVERIFY(stage.user().typeText(u"out=result"_s));
         stage.tap(XKB_KEY_Return);

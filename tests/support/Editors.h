@@ -46,8 +46,8 @@ private:
     QString m_interruptsFile;
 };
 
-// A window of class "HostileOwner" that takes CLIPBOARD on Ctrl+C and then behaves as the mode
-// says; hostile_owner.cpp lists the modes. Null when it does not come up.
+// A window of class "HostileOwner" that takes CLIPBOARD on any key with Control and then behaves as
+// the mode says; HostileOwner.cpp lists the modes. Null when it does not come up.
 [[nodiscard]] ChildProcess *launchHostileOwner(DesktopSession &session, const QStringList &mode);
 
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 //
-// A window that takes CLIPBOARD on Ctrl+C (or Ctrl+Insert) and then behaves as programs do that a
+// A window that takes CLIPBOARD on any key with Control and then behaves as programs do that a
 // clipboard reader has to survive:
 //
 //     hostile_owner MODE
@@ -26,10 +26,7 @@
 #include <utility>
 #include <vector>
 
-#include <poll.h>
 #include <unistd.h>
-
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace {
 
@@ -126,12 +123,9 @@ void Owner::show()
 
 void Owner::run()
 {
-    pollfd descriptor { xcb_get_file_descriptor(m_c), POLLIN, 0 };
-    while (!xcb_connection_has_error(m_c)) {
-        while (const Xcb::Owned<xcb_generic_event_t> event { xcb_poll_for_event(m_c) })
-            handle(event.get());
+    while (const Xcb::Owned<xcb_generic_event_t> event { xcb_wait_for_event(m_c) }) {
+        handle(event.get());
         xcb_flush(m_c);
-        ::poll(&descriptor, 1, -1);
     }
 }
 
@@ -165,16 +159,8 @@ void Owner::onExposed()
 
 void Owner::onKey(const xcb_key_press_event_t &event)
 {
-    const Xcb::Owned<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
-        m_c, xcb_get_keyboard_mapping(m_c, event.detail, 1), nullptr));
-    if (!mapping || !(event.state & XCB_MOD_MASK_CONTROL))
-        return;
-    const auto *first = xcb_get_keyboard_mapping_keysyms(mapping.get());
-    const auto *end = first + xcb_get_keyboard_mapping_keysyms_length(mapping.get());
-    if (!std::any_of(first, end,
-                     [](auto key) { return key == XKB_KEY_c || key == XKB_KEY_Insert; }))
-        return;
-    take(event.time);
+    if (event.state & XCB_MOD_MASK_CONTROL)
+        take(event.time);
 }
 
 void Owner::take(xcb_timestamp_t time)

@@ -17,16 +17,14 @@ bool waitFor(const std::function<bool()> &condition, std::chrono::milliseconds t
 
 }
 
-Xcb::Owned<xcb_get_property_reply_t> XUser::Private::property(quint32 window,
-                                                              const char *name) const
+quint32 XUser::Private::number(quint32 window, const char *property) const
 {
-    auto *c = connection.get();
-    return Xcb::property(c, window, Xcb::atom(c, name));
+    return x11->items(window, property).value(0);
 }
 
 QList<quint32> XUser::Private::children(quint32 window) const
 {
-    auto *c = connection.get();
+    auto *c = connection;
     const Xcb::Owned<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(c, xcb_query_tree(c, window), nullptr));
     if (!tree)
@@ -37,8 +35,7 @@ QList<quint32> XUser::Private::children(quint32 window) const
 
 quint32 XUser::Private::clientInside(quint32 window, int depth) const
 {
-    const auto state = property(window, "WM_STATE");
-    if (state && state->type != XCB_ATOM_NONE)
+    if (!x11->property(window, x11->atom("WM_STATE")).isEmpty())
         return window;
     if (depth == 0)
         return 0;
@@ -51,7 +48,7 @@ quint32 XUser::Private::clientInside(quint32 window, int depth) const
 
 WindowInfo XUser::Private::describe(quint32 window) const
 {
-    auto *c = connection.get();
+    auto *c = connection;
     const Xcb::Owned<xcb_get_geometry_reply_t> size(
         xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr));
     const Xcb::Owned<xcb_translate_coordinates_reply_t> origin(xcb_translate_coordinates_reply(
@@ -60,24 +57,21 @@ WindowInfo XUser::Private::describe(quint32 window) const
         xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, window), nullptr));
     if (!size || !origin || !attributes)
         return {};
-    const auto classes
-        = QByteArray::fromStdString(Xcb::bytes(property(window, "WM_CLASS").get())).split('\0');
-    auto title = Xcb::bytes(property(window, "_NET_WM_NAME").get());
-    if (title.empty())
-        title = Xcb::bytes(property(window, "WM_NAME").get());
+    const auto text = [&](const char *name) { return x11->property(window, x11->atom(name)); };
+    const QByteArray title = text("_NET_WM_NAME");
     WindowInfo info;
     info.id = window;
     info.geometry = QRect(origin->dst_x, origin->dst_y, size->width, size->height);
-    info.className = QString::fromUtf8(classes.value(1));
-    info.title = QString::fromUtf8(title);
-    info.processId = Xcb::number(property(window, "_NET_WM_PID").get());
+    info.className = QString::fromUtf8(text("WM_CLASS").split('\0').value(1));
+    info.title = QString::fromUtf8(title.isEmpty() ? text("WM_NAME") : title);
+    info.processId = number(window, "_NET_WM_PID");
     info.overrideRedirect = attributes->override_redirect;
     return info;
 }
 
 QList<WindowInfo> XUser::windows() const
 {
-    auto *c = d->connection.get();
+    auto *c = d->connection;
     QList<WindowInfo> found;
     for (const auto top : d->children(d->screen->root)) {
         const Xcb::Owned<xcb_get_window_attributes_reply_t> attributes(
@@ -123,16 +117,15 @@ bool XUser::waitUntilGone(quint32 id, std::chrono::milliseconds timeout) const
 
 quint32 XUser::activeWindow() const
 {
-    return Xcb::number(d->property(d->screen->root, "_NET_ACTIVE_WINDOW").get());
+    return d->number(d->screen->root, "_NET_ACTIVE_WINDOW");
 }
 
 bool XUser::isUsable(quint32 id) const
 {
-    const bool isManaged
-        = Xcb::number(d->property(d->screen->root, "_NET_SUPPORTING_WM_CHECK").get()) != 0;
+    const bool isManaged = d->number(d->screen->root, "_NET_SUPPORTING_WM_CHECK") != 0;
     if (isManaged && activeWindow() != id)
         return false;
-    auto *c = d->connection.get();
+    auto *c = d->connection;
     const Xcb::Owned<xcb_get_input_focus_reply_t> focus(
         xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
     for (auto window = focus ? focus->focus : 0; window > XCB_INPUT_FOCUS_POINTER_ROOT;) {
@@ -152,17 +145,10 @@ bool XUser::waitUntilUsable(quint32 id, std::chrono::milliseconds timeout) const
 
 void XUser::activate(quint32 id)
 {
-    auto *c = d->connection.get();
-    constexpr uint32_t fromTaskBar = 2; // EWMH, source indication
-    xcb_client_message_event_t message {};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = id;
-    message.type = Xcb::atom(c, "_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = fromTaskBar;
-    xcb_send_event(c, 0, d->screen->root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char *>(&message));
+    constexpr quint32 fromTaskBar = 2; // EWMH, source indication
+    d->x11->sendMessage(d->screen->root,
+                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                        id, "_NET_ACTIVE_WINDOW", { fromTaskBar });
     d->sync();
 }
 
@@ -172,7 +158,7 @@ QImage XUser::screenshot(const QRect &area) const
     const QRect shown = area.isNull() ? everything : area & everything;
     if (shown.isEmpty())
         return {};
-    auto *c = d->connection.get();
+    auto *c = d->connection;
     const Xcb::Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
         c,
         xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, d->screen->root,
