@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/XClipboard.h"
 
-#include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SelectionTransfer.h"
+#include "support/DisplayConnection.h"
 #include "support/XcbSupport.h"
 
 #include <QSocketNotifier>
@@ -20,19 +20,6 @@ constexpr int retryMs = 50;
 int milliseconds(std::chrono::milliseconds timeout)
 {
     return static_cast<int>(timeout.count());
-}
-
-// The program's own connection, which is always to $DISPLAY.
-std::unique_ptr<X11Connection> connectionTo(const QByteArray &display)
-{
-    const QByteArray own = qgetenv("DISPLAY");
-    qputenv("DISPLAY", display);
-    auto connection = X11Connection::open();
-    own.isNull() ? qunsetenv("DISPLAY") : qputenv("DISPLAY", own);
-    if (!connection)
-        return nullptr;
-    (*connection)->start();
-    return *std::move(connection);
 }
 
 }
@@ -68,6 +55,8 @@ XClipboard::Private::Private(const QByteArray &display)
     : connection(xcb_connect(display.constData(), nullptr))
     , reading(connectionTo(display))
 {
+    if (reading)
+        reading->start();
     auto *c = connection.get();
     if (xcb_connection_has_error(c))
         return;

@@ -5,6 +5,7 @@
 #include "support/XUserPrivate.h"
 
 #include "platform/x11/X11KeyLayout.h"
+#include "support/DisplayConnection.h"
 
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
@@ -32,14 +33,9 @@ std::optional<quint8> keycode(const X11Connection &connection, quint32 keysym)
 
 XUser::Private::Private(const QByteArray &display)
 {
-    // The program's own connection, which is always to $DISPLAY.
-    const QByteArray own = qgetenv("DISPLAY");
-    qputenv("DISPLAY", display);
-    auto opened = X11Connection::open();
-    own.isNull() ? qunsetenv("DISPLAY") : qputenv("DISPLAY", own);
-    if (!opened)
+    x11 = connectionTo(display);
+    if (!x11)
         return;
-    x11 = *std::move(opened);
     connection = x11->xcb();
     screen = Xcb::screen(connection);
     findKeyboard();
