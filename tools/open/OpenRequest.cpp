@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "open/OpenRequest.h"
 
+#include "base/Url.h"
+
 #include <QDir>
-#include <QRegularExpression>
 
 #include <utility>
 
@@ -16,8 +17,7 @@ namespace {
 /// A URL as it is, else an absolute path. A file that exists is never taken for a URL.
 QString targetFrom(const QString &argument)
 {
-    static const QRegularExpression scheme(u"^[A-Za-z][A-Za-z0-9+.-]*:"_s); // RFC 3986, 3.1
-    const bool isUrl = scheme.match(argument).hasMatch() && !QFileInfo::exists(argument);
+    const bool isUrl = !Url::schemeOf(argument).isEmpty() && !QFileInfo::exists(argument);
     return isUrl ? argument : QDir::cleanPath(QDir::current().absoluteFilePath(argument));
 }
 

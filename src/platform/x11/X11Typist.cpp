@@ -3,6 +3,7 @@
 #include "platform/x11/X11Typist.h"
 
 #include "base/KeyCodes.h"
+#include "base/TextRules.h"
 #include "platform/freedesktop/Terminals.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SpareKeys.h"
@@ -42,11 +43,10 @@ quint32 symbolOf(char32_t character)
     }
 }
 
-QList<quint32> symbolsOf(QString text)
+QList<quint32> symbolsOf(const QString &text)
 {
-    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     QList<quint32> symbols;
-    for (const uint character : text.toUcs4())
+    for (const uint character : withNormalizedLineEnds(text).toUcs4())
         symbols += symbolOf(character);
     symbols.removeAll(XKB_KEY_NoSymbol);
     return symbols;

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "lib/calendar/CalendarEntry.h"
 
+#include "base/Identifier.h"
+
 #include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryFile>
-#include <QUuid>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -169,8 +170,7 @@ Result<QString> writeCalendarFile(const CalendarEntry &entry)
     removeOldFiles(folder);
     QTemporaryFile file(folder + u"/entry-XXXXXX.ics"_s); // created with O_EXCL and mode 0600
     file.setAutoRemove(false);
-    const QString identifier = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    const QByteArray bytes = toICalendar(entry, identifier, QDateTime::currentDateTime());
+    const QByteArray bytes = toICalendar(entry, newIdentifier(), QDateTime::currentDateTime());
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
         return Failure { file.errorString() };
     return file.fileName();
