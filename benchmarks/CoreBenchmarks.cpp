@@ -18,6 +18,7 @@
 #include <benchmark/benchmark.h>
 
 using namespace Tessel;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,14 +29,14 @@ AppConfig configWith(qsizetype actionCount)
     config.customActions = DefaultActions::standard();
     for (qsizetype i = config.customActions.size(); i < actionCount; ++i) {
         ActionConfig action;
-        action.id = QStringLiteral("3F2504E0-4F89-41D3-9A0C-%1").arg(i, 12, 10, QChar(u'0'));
-        action.title = QStringLiteral("Action %1").arg(i);
-        action.iconName = QStringLiteral("phosphor_magnifying-glass");
-        action.templateText = QStringLiteral("https://example.org/search?q={text}&n=%1").arg(i);
+        action.id = u"3F2504E0-4F89-41D3-9A0C-%1"_s.arg(i, 12, 10, QChar(u'0'));
+        action.title = u"Action %1"_s.arg(i);
+        action.iconName = u"phosphor_magnifying-glass"_s;
+        action.templateText = u"https://example.org/search?q={text}&n=%1"_s.arg(i);
         if (i % 4 == 0)
-            action.regex = QStringLiteral("\\bitem-%1-[0-9]+").arg(i);
+            action.regex = u"\\bitem-%1-[0-9]+"_s.arg(i);
         else if (i % 4 == 2)
-            action.regex = QStringLiteral("[A-Z]{2,%1}:").arg(i + 2);
+            action.regex = u"[A-Z]{2,%1}:"_s.arg(i + 2);
         config.customActions.append(action);
     }
     return config;
@@ -43,7 +44,7 @@ AppConfig configWith(qsizetype actionCount)
 
 QString prose(qsizetype size)
 {
-    const QString sentence = QStringLiteral("The quick brown fox jumps over the lazy dog, twice. ");
+    const QString sentence = u"The quick brown fox jumps over the lazy dog, twice. "_s;
     return sentence.repeated(size / sentence.size() + 1).first(size);
 }
 
@@ -53,8 +54,8 @@ class Store
 public:
     explicit Store(qsizetype actionCount)
     {
-        QDir(m_folder.path()).mkdir(QStringLiteral("GlintClone"));
-        QFile file(m_folder.filePath(QStringLiteral("GlintClone/config.json")));
+        QDir(m_folder.path()).mkdir(u"GlintClone"_s);
+        QFile file(m_folder.filePath(u"GlintClone/config.json"_s));
         if (!file.open(QIODevice::WriteOnly))
             qFatal("cannot write the configuration");
         file.write(encodeConfig(configWith(actionCount)));

@@ -4,11 +4,13 @@
 
 #include <QByteArray>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 QString Placeholder::substitute(const QString &templateText, const QString &value)
 {
-    return QString(templateText).replace(QStringLiteral("{text}"), value);
+    return QString(templateText).replace(u"{text}"_s, value);
 }
 
 std::optional<QString> Placeholder::percentEncodedForQuery(const QString &text)
@@ -21,14 +23,12 @@ std::optional<QString> Placeholder::percentEncodedForQuery(const QString &text)
 
 QString Placeholder::escapedForShell(const QString &text)
 {
-    return QString(text).replace(u'\'', QStringLiteral("'\\''"));
+    return QString(text).replace(u'\'', u"'\\''"_s);
 }
 
 QString Placeholder::escapedForAppleScript(const QString &text)
 {
-    return QString(text)
-        .replace(u'\\', QStringLiteral("\\\\"))
-        .replace(u'"', QStringLiteral("\\\""));
+    return QString(text).replace(u'\\', u"\\\\"_s).replace(u'"', u"\\\""_s);
 }
 
 }

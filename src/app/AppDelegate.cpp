@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace Tessel {
@@ -84,10 +85,9 @@ void AppDelegate::applicationDidFinishLaunching()
 void AppDelegate::showMissingAccess(const QStringList &missing)
 {
     applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
-    auto *box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tessel"),
-                                QStringLiteral("Tessel cannot see the selected text here. "
-                                               "Missing:\n\n• %1")
-                                    .arg(missing.join(QStringLiteral("\n• "))),
+    auto *box = new QMessageBox(QMessageBox::Warning, u"Tessel"_s,
+                                u"Tessel cannot see the selected text here. "
+                                "Missing:\n\n• %1"_s.arg(missing.join(u"\n• "_s)),
                                 QMessageBox::Close);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);

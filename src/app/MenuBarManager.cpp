@@ -25,6 +25,8 @@
 #include <QPixmapCache>
 #include <QSystemTrayIcon>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 MenuBarManager::MenuBarManager(Dependencies dependencies)
@@ -62,7 +64,7 @@ void MenuBarManager::setupMenuBar()
     if (m_statusItem)
         return;
     m_statusItem = std::make_unique<QSystemTrayIcon>();
-    m_statusItem->setToolTip(QStringLiteral("Tessel"));
+    m_statusItem->setToolTip(u"Tessel"_s);
     m_statusItem->setContextMenu(&m_menu);
     connect(m_statusItem.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
@@ -94,14 +96,14 @@ void MenuBarManager::updateMenu()
         connect(action, &QAction::triggered, this, run);
     };
     m_menu.clear();
-    add(QStringLiteral("About Tessel"), [this] { showAbout(); });
-    add(QStringLiteral("Check for Updates..."), [this] { Q_EMIT updateCheckRequested(); });
+    add(u"About Tessel"_s, [this] { showAbout(); });
+    add(u"Check for Updates..."_s, [this] { Q_EMIT updateCheckRequested(); });
     m_menu.addSeparator();
     add(
-        QStringLiteral("Preferences..."), [this] { openSettings(); }, Qt::CTRL | Qt::Key_Comma);
+        u"Preferences..."_s, [this] { openSettings(); }, Qt::CTRL | Qt::Key_Comma);
     m_menu.addSeparator();
     add(
-        QStringLiteral("Quit"), [] { QApplication::quit(); }, Qt::CTRL | Qt::Key_Q);
+        u"Quit"_s, [] { QApplication::quit(); }, Qt::CTRL | Qt::Key_Q);
 }
 
 void MenuBarManager::showAbout()
@@ -113,18 +115,18 @@ void MenuBarManager::showAbout()
 
 void MenuBarManager::openSettings()
 {
-    FileLogger::log(QStringLiteral("DEBUG: Show Preferences clicked"));
+    FileLogger::log(u"DEBUG: Show Preferences clicked"_s);
     if (!m_settingsWindowController) {
-        FileLogger::log(QStringLiteral("DEBUG: Creating new SettingsWindowController"));
+        FileLogger::log(u"DEBUG: Creating new SettingsWindowController"_s);
         m_settingsWindowController = new SettingsWindowController(
             { m_dependencies.config, m_dependencies.localization, m_dependencies.notifications,
               m_dependencies.bundle, m_icons, m_dependencies.platform.workspace(),
               m_dependencies.platform.popupHost() });
         m_settingsWindowController->onClose = [manager = QPointer(this)] {
-            FileLogger::log(QStringLiteral("DEBUG: Settings window closing - performing cleanup"));
+            FileLogger::log(u"DEBUG: Settings window closing - performing cleanup"_s);
             if (manager)
                 manager->m_settingsWindowController.clear();
-            FileLogger::log(QStringLiteral("DEBUG: SettingsWindowController reference set to nil"));
+            FileLogger::log(u"DEBUG: SettingsWindowController reference set to nil"_s);
         };
         connect(m_settingsWindowController, &QObject::destroyed, qApp, [] {
             QPixmapCache::clear(); // the style's
@@ -140,8 +142,8 @@ void MenuBarManager::showError(const QString &title, const QString &message)
     if (m_errorWindow)
         m_errorWindow->close();
     m_errorWindow = new ErrorPanel(
-        m_dependencies.platform.popupHost(),
-        m_icons.image(QStringLiteral("exclamationmark.triangle.fill")), title, message,
+        m_dependencies.platform.popupHost(), m_icons.image(u"exclamationmark.triangle.fill"_s),
+        title, message,
         themeFor(m_dependencies.config.themeMode, m_dependencies.platform.appearance().isDark()));
     connect(m_errorWindow, &ErrorPanel::copyRequested, this,
             [this](const QString &text) { m_dependencies.platform.pasteboard().setString(text); });

@@ -28,12 +28,12 @@ void report(const QString &error)
 
 QString SingleInstance::lockFilePath()
 {
-    QString folder = QStringLiteral("/tmp");
+    QString folder = u"/tmp"_s;
     for (const char *variable : { "XDG_RUNTIME_DIR", "TMPDIR" }) {
         if (!qEnvironmentVariableIsEmpty(variable))
             folder = qEnvironmentVariable(variable);
     }
-    return QDir(folder).filePath(QStringLiteral("com.tessel.app.lock"));
+    return QDir(folder).filePath(u"com.tessel.app.lock"_s);
 }
 
 std::optional<qint32> SingleInstance::parseProcessId(const QByteArray &text)
@@ -59,7 +59,7 @@ std::optional<qint32> SingleInstance::liveOwnerElseTakeLock(const QString &path)
         QStringDecoder utf8(QStringDecoder::Utf8);
         const QString text = utf8(content);
         if (utf8.hasError()) {
-            report(QStringLiteral("%1 is not UTF-8 text").arg(path));
+            report(u"%1 is not UTF-8 text"_s.arg(path));
             return {};
         }
         const auto owner = parseProcessId(content);

@@ -8,6 +8,8 @@
 
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -36,9 +38,9 @@ QPixmap outlined(const QImage &artwork, const QColor &color, const QColor &conto
 
 QIcon trayIcon(const ResourceBundle &bundle, bool isDesktopDark)
 {
-    QImage artwork = bundle.iconImage(QStringLiteral("MenuBarIcon"));
+    QImage artwork = bundle.iconImage(u"MenuBarIcon"_s);
     if (artwork.isNull())
-        artwork = bundle.iconImage(QStringLiteral("phosphor_star"));
+        artwork = bundle.iconImage(u"phosphor_star"_s);
     const Theme::Tray &colors = themeFor(ThemeMode::system, isDesktopDark).tray;
     QIcon icon;
     for (const int pixels : { 22, 44 })

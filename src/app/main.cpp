@@ -80,8 +80,7 @@ int main(int argc, char *argv[])
 {
     std::signal(SIGPIPE, SIG_IGN); // a closed standard output must not end the program
     if (const auto owner = SingleInstance::liveOwnerElseTakeLock(SingleInstance::lockFilePath())) {
-        Log::print(QStringLiteral("App is already running (PID: %1). Terminating new instance.")
-                       .arg(*owner));
+        Log::print(u"App is already running (PID: %1). Terminating new instance."_s.arg(*owner));
         return 0;
     }
     const auto connected = makePlatform();
@@ -98,9 +97,9 @@ int main(int argc, char *argv[])
     hidden.reset();
     quitOnTerminationSignals();
     prependHelperFolderToPath();
-    QApplication::setApplicationName(QStringLiteral("Tessel"));
+    QApplication::setApplicationName(u"Tessel"_s);
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("tessel"));
+    QApplication::setDesktopFileName(u"tessel"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     ResourceBundle::module(); // ends the program here when it is missing
 

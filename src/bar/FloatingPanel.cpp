@@ -17,6 +17,8 @@
 #include "platform/PopupHost.h"
 #include "windows/Theme.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -25,7 +27,7 @@ namespace {
 QString countTitle(const QString &text)
 {
     const qsizetype count = characterCount(text);
-    return QStringLiteral("%1 char%2").arg(count).arg(count == 1 ? QString() : QStringLiteral("s"));
+    return u"%1 char%2"_s.arg(count).arg(count == 1 ? QString() : u"s"_s);
 }
 
 }
@@ -74,8 +76,7 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
     }
     const QSize size = m_window.size();
     const QPoint place = PanelLayout::place(at.pointer, size, at.visibleFrame);
-    Log::print(QStringLiteral("DEBUG: FloatingPanel showing at (%1, %2, %3, %4)")
-                   .arg(place.x())
+    Log::print(u"DEBUG: FloatingPanel showing at (%1, %2, %3, %4)"_s.arg(place.x())
                    .arg(place.y())
                    .arg(size.width())
                    .arg(size.height()));

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace Tessel {
@@ -138,7 +139,7 @@ PanelWindow::PanelWindow(PopupHost &host)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowTitle(QStringLiteral("Tessel"));
+    setWindowTitle(u"Tessel"_s);
     m_ground->setGraphicsEffect(m_pop);
     m_pop->setEnabled(false);
 

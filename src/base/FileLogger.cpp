@@ -10,6 +10,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -33,13 +35,13 @@ void append(const QString &path, const QByteArray &line)
 
 void FileLogger::log(const QString &message)
 {
-    log(message, QStringLiteral("/tmp/tessel_debug.log"));
+    log(message, u"/tmp/tessel_debug.log"_s);
 }
 
 void FileLogger::log(const QString &message, const QString &path)
 {
     const QString time = QDateTime::currentDateTimeUtc().toString(Qt::ISODate);
-    append(path, QStringLiteral("%1: %2\n").arg(time, message).toUtf8());
+    append(path, u"%1: %2\n"_s.arg(time, message).toUtf8());
     Log::print(message);
 }
 

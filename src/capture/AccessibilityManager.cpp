@@ -15,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace Tessel {
@@ -69,9 +70,9 @@ QCoro::Task<std::optional<SelectedText>> AccessibilityManager::getSelectedTextIn
         co_return std::nullopt;
     }
     const QString name = application->localizedName;
-    Log::print(QStringLiteral("DEBUG: Focused App: %1 (%2)")
-                   .arg(name.isEmpty() ? QStringLiteral("Unknown") : name,
-                        application->bundleIdentifier.value_or(QStringLiteral("no-bundle-id"))));
+    Log::print(u"DEBUG: Focused App: %1 (%2)"_s.arg(
+        name.isEmpty() ? u"Unknown"_s : name,
+        application->bundleIdentifier.value_or(u"no-bundle-id"_s)));
 
     const auto text = co_await getSelectionBySimulation(*application);
     if (!text) {

@@ -27,9 +27,7 @@ void printCapture(const SelectedText &selected)
     const QString rule(50, u'-');
     Log::print(rule);
     Log::print(u"SELECTED TEXT: "_s + selected.text);
-    Log::print(QStringLiteral("BOUNDS: (%1, %2, 0, 0)")
-                   .arg(selected.pointer.x())
-                   .arg(selected.pointer.y()));
+    Log::print(u"BOUNDS: (%1, %2, 0, 0)"_s.arg(selected.pointer.x()).arg(selected.pointer.y()));
     Log::print(rule);
 }
 
@@ -61,8 +59,7 @@ void SelectionDetector::handleKeyOrScroll(const InputEvent &event)
         const qint64 modifiers = event.modifiers & KeyCodes::modifierMask;
         if (event.keyCode == m_dependencies.config.triggerKeyCode
             && modifiers == m_dependencies.config.triggerModifiers) {
-            Log::print(QStringLiteral("DEBUG: Hotkey pressed (Code: %1, Modifiers: %2)")
-                           .arg(event.keyCode)
+            Log::print(u"DEBUG: Hotkey pressed (Code: %1, Modifiers: %2)"_s.arg(event.keyCode)
                            .arg(modifiers));
             checkSelection();
             return;
@@ -105,9 +102,8 @@ QCoro::Task<> SelectionDetector::runTriggerCycle()
     const PopupLocation location = co_await m_dependencies.popupHost.locate();
     if (!self)
         co_return;
-    Log::print(QStringLiteral("DEBUG: Mouse Location: (%1, %2)")
-                   .arg(location.pointer.x())
-                   .arg(location.pointer.y()));
+    Log::print(
+        u"DEBUG: Mouse Location: (%1, %2)"_s.arg(location.pointer.x()).arg(location.pointer.y()));
     m_dependencies.bar.show(location, selected->text,
                             m_dependencies.config.enableKeyboardShortcuts);
 }

@@ -11,6 +11,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -29,18 +31,17 @@ QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight = QFo
 AboutWindow::AboutWindow(const QImage &icon)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QStringLiteral("About Tessel"));
+    setWindowTitle(u"About Tessel"_s);
     addWindowCommands(this);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
     auto *picture = new QLabel;
     picture->setPixmap(QPixmap::fromImage(icon));
     picture->setAlignment(Qt::AlignCenter);
-    auto *links = centredLabel(
-        QStringLiteral("Icons: <a href=\"https://phosphoricons.com\">Phosphor</a>, MIT<br>"
-                       "Built with <a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3")
-            .arg(QLatin1StringView(qVersion())),
-        FontSize::note);
+    auto *links = centredLabel(u"Icons: <a href=\"https://phosphoricons.com\">Phosphor</a>, MIT<br>"
+                               "Built with <a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3"_s.arg(
+                                   QLatin1StringView(qVersion())),
+                               FontSize::note);
     links->setOpenExternalLinks(true);
     links->setTextInteractionFlags(Qt::TextBrowserInteraction);
 
@@ -48,12 +49,11 @@ AboutWindow::AboutWindow(const QImage &icon)
     column->setContentsMargins(48, 28, 48, 32);
     column->setSpacing(6);
     column->addWidget(picture);
-    column->addWidget(centredLabel(QStringLiteral("Tessel"), FontSize::product, QFont::Bold));
-    column->addWidget(centredLabel(
-        QStringLiteral("Version %1").arg(QApplication::applicationVersion()), FontSize::text));
-    column->addSpacing(10);
+    column->addWidget(centredLabel(u"Tessel"_s, FontSize::product, QFont::Bold));
     column->addWidget(
-        centredLabel(QStringLiteral("© 2026 The Tessel developers\nMIT License"), FontSize::note));
+        centredLabel(u"Version %1"_s.arg(QApplication::applicationVersion()), FontSize::text));
+    column->addSpacing(10);
+    column->addWidget(centredLabel(u"© 2026 The Tessel developers\nMIT License"_s, FontSize::note));
     column->addWidget(links);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -8,6 +8,8 @@
 #include <QIcon>
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -19,13 +21,13 @@ QString resourceName(AppIconType type)
 {
     switch (type) {
     case AppIconType::standard:
-        return QStringLiteral("Logo_default-macOS-Dark-1024x1024@2x");
+        return u"Logo_default-macOS-Dark-1024x1024@2x"_s;
     case AppIconType::light:
-        return QStringLiteral("Logo_default-macOS-Light-1024x1024@2x");
+        return u"Logo_default-macOS-Light-1024x1024@2x"_s;
     case AppIconType::neon:
         break;
     }
-    return QStringLiteral("Logo_default-macOS-Neon-1024x1024@2x");
+    return u"Logo_default-macOS-Neon-1024x1024@2x"_s;
 }
 
 }

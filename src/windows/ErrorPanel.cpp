@@ -21,6 +21,8 @@
 #include <QShortcut>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -31,22 +33,21 @@ constexpr int distanceBelowPointer = 10;
 
 QString lookOfParts(const Theme::ErrorPanel &theme)
 {
-    return QStringLiteral(
-               "QLabel { color: %1; }"
-               "QPlainTextEdit { color: %1; background: %2; border: none; border-radius: %9px;"
-               " padding: 4px; }"
-               "QScrollBar { background: transparent; width: 8px; }"
-               "QScrollBar::handle { background: %3; border-radius: 3px; margin: 1px;"
-               " min-height: 24px; }"
-               "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-               "QPushButton { color: %1; background: %4; border: 1px solid %5; border-radius: %9px;"
-               " padding: 5px 10px; }"
-               "QPushButton:hover { background: %5; }"
-               "QPushButton:focus { border: 2px solid %6; padding: 4px 9px; }"
-               "QPushButton:default { color: %7; background: %8; }")
-        .arg(theme.text.name(), theme.field.name(), theme.scrollBar.name(), theme.button.name(),
-             theme.buttonBorder.name(), theme.focus.name(), theme.defaultButtonText.name(),
-             theme.defaultButton.name(), QString::number(CornerRadius::errorPanelPart));
+    return u"QLabel { color: %1; }"
+           "QPlainTextEdit { color: %1; background: %2; border: none; border-radius: %9px;"
+           " padding: 4px; }"
+           "QScrollBar { background: transparent; width: 8px; }"
+           "QScrollBar::handle { background: %3; border-radius: 3px; margin: 1px;"
+           " min-height: 24px; }"
+           "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+           "QPushButton { color: %1; background: %4; border: 1px solid %5; border-radius: %9px;"
+           " padding: 5px 10px; }"
+           "QPushButton:hover { background: %5; }"
+           "QPushButton:focus { border: 2px solid %6; padding: 4px 9px; }"
+           "QPushButton:default { color: %7; background: %8; }"_s.arg(
+               theme.text.name(), theme.field.name(), theme.scrollBar.name(), theme.button.name(),
+               theme.buttonBorder.name(), theme.focus.name(), theme.defaultButtonText.name(),
+               theme.defaultButton.name(), QString::number(CornerRadius::errorPanelPart));
 }
 
 }
@@ -85,7 +86,7 @@ QWidget *ErrorPanel::header(const QImage &symbol, const QString &title)
     auto *icon = new QLabel;
     icon->setPixmap(
         TemplateImage::tintedPixmap(symbol, m_theme.errorPanel.symbol, 20, devicePixelRatioF()));
-    icon->setAccessibleName(QStringLiteral("Error"));
+    icon->setAccessibleName(u"Error"_s);
     auto *text = new QLabel(title);
     text->setTextFormat(Qt::PlainText);
     text->setFont(sized(text->font(), FontSize::title, QFont::Bold));
@@ -105,7 +106,7 @@ QWidget *ErrorPanel::messageBox(const QString &message)
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setFixedHeight(messageHeight);
     box->setTabChangesFocus(true);
-    box->setAccessibleName(QStringLiteral("Message"));
+    box->setAccessibleName(u"Message"_s);
     box->setPlainText(displayable(message));
     return box;
 }
@@ -116,8 +117,8 @@ QWidget *ErrorPanel::buttons()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(10);
-    auto *copy = new QPushButton(QStringLiteral("Copy Log"));
-    auto *close = new QPushButton(QStringLiteral("Close"));
+    auto *copy = new QPushButton(u"Copy Log"_s);
+    auto *close = new QPushButton(u"Close"_s);
     copy->setDefault(true);
     copy->setFocus();
     setFocusProxy(copy);

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -49,7 +51,7 @@ LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRe
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
-    setWindowTitle(QStringLiteral("Tessel Large Type"));
+    setWindowTitle(u"Tessel Large Type"_s);
     setAccessibleName(text.left(maxCharacters));
     setGeometry(frame);
     layOut(text.left(maxCharacters));

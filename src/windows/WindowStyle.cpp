@@ -10,6 +10,8 @@
 #include <QPainterPath>
 #include <QStyleOption>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -157,7 +159,7 @@ QPalette windowPalette(const Theme &theme)
 }
 
 WindowStyle::WindowStyle()
-    : QProxyStyle(QStringLiteral("fusion"))
+    : QProxyStyle(u"fusion"_s)
 {
 }
 

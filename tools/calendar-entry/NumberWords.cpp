@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -36,12 +38,9 @@ std::optional<int> numberFromWords(QStringView text)
 {
     static const QHash<QString, int> words = [] {
         QHash<QString, int> numbers {
-            { QStringLiteral("a"), 1 },      { QStringLiteral("an"), 1 },
-            { QStringLiteral("하루"), 1 },   { QStringLiteral("이틀"), 2 },
-            { QStringLiteral("사흘"), 3 },   { QStringLiteral("나흘"), 4 },
-            { QStringLiteral("닷새"), 5 },   { QStringLiteral("엿새"), 6 },
-            { QStringLiteral("열흘"), 10 },  { QStringLiteral("보름"), 15 },
-            { QStringLiteral("일주일"), 7 },
+            { u"a"_s, 1 },     { u"an"_s, 1 },    { u"하루"_s, 1 },   { u"이틀"_s, 2 },
+            { u"사흘"_s, 3 },  { u"나흘"_s, 4 },  { u"닷새"_s, 5 },   { u"엿새"_s, 6 },
+            { u"열흘"_s, 10 }, { u"보름"_s, 15 }, { u"일주일"_s, 7 },
         };
         int number = 0;
         for (const QStringView word :

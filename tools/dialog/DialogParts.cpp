@@ -58,7 +58,7 @@ QPlainTextEdit *readOnlyText(const QString &text)
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setTabChangesFocus(true);
-    box->setAccessibleName(QStringLiteral("Message"));
+    box->setAccessibleName(u"Message"_s);
     box->setPlainText(text);
     return box;
 }

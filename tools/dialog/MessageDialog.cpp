@@ -15,6 +15,8 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 using Osascript::DialogRequest;
@@ -103,7 +105,7 @@ QWidget *MessageDialog::answerField(const DialogRequest &request)
             m_line->setEchoMode(QLineEdit::Password);
         field = m_line;
     }
-    field->setAccessibleName(QStringLiteral("Answer"));
+    field->setAccessibleName(u"Answer"_s);
     field->setMinimumWidth(DialogParts::textWidth);
     return field;
 }

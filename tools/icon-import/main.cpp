@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 
 using namespace Tessel;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,7 +40,7 @@ int fail(const QString &reason)
 int main(int argc, char *argv[])
 {
     if (argc != 3)
-        return fail(QStringLiteral("usage: tessel-icon-import SOURCE TARGET.png"));
+        return fail(u"usage: tessel-icon-import SOURCE TARGET.png"_s);
     limitResources();
 
     QFile source(QFile::decodeName(argv[1]));
@@ -47,7 +48,7 @@ int main(int argc, char *argv[])
         return fail(source.errorString());
     QImage image = readIconImage(source.readAll());
     if (image.isNull())
-        return fail(QStringLiteral("not an image that can be read: ") + source.fileName());
+        return fail(u"not an image that can be read: "_s + source.fileName());
     if (std::max(image.width(), image.height()) > maxSide)
         image = image.scaled(maxSide, maxSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QSaveFile target(QFile::decodeName(argv[2]));

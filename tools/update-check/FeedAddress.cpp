@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "update-check/FeedAddress.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 namespace {
@@ -17,7 +19,7 @@ bool isLocalHttp(const QUrl &address)
 
 QUrl signatureAddress(QUrl feed)
 {
-    feed.setPath(feed.path(QUrl::FullyEncoded) + QStringLiteral(".sig"), QUrl::TolerantMode);
+    feed.setPath(feed.path(QUrl::FullyEncoded) + u".sig"_s, QUrl::TolerantMode);
     return feed;
 }
 
