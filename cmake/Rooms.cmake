@@ -14,9 +14,11 @@ function(tessel_add_room)
 endfunction()
 
 # A program that users or scripts call by its name, in the folder that stands first on the PATH of
-# actions.
+# actions. The target "helpers" makes them all.
+add_custom_target(helpers)
 function(tessel_add_helper name)
     add_executable(${name} ${ARGN})
+    add_dependencies(helpers ${name})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/libexec)
     install(TARGETS ${name} DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/tessel)
 endfunction()
