@@ -9,7 +9,7 @@ build_packages=(
     libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
     nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
 )
-run_packages=(dbus dbus-user-session fonts-dejavu-core xdg-utils zsh)
+run_packages=(dbus dbus-user-session file fonts-dejavu-core xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
     dbus dbus-x11 featherpad fonts-noto-cjk mousepad openbox picom x11-utils

@@ -91,10 +91,17 @@ bool hasVariable(const QString &processFolder, const QByteArray &assignment)
     return file.open(QIODevice::ReadOnly) && file.readAll().split('\0').contains(assignment);
 }
 
+/// The test's own, also when it has taken over the environment of a desktop that is gone.
+const QString &temporaryFolder()
+{
+    static const QString folder = QDir::tempPath();
+    return folder;
+}
+
 }
 
 DesktopSession::DesktopSession()
-    : m_folder(QDir::tempPath() + u"/tessel-desktop-XXXXXX"_s)
+    : m_folder(temporaryFolder() + u"/tessel-desktop-XXXXXX"_s)
 {
 }
 

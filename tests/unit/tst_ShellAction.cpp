@@ -102,6 +102,7 @@ class tst_ShellAction : public QObject
     }
 
 private Q_SLOTS:
+    void cleanup() { setLocale("C.UTF-8"); }
     void initTestCase() { qputenv("OUT", QFile::encodeName(m_folder.filePath(u"out"_s))); }
 
     void textsArrive_data()

@@ -102,8 +102,11 @@ struct SettingsFixture : PanelFixture
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu);
         for (QAction *action : menu->actions()) {
-            if (action->text() == entry)
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+            if (action->text() != entry)
+                continue;
+            const QPoint place = menu->actionGeometry(action).center();
+            QTest::mouseMove(menu, place);
+            QTest::mouseClick(menu, Qt::LeftButton, {}, place);
         }
         QVERIFY(!menu->isVisible());
     }
