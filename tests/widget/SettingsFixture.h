@@ -101,13 +101,13 @@ struct SettingsFixture : PanelFixture
     {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu);
-        for (QAction *action : menu->actions()) {
-            if (action->text() != entry)
-                continue;
-            const QPoint place = menu->actionGeometry(action).center();
-            QTest::mouseMove(menu, place);
-            QTest::mouseClick(menu, Qt::LeftButton, {}, place);
+        for (qsizetype i = 0; i <= menu->actions().size(); ++i) {
+            if (menu->activeAction() && menu->activeAction()->text() == entry)
+                break;
+            QTest::keyClick(menu, Qt::Key_Down);
         }
+        QCOMPARE(menu->activeAction()->text(), entry);
+        QTest::keyClick(menu, Qt::Key_Return);
         QVERIFY(!menu->isVisible());
     }
 
