@@ -39,8 +39,8 @@ bool standsAlone(QChar character)
 qsizetype stretchEnd(QStringView text, qsizetype begin)
 {
     const auto joins = [](QChar left, QChar right) {
-        return !isLineBreak(left) && !isLineBreak(right)
-            && !(standsAlone(left) && standsAlone(right));
+        return !(standsAlone(left) && standsAlone(right)) && !isLineBreak(left)
+            && !isLineBreak(right);
     };
     qsizetype end = begin + 1;
     while (end < text.size() && joins(text[end - 1], text[end]))
@@ -58,30 +58,37 @@ void visitClusters(BreakIterator &iterator, QStringView text, TextRange stretch,
         iterator.reset(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &error));
     ubrk_setText(iterator.get(), text.utf16() + stretch.start, static_cast<int32_t>(stretch.length),
                  &error);
-    if (U_FAILURE(error)) {
-        for (qsizetype i = 0; i < stretch.length; ++i)
-            visit(TextRange { stretch.start + i, 1 });
+    if (U_FAILURE(error))
         return;
-    }
     int32_t from = 0;
     for (int32_t to = ubrk_next(iterator.get()); to != UBRK_DONE; to = ubrk_next(iterator.get())) {
-        visit(TextRange { stretch.start + from, to - from });
+        if (to - from > 1)
+            visit(TextRange { stretch.start + from, to - from });
         from = to;
     }
 }
 
-template <typename Visitor> void visitCharacters(QStringView text, CrLf crLf, Visitor visit)
+/// The characters of several code units; every other code unit is one.
+template <typename Visitor> void visitLongCharacters(QStringView text, CrLf crLf, Visitor visit)
 {
+    const auto isPlain = [](QChar c) { return c != u'\r' && standsAlone(c); };
     BreakIterator iterator;
-    for (qsizetype begin = 0, end = 0; begin < text.size(); begin = end) {
-        end = stretchEnd(text, begin);
-        if (crLf == CrLf::one && text.sliced(begin).startsWith(u"\r\n"))
-            ++end;
-        const bool isOne = end - begin == 1 || text[begin] == u'\r';
-        if (isOne)
-            visit(TextRange { begin, end - begin });
-        else
-            visitClusters(iterator, text, { begin, end - begin }, visit);
+    for (qsizetype begin = 0; begin < text.size();) {
+        const auto *odd = std::find_if_not(text.cbegin() + begin, text.cend(), isPlain);
+        const qsizetype at = odd - text.cbegin();
+        if (at == text.size())
+            return;
+        if (*odd == u'\r') {
+            const bool isCrLf = crLf == CrLf::one && text.sliced(at).startsWith(u"\r\n");
+            if (isCrLf)
+                visit(TextRange { at, 2 });
+            begin = at + (isCrLf ? 2 : 1);
+            continue;
+        }
+        const bool joinsBefore = at > begin && !isLineBreak(text[at - 1]);
+        const qsizetype start = joinsBefore ? at - 1 : at;
+        begin = stretchEnd(text, start);
+        visitClusters(iterator, text, { start, begin - start }, visit);
     }
 }
 
@@ -98,20 +105,30 @@ QList<TextRange> characterRanges(const QString &text, CrLf crLf)
 {
     QList<TextRange> ranges;
     ranges.reserve(text.size());
-    visitCharacters(text, crLf, [&ranges](TextRange range) { ranges.append(range); });
+    qsizetype end = 0;
+    const auto appendUnitsUntil = [&](qsizetype start) {
+        for (; end < start; ++end)
+            ranges.append(TextRange { end, 1 });
+    };
+    visitLongCharacters(text, crLf, [&](TextRange range) {
+        appendUnitsUntil(range.start);
+        ranges.append(range);
+        end = range.start + range.length;
+    });
+    appendUnitsUntil(text.size());
     return ranges;
 }
 
 qsizetype characterCount(const QString &text, CrLf crLf)
 {
-    qsizetype count = 0;
-    visitCharacters(text, crLf, [&count](TextRange /*range*/) { ++count; });
+    qsizetype count = text.size();
+    visitLongCharacters(text, crLf, [&count](TextRange range) { count -= range.length - 1; });
     return count;
 }
 
 bool standAlone(QStringView text)
 {
-    return std::all_of(text.cbegin(), text.cend(), standsAlone);
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return standsAlone(c); });
 }
 
 QString withControlPictures(const QString &text)
