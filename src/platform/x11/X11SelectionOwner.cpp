@@ -33,7 +33,8 @@ X11SelectionOwner::X11SelectionOwner(X11Connection &connection, const char *sele
     , m_selection(connection.atom(selection))
     , m_window(connection.createWindow())
     , m_pieceSize(std::min<qsizetype>(
-          maxPiece, xcb_get_setup(connection.xcb())->maximum_request_length * 4 - requestHead))
+          maxPiece,
+          xcb_get_setup(connection.xcb())->maximum_request_length * qsizetype { 4 } - requestHead))
 {
     const quint32 utf8 = connection.atom("UTF8_STRING");
     m_contents[utf8] = m_contents[connection.atom("TEXT")] = { utf8, text };
