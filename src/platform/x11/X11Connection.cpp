@@ -166,7 +166,8 @@ QList<quint32> X11Connection::items(quint32 window, quint32 atom) const
 {
     const QByteArray bytes = property(window, atom);
     QList<quint32> items(bytes.size() / 4);
-    std::memcpy(items.data(), bytes.constData(), static_cast<std::size_t>(items.size()) * 4);
+    if (!items.isEmpty()) // an empty list has no memory
+        std::memcpy(items.data(), bytes.constData(), static_cast<std::size_t>(items.size()) * 4);
     return items;
 }
 
