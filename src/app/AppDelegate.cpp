@@ -10,6 +10,7 @@
 #include "capture/AccessibilityManager.h"
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
+#include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
 #include "platform/CopyRequest.h"
@@ -49,8 +50,9 @@ void AppDelegate::applicationDidFinishLaunching()
         showMissingAccess(missing);
     }
     m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
-        ConfigManager::shared(), AccessibilityManager::shared(), FloatingPanel::shared(),
-        platform.eventMonitor(), platform.popupHost(), platform.workspace() });
+        ConfigManager::shared(), NotificationCenter::defaultCenter(),
+        AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
+        platform.popupHost(), platform.workspace() });
     m_detector->startMonitoring();
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
@@ -73,6 +75,10 @@ void AppDelegate::applicationDidFinishLaunching()
                     platform.popupHost(), text,
                     themeFor(ConfigManager::shared().themeMode, platform.appearance().isDark()));
             });
+    // The large type that has given the keyboard back still goes with the next key.
+    m_keysElsewhere = platform.eventMonitor().addGlobalMonitor(
+        InputEvent::Kind::keyDown, [](const InputEvent &) { LargeTypeWindow::closeShown(); });
+    connect(&platform.popupHost(), &PopupHost::sessionLocked, this, &LargeTypeWindow::closeShown);
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/EventMonitor.h"
+
 #include <QObject>
 
 #include <memory>
@@ -27,6 +29,7 @@ private:
     void showMissingAccess(const QStringList &missing);
 
     std::unique_ptr<SelectionDetector> m_detector;
+    std::unique_ptr<EventMonitor::Subscription> m_keysElsewhere;
     std::unique_ptr<MenuBarManager> m_menuBarManager;
     std::unique_ptr<UpdaterController> m_updaterController;
 };

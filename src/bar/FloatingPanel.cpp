@@ -5,6 +5,7 @@
 #include "actions/ActionManager.h"
 #include "actions/Pattern.h"
 #include "bar/HoverButton.h"
+#include "bar/PanelKeys.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "config/ConfigManager.h"
@@ -37,8 +38,10 @@ FloatingPanel::FloatingPanel(Dependencies dependencies)
     , m_window(dependencies.popupHost)
 {
     const auto rebuildIfVisible = [this] {
-        if (m_phase != Phase::hidden)
-            updateTheme();
+        if (m_phase == Phase::hidden)
+            return;
+        updateTheme();
+        takeKeys();
     };
     connect(&dependencies.notifications, &NotificationCenter::actionsDidReload, this,
             [this, rebuildIfVisible] {
@@ -49,6 +52,7 @@ FloatingPanel::FloatingPanel(Dependencies dependencies)
             rebuildIfVisible);
     connect(&dependencies.appearance, &Appearance::changed, this, rebuildIfVisible);
     connect(&dependencies.actions, &ActionManager::willRunAction, this, &FloatingPanel::hide);
+    connect(&dependencies.popupHost, &PopupHost::sessionLocked, this, &FloatingPanel::hide);
     connect(&m_window, &PanelWindow::keyPressed, this, &FloatingPanel::handleKey);
     connect(&m_window, &PanelWindow::vanished, this, &FloatingPanel::forgetText);
 }
@@ -83,8 +87,18 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
     m_phase = Phase::shown;
     m_isChosen = false;
     m_window.fadeIn(place);
-    if (makeKey)
-        m_dependencies.popupHost.takeKeyboard(m_window.windowHandle());
+    m_takesKeys = makeKey;
+    takeKeys();
+}
+
+/// The keys of as many buttons as there are; the application keeps all others.
+void FloatingPanel::takeKeys()
+{
+    if (m_phase != Phase::shown || !m_takesKeys)
+        return;
+    m_dependencies.popupHost.takeKeys(m_window.windowHandle(), [this](const PopupKey &key) {
+        return takesPanelKey(key, m_dependencies.config.enableKeyboardShortcuts, m_buttons.size());
+    });
 }
 
 void FloatingPanel::hide()
@@ -92,7 +106,7 @@ void FloatingPanel::hide()
     if (m_phase != Phase::shown)
         return;
     m_phase = Phase::hiding;
-    m_dependencies.popupHost.releaseKeyboard(m_window.windowHandle());
+    m_dependencies.popupHost.releaseKeys(m_window.windowHandle());
     m_window.fadeOut();
 }
 
@@ -154,7 +168,7 @@ QImage FloatingPanel::icon(const QString &name)
     return *known;
 }
 
-void FloatingPanel::handleKey(const PanelKey &key)
+void FloatingPanel::handleKey(const PopupKey &key)
 {
     const auto decision = decidePanelKey(key, m_dependencies.config.enableKeyboardShortcuts);
     switch (decision.kind) {

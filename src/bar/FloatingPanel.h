@@ -60,7 +60,8 @@ private:
     void fill(HoverButton &button, const GlintAction &action, const QString &effectiveText,
               int index);
     [[nodiscard]] QImage icon(const QString &name);
-    void handleKey(const PanelKey &key);
+    void takeKeys();
+    void handleKey(const PopupKey &key);
     void choose(HoverButton *button);
     void forgetText();
 
@@ -70,6 +71,7 @@ private:
     QHash<QString, QImage> m_icons; ///< decoded template images by icon name
     QString m_currentText;
     Phase m_phase = Phase::hidden;
+    bool m_takesKeys = false;
     bool m_isChosen = false; ///< a button flashes and its action is about to run
 };
 

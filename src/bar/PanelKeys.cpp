@@ -4,12 +4,13 @@
 
 #include "bar/PanelLayout.h"
 #include "base/KeyCodes.h"
+#include "platform/PopupHost.h"
 
 namespace Tessel {
 
 using Kind = PanelKeyDecision::Kind;
 
-PanelKeyDecision decidePanelKey(const PanelKey &key, bool shortcutsEnabled)
+PanelKeyDecision decidePanelKey(const PopupKey &key, bool shortcutsEnabled)
 {
     if (key.keyCode == KeyCodes::keyEscape)
         return { Kind::hide };
@@ -23,6 +24,22 @@ PanelKeyDecision decidePanelKey(const PanelKey &key, bool shortcutsEnabled)
             button = PanelLayout::buttonForCharacter(QLatin1Char(*character));
     }
     return button ? PanelKeyDecision { Kind::pick, *button } : PanelKeyDecision {};
+}
+
+bool takesPanelKey(const PopupKey &key, bool shortcutsEnabled, qsizetype buttons)
+{
+    const PanelKeyDecision decision = decidePanelKey(key, shortcutsEnabled);
+    switch (decision.kind) {
+    case Kind::ignore:
+        return false;
+    case Kind::hide:
+        return !key.isCommand; // Ctrl+Escape is a key of desktops
+    case Kind::openSettings:
+        return true;
+    case Kind::pick:
+        return decision.button < buttons;
+    }
+    Q_UNREACHABLE();
 }
 
 }

@@ -2,18 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include <QtGlobal>
 
 namespace Tessel {
 
-/// What a key press does while the bar has the keyboard.
-struct PanelKey
-{
-    qint64 keyCode = -1; ///< virtual key code, -1 when it has none
-    QString characters; ///< as the layout gives them
-    bool isCommand = false; ///< Ctrl or Super is held
-};
+struct PopupKey;
 
+/// What a key press does while the bar is shown.
 struct PanelKeyDecision
 {
     enum class Kind { ignore, hide, openSettings, pick };
@@ -25,6 +20,9 @@ struct PanelKeyDecision
 };
 
 /// On layouts that give other characters (Cyrillic, Hangul, AZERTY digits) the key's place counts.
-[[nodiscard]] PanelKeyDecision decidePanelKey(const PanelKey &key, bool shortcutsEnabled);
+[[nodiscard]] PanelKeyDecision decidePanelKey(const PopupKey &key, bool shortcutsEnabled);
+
+/// Whether a bar of so many buttons takes the key from the application in front.
+[[nodiscard]] bool takesPanelKey(const PopupKey &key, bool shortcutsEnabled, qsizetype buttons);
 
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bar/PanelKeys.h"
 #include "bar/PanelLayout.h"
 #include "windows/HeldKey.h"
 
@@ -17,6 +16,7 @@ namespace Tessel {
 class HoverButton;
 class PopEffect;
 class PopupHost;
+struct PopupKey;
 struct Theme;
 
 /// The bar on the screen: draws its rounded ground and shadow, holds the buttons, fades and pops.
@@ -49,7 +49,7 @@ public:
     void warmUp();
 
 Q_SIGNALS:
-    void keyPressed(const PanelKey &key);
+    void keyPressed(const PopupKey &key);
     void vanished(); ///< hidden at the end of a fade
 
 protected:

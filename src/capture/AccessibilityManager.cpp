@@ -24,6 +24,7 @@ namespace {
 
 constexpr qint64 pollInterval = 100; // milliseconds
 constexpr qint64 maxPolls = 5;
+constexpr qint64 secondSourcePoll = 2; ///< when marked text counts in place of a copy
 
 QCoro::Task<> sleepFor(qint64 milliseconds)
 {
@@ -32,6 +33,16 @@ QCoro::Task<> sleepFor(qint64 milliseconds)
     timer.setTimerType(Qt::PreciseTimer);
     timer.start(int(qMax(qint64(0), milliseconds)));
     co_await timer;
+}
+
+bool isDone(const QFuture<void> &future)
+{
+    return future.isFinished() && !future.isCanceled();
+}
+
+bool isFalse(const QFuture<bool> &future)
+{
+    return future.isResultReadyAt(0) && !future.resultAt(0);
 }
 
 }
@@ -61,7 +72,8 @@ std::optional<qint64> AccessibilityManager::millisecondsSinceSimulation() const
     return m_dependencies.clock() - *m_lastSimulationTime;
 }
 
-QCoro::Task<std::optional<SelectedText>> AccessibilityManager::getSelectedTextInfo()
+QCoro::Task<std::optional<SelectedText>>
+AccessibilityManager::getSelectedTextInfo(std::function<void()> nothingSelected)
 {
     Log::print(u"DEBUG: getSelectedTextInfo() called (Cmd+C Strategy)");
     const auto application = m_dependencies.workspace.frontmostApplication();
@@ -74,7 +86,7 @@ QCoro::Task<std::optional<SelectedText>> AccessibilityManager::getSelectedTextIn
         name.isEmpty() ? u"Unknown"_s : name,
         application->bundleIdentifier.value_or(u"no-bundle-id"_s)));
 
-    const auto text = co_await getSelectionBySimulation(*application);
+    const auto text = co_await getSelectionBySimulation(*application, std::move(nothingSelected));
     if (!text) {
         Log::print(u"DEBUG: Cmd+C simulation failed or no text selected.");
         co_return std::nullopt;
@@ -84,21 +96,37 @@ QCoro::Task<std::optional<SelectedText>> AccessibilityManager::getSelectedTextIn
     co_return SelectedText { *text, location.pointer, application->bundleIdentifier };
 }
 
+/// Terminals are never sent anything: their marked text counts, or nothing is selected.
+/// Applications that do not copy at the shortcut, or not in a way that can be seen, get a second
+/// chance: text that was marked in them since they are in front.
 QCoro::Task<std::optional<QString>>
-AccessibilityManager::getSelectionBySimulation(FrontApplication application)
+AccessibilityManager::getSelectionBySimulation(FrontApplication application,
+                                               std::function<void()> nothingSelected)
 {
+    using Marked = CopyRequest::Marked;
+    CopyRequest &copyRequest = m_dependencies.copyRequest;
     Pasteboard &pasteboard = m_dependencies.pasteboard;
     const qint64 before = pasteboard.changeCount();
     const qint64 start = m_dependencies.clock();
     m_lastSimulationTime = start;
-    m_dependencies.copyRequest.copySelection(application);
+    QFuture<void> seen;
+    QFuture<bool> marked;
+    if (application.isTerminal)
+        marked = copyRequest.copyMarkedText(application, Marked::ever);
+    else
+        seen = copyRequest.copySelection(application);
 
     // A poll that had to wait for the owner takes the place of those that fell due meanwhile.
     const auto elapsed = [this, start] { return m_dependencies.clock() - start; };
     for (qint64 poll = 1; poll <= maxPolls; poll = qMax(poll + 1, elapsed() / pollInterval + 1)) {
+        if (isFalse(marked) && (application.isTerminal || isDone(seen)) && nothingSelected)
+            std::exchange(nothingSelected, {})();
         co_await sleepFor(poll * pollInterval - elapsed());
-        if (pasteboard.changeCount() <= before)
+        if (pasteboard.changeCount() <= before) {
+            if (poll == secondSourcePoll && !application.isTerminal)
+                marked = copyRequest.copyMarkedText(application, Marked::sinceFocus);
             continue;
+        }
         const qint64 rest = maxPolls * pollInterval - elapsed();
         const auto text
             = co_await pasteboard.string(std::chrono::milliseconds(qMax(pollInterval, rest)));

@@ -48,14 +48,17 @@ public:
     static AccessibilityManager &shared();
 
     /// Takes half a second at most, longer only while the owner of a large text keeps sending it.
-    /// The manager must outlive the task.
-    [[nodiscard]] QCoro::Task<std::optional<SelectedText>> getSelectedTextInfo();
+    /// `nothingSelected` is called as soon as that is as good as certain, which may be before the
+    /// end. The manager must outlive the task.
+    [[nodiscard]] QCoro::Task<std::optional<SelectedText>>
+    getSelectedTextInfo(std::function<void()> nothingSelected = {});
 
     /// Milliseconds since the last synthetic copy; nothing when there was none.
     [[nodiscard]] std::optional<qint64> millisecondsSinceSimulation() const;
 
 private:
-    QCoro::Task<std::optional<QString>> getSelectionBySimulation(FrontApplication application);
+    QCoro::Task<std::optional<QString>>
+    getSelectionBySimulation(FrontApplication application, std::function<void()> nothingSelected);
 
     Dependencies m_dependencies;
     std::optional<qint64> m_lastSimulationTime;

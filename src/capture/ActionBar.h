@@ -15,7 +15,7 @@ public:
     virtual ~ActionBar() = default;
 
     /// Offers the actions for the text; shows nothing when none applies. With `makeKey` the bar
-    /// takes the keyboard if the desktop lets it.
+    /// takes its keys if the desktop lets it.
     virtual void show(const PopupLocation &at, const QString &text, bool makeKey) = 0;
     virtual void hide() = 0;
 };

@@ -7,6 +7,7 @@
 #include "capture/AccessibilityManager.h"
 #include "capture/ActionBar.h"
 #include "config/ConfigManager.h"
+#include "config/NotificationCenter.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"
 
@@ -45,22 +46,37 @@ void SelectionDetector::startMonitoring()
     m_keyMonitor = m_dependencies.eventMonitor.addGlobalMonitor(
         InputEvent::Kind::keyDown | InputEvent::Kind::scrollWheel,
         [this](const InputEvent &event) { handleKeyOrScroll(event); });
+    setTrigger();
+    connect(&m_dependencies.notifications, &NotificationCenter::configDidChange, this,
+            &SelectionDetector::setTrigger);
     Log::print(u"Global keyboard monitor started (Trigger: F2).");
     m_clickMonitor = m_dependencies.eventMonitor.addGlobalMonitor(
         InputEvent::Kind::leftMouseUp, [this](const InputEvent &) { m_dependencies.bar.hide(); });
 }
 
+void SelectionDetector::setTrigger()
+{
+    m_dependencies.eventMonitor.setTrigger(
+        { m_dependencies.config.triggerKeyCode, m_dependencies.config.triggerModifiers });
+}
+
 void SelectionDetector::handleKeyOrScroll(const InputEvent &event)
 {
+    const qint64 modifiers = event.modifiers & KeyCodes::modifierMask;
+    const bool isTrigger = event.kind == InputEvent::Kind::keyDown
+        && event.keyCode == m_dependencies.config.triggerKeyCode
+        && modifiers == m_dependencies.config.triggerModifiers;
     const auto sinceSimulation = m_dependencies.accessibility.millisecondsSinceSimulation();
-    if (sinceSimulation && *sinceSimulation < selfSuppression)
+    if (sinceSimulation && *sinceSimulation < selfSuppression) {
+        if (isTrigger && m_isPassedOn)
+            passTriggerOn(); // this one is the application's, too
         return;
+    }
     if (event.kind == InputEvent::Kind::keyDown) {
-        const qint64 modifiers = event.modifiers & KeyCodes::modifierMask;
-        if (event.keyCode == m_dependencies.config.triggerKeyCode
-            && modifiers == m_dependencies.config.triggerModifiers) {
+        if (isTrigger) {
             Log::print(u"DEBUG: Hotkey pressed (Code: %1, Modifiers: %2)"_s.arg(event.keyCode)
                            .arg(modifiers));
+            m_isPassedOn = false;
             checkSelection();
             return;
         }
@@ -78,24 +94,39 @@ void SelectionDetector::checkSelection()
     Log::print(u"DEBUG: checkSelection() called");
     if (!m_dependencies.workspace.missingAccess().isEmpty()) {
         Log::print(u"Accessibility permissions missing.");
+        passTriggerOn();
         return;
     }
     runTriggerCycle();
 }
 
+void SelectionDetector::passTriggerOn()
+{
+    m_isPassedOn = true;
+    m_dependencies.eventMonitor.passTriggerOn();
+}
+
 QCoro::Task<> SelectionDetector::runTriggerCycle()
 {
     const QPointer<SelectionDetector> self(this);
-    const auto selected = co_await m_dependencies.accessibility.getSelectedTextInfo();
+    // A variable: GCC 12 destroys a lambda in the expression that is awaited twice.
+    const std::function<void()> nothingSelected = [self] {
+        if (self)
+            self->passTriggerOn();
+    };
+    const auto selected
+        = co_await m_dependencies.accessibility.getSelectedTextInfo(nothingSelected);
     if (!self)
         co_return;
     if (!selected) {
         m_dependencies.bar.hide();
+        passTriggerOn();
         co_return;
     }
     if (selected->bundleId
         && m_dependencies.config.excludedBundleIds.contains(*selected->bundleId)) {
         Log::print(u"DEBUG: App excluded: "_s + *selected->bundleId);
+        passTriggerOn();
         co_return;
     }
     printCapture(*selected);

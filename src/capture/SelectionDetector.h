@@ -12,13 +12,15 @@
 namespace Tessel {
 
 class AccessibilityManager;
-class ConfigManager;
 class ActionBar;
+class ConfigManager;
+class NotificationCenter;
 class PopupHost;
 class Workspace;
 
 /// Watches keyboard and mouse: the trigger key captures the selection and shows the bar; Escape,
-/// other keys, scrolling and clicks in other applications hide it.
+/// other keys, scrolling and clicks in other applications hide it. The application gets the trigger
+/// only when no bar comes of it: it would act on the selection.
 class SelectionDetector final : public QObject
 {
     Q_OBJECT
@@ -27,6 +29,7 @@ public:
     struct Dependencies
     {
         ConfigManager &config;
+        NotificationCenter &notifications;
         AccessibilityManager &accessibility;
         ActionBar &bar;
         EventMonitor &eventMonitor;
@@ -40,11 +43,14 @@ public:
     void startMonitoring();
 
 private:
+    void setTrigger();
     void handleKeyOrScroll(const InputEvent &event);
     void checkSelection();
+    void passTriggerOn();
     QCoro::Task<> runTriggerCycle();
 
     Dependencies m_dependencies;
+    bool m_isPassedOn = false; ///< the application got the last trigger
     std::unique_ptr<EventMonitor::Subscription> m_clickMonitor;
     std::unique_ptr<EventMonitor::Subscription> m_keyMonitor; ///< goes first
 };

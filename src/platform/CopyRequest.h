@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFuture>
+
 namespace Tessel {
 
 struct FrontApplication;
 
-/// Makes the application in front copy its selection.
+/// Makes the application in front copy its selection. Whether it did shows in the pasteboard's
+/// change count.
 class CopyRequest
 {
 public:
@@ -15,9 +18,20 @@ public:
     /// Learns what depends on the keyboard layout, so that the first request is quick.
     virtual void prepare() = 0;
 
-    /// Asks the application, as the user would with its copy shortcut, and returns at once. Whether
-    /// it copied shows in the pasteboard's change count. Modifiers that the user holds are lifted.
-    virtual void copySelection(const FrontApplication &application) = 0;
+    /// Asks the application, as the user would with its copy shortcut, and returns at once.
+    /// Modifiers that the user holds are lifted. Not for terminals. The future finishes when the
+    /// application has seen the shortcut; when it does not tell that, it is cancelled or never
+    /// ends.
+    [[nodiscard]] virtual QFuture<void> copySelection(const FrontApplication &application) = 0;
+
+    enum class Marked { ever, sinceFocus };
+
+    /// Puts the text that is marked in the application (on X11 the PRIMARY selection) on the
+    /// pasteboard, without telling the application; `sinceFocus` only when it was marked since the
+    /// application is in front. The result is false when there is none.
+    [[nodiscard]] virtual QFuture<bool> copyMarkedText(const FrontApplication &application,
+                                                       Marked marked)
+        = 0;
 };
 
 }

@@ -3,14 +3,23 @@
 #pragma once
 
 #include <QFlags>
-#include <QtGlobal>
+#include <QObject>
 
 #include <functional>
 #include <memory>
 
 namespace Tessel {
 
-/// A key press, scroll or click that went to another application.
+/// A key with the modifiers that are to be held, and no others.
+struct KeyChord
+{
+    qint64 keyCode = -1; ///< virtual key code (KeyCodes.h)
+    qint64 modifiers = 0; ///< modifier bits (KeyCodes.h)
+
+    friend bool operator==(const KeyChord &, const KeyChord &) = default;
+};
+
+/// A key press, scroll or click that went to another application, or the trigger.
 struct InputEvent
 {
     enum class Kind { keyDown = 1, scrollWheel = 2, leftMouseUp = 4 };
@@ -22,10 +31,15 @@ struct InputEvent
 };
 Q_DECLARE_OPERATORS_FOR_FLAGS(InputEvent::Kinds)
 
-/// Observes the keyboard and mouse of the whole desktop; never consumes anything. Main thread only.
-class EventMonitor
+/// Observes the keyboard and mouse of the whole desktop, and keeps nothing of it but the trigger.
+/// Main thread only.
+class EventMonitor : public QObject
 {
+    Q_OBJECT
+
 public:
+    using QObject::QObject;
+
     using Handler = std::function<void(const InputEvent &event)>;
 
     /// Stops the monitoring when it is destroyed. Must not outlive the EventMonitor.
@@ -35,13 +49,26 @@ public:
         virtual ~Subscription() = default;
     };
 
-    virtual ~EventMonitor() = default;
-
     /// Calls the handler for each event of the given kinds that goes to another application, never
     /// for those that one of our own windows receives. Null when the desktop refuses.
     [[nodiscard]] virtual std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                          Handler handler)
         = 0;
+
+    /// The key-down that is to be kept from the application in front, where the desktop can do
+    /// that: it comes to the handlers once, without its repetitions.
+    virtual void setTrigger(const KeyChord &chord) = 0;
+
+    /// Whether the application in front gets the trigger as well, since another program has taken
+    /// the key from us.
+    [[nodiscard]] virtual bool isTriggerShared() const = 0;
+
+    /// Presses the trigger that was kept last for the application in front, once; nothing when it
+    /// got it already.
+    virtual void passTriggerOn() = 0;
+
+Q_SIGNALS:
+    void triggerSharedChanged();
 };
 
 }

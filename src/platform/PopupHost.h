@@ -6,7 +6,9 @@
 #include <QObject>
 #include <QPoint>
 #include <QRect>
+#include <QString>
 
+#include <functional>
 #include <optional>
 
 class QWindow;
@@ -19,6 +21,14 @@ struct PopupLocation
     QPoint pointer;
     std::optional<QRect> screen; ///< the main screen: the active window's, else the primary one
     std::optional<QRect> visibleFrame; ///< the same without panels and docks
+};
+
+/// A key that could go to a popup.
+struct PopupKey
+{
+    qint64 keyCode = -1; ///< virtual key code (KeyCodes.h), -1 when it has none
+    QString characters; ///< as the layout gives them
+    bool isCommand = false; ///< Ctrl or Super is held
 };
 
 /// Puts windows of our own above everything without taking the application in front out of focus.
@@ -47,10 +57,22 @@ public:
     /// compositor can; the rest lets clicks through.
     virtual void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) = 0;
 
-    /// Sends all keys to the shown window until they are released or it is hidden; the application
-    /// in front stays active. False when the desktop refuses.
+    /// Sends the keys that it wants to the shown window, as key events, until they are released or
+    /// it is hidden. All others go to the application in front as ever, where the desktop can tell
+    /// them apart.
+    virtual void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants) = 0;
+    virtual void releaseKeys(QWindow *window) = 0;
+
+    /// Sends all keys to the shown window; the application in front stays active. They go back when
+    /// it is hidden or released, and also when something else needs them: another window is
+    /// activated, a mouse button is pressed elsewhere, the session is about to be locked, or no key
+    /// was pressed for a minute. False when the desktop refuses.
     virtual bool takeKeyboard(QWindow *window) = 0;
     virtual void releaseKeyboard(QWindow *window) = 0;
+
+Q_SIGNALS:
+    /// The screen is being locked or saved: what popups show is not for everybody.
+    void sessionLocked();
 };
 
 }

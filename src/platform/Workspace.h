@@ -15,7 +15,7 @@ struct FrontApplication
 {
     std::optional<QString> bundleIdentifier; ///< desktop-entry id, else the window class
     QString localizedName; ///< empty when it has none
-    bool isTerminal = false; ///< Ctrl+C would interrupt what runs in it
+    bool isTerminal = false; ///< keys go to whatever runs in it
     quint64 window = 0; ///< the backend's own handle of its active window; 0: not known
 };
 

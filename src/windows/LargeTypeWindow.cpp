@@ -31,8 +31,7 @@ QPointer<LargeTypeWindow> shown;
 void LargeTypeWindow::show(PopupHost &host, const QString &text, const Theme &theme)
 {
     host.locate().then(&host, [&host, text, &theme](const PopupLocation &location) {
-        if (shown)
-            shown->closeWindow();
+        closeShown();
         auto *window
             = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen), theme);
         shown = window;
@@ -123,6 +122,12 @@ void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
 void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)
 {
     closeWindow();
+}
+
+void LargeTypeWindow::closeShown()
+{
+    if (shown)
+        shown->closeWindow();
 }
 
 void LargeTypeWindow::closeWindow()

@@ -24,6 +24,9 @@ class LargeTypeWindow final : public QWidget
 public:
     static void show(PopupHost &host, const QString &text, const Theme &theme);
 
+    /// Closes the one that is shown, if any.
+    static void closeShown();
+
     void closeWindow();
 
 protected:

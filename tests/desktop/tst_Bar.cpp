@@ -97,21 +97,16 @@ private Q_SLOTS:
         QVERIFY(stage.session.urlRecorder().urls().isEmpty());
     }
 
-    void menusElsewhereOpenAlthoughTheBarHasTheKeyboard()
+    void menusElsewhereOpen()
     {
         Stage stage;
         QVERIFY(prepare(stage));
         stage.user().movePointer(middle(stage));
         QVERIFY(stage.tessel.summon());
-        // The editor may be quicker than the bar, which gives the keyboard back on the click.
-        std::optional<WindowInfo> menu;
-        for (int click = 0; click < 3 && !menu; ++click) {
-            stage.user().click(middle(stage) + QPoint(120, 60), 1, 3);
-            menu = stage.user().waitForWindow([](const WindowInfo &window) {
-                return window.overrideRedirect && window.geometry.height() > 150;
-            });
-        }
-        QVERIFY(menu);
+        stage.user().click(middle(stage) + QPoint(120, 60), 1, 3);
+        QVERIFY(stage.user().waitForWindow([](const WindowInfo &window) {
+            return window.overrideRedirect && window.geometry.height() > 150;
+        }));
     }
 
     /// The compositor may start after the program.

@@ -84,6 +84,47 @@ private Q_SLOTS:
         QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - 5);
     }
 
+    void markedText_data()
+    {
+        QTest::addColumn<bool>("isTerminal");
+        QTest::addColumn<bool>("isMarked");
+        QTest::addColumn<bool>("answers"); // the application tells that it has seen the shortcut
+        QTest::addColumn<int>("nothingAfter"); // when that is known, in polls; -1: it is not
+        QTest::newRow("terminal") << true << true << false << -1;
+        QTest::newRow("terminal, nothing marked") << true << false << false << 0;
+        QTest::newRow("application") << false << true << true << -1;
+        QTest::newRow("application, nothing marked") << false << false << true << 2;
+        QTest::newRow("silent application, nothing marked") << false << false << false << -1;
+    }
+
+    void markedText()
+    {
+        QFETCH(bool, isTerminal);
+        QFETCH(bool, isMarked);
+        QFETCH(bool, answers);
+        QFETCH(int, nothingAfter);
+        FakePlatform platform;
+        platform.workspace().front->isTerminal = isTerminal;
+        platform.copyRequest().answers = answers;
+        platform.copyRequest().onCopyMarked = [&](CopyRequest::Marked marked) {
+            if ((marked == CopyRequest::Marked::ever) != isTerminal)
+                return false;
+            if (isMarked)
+                platform.pasteboard().put(u"marked"_s);
+            return isMarked;
+        };
+        AccessibilityManager accessibility({ platform.workspace(), platform.copyRequest(),
+                                             platform.pasteboard(), platform.popupHost(),
+                                             [this] { return m_clock.elapsed(); } });
+        int toldAfter = -1;
+        const qint64 start = m_clock.elapsed();
+        const auto captured = QCoro::waitFor(accessibility.getSelectedTextInfo(
+            [&] { toldAfter = int((m_clock.elapsed() - start) / 100); }));
+        QCOMPARE(captured.has_value(), isMarked);
+        QCOMPARE(toldAfter, nothingAfter);
+        QCOMPARE(platform.copyRequest().requests.isEmpty(), isTerminal); // never sent anything
+    }
+
     void withoutApplicationNothingIsSent()
     {
         const auto front = std::exchange(m_platform.workspace().front, {});

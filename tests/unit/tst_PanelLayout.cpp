@@ -3,6 +3,7 @@
 #include "bar/PanelKeys.h"
 #include "bar/PanelLayout.h"
 #include "base/KeyCodes.h"
+#include "platform/PopupHost.h"
 
 #include <QTest>
 
@@ -68,7 +69,7 @@ private Q_SLOTS:
         using Kind = PanelKeyDecision::Kind;
         struct Case
         {
-            PanelKey key;
+            PopupKey key;
             bool isEnabled;
             Kind kind;
             int button = -1;

@@ -67,11 +67,11 @@ private Q_SLOTS:
         const QStringList &opened = fixture.platform.workspace().opened;
         fixture.setActions({ { u"open"_s, {} } });
         PanelWindow *bar = fixture.show(u"it's"_s);
-        QCOMPARE(host.keyboard, bar->windowHandle());
+        QCOMPARE(host.keys, bar->windowHandle());
         HoverButton *button = buttonsOf(*bar).at(0);
         QTest::mouseClick(button, Qt::LeftButton);
         QTest::mouseClick(button, Qt::LeftButton);
-        QTRY_VERIFY(!host.keyboard); // given back before the action runs
+        QTRY_VERIFY(!host.keys); // given back before the action runs
         QVERIFY(opened.isEmpty());
         QTRY_COMPARE(opened, QStringList { u"test://open/it's"_s });
         QTRY_VERIFY(!bar->isVisible());
@@ -99,7 +99,7 @@ private Q_SLOTS:
             QCOMPARE(bar->mask().isEmpty(), isCompositing);
             fixture.panel.hide();
             fixture.panel.hide();
-            QVERIFY(!host.keyboard);
+            QVERIFY(!host.keys);
             fixture.show(u"again"_s);
             QTest::qWait(200); // longer than the fade: it must not take the new showing with it
             QVERIFY(bar->isVisible());

@@ -44,9 +44,10 @@ struct Fixture
     AccessibilityManager accessibility { { platform.workspace(), platform.copyRequest(),
                                            platform.pasteboard(), platform.popupHost(),
                                            [this] { return timer.elapsed() + offset; } } };
-    std::unique_ptr<SelectionDetector> detector = std::make_unique<SelectionDetector>(
-        SelectionDetector::Dependencies { config, accessibility, bar, platform.eventMonitor(),
-                                          platform.popupHost(), platform.workspace() });
+    std::unique_ptr<SelectionDetector> detector
+        = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
+            config, notifications, accessibility, bar, platform.eventMonitor(),
+            platform.popupHost(), platform.workspace() });
 
     Fixture()
     {
@@ -62,6 +63,9 @@ struct Fixture
     void trigger() { send(Kind::keyDown, KeyCodes::keyF2); }
 
     [[nodiscard]] qsizetype captures() { return platform.copyRequest().requests.size(); }
+
+    /// How often the application in front got the trigger after all.
+    [[nodiscard]] int passedOn() { return platform.eventMonitor().passedOn; }
 
     void skipSuppression() { offset += 1000; }
 };
@@ -124,10 +128,25 @@ private Q_SLOTS:
         QCOMPARE(fixture.captures(), 2);
         QTRY_VERIFY(fixture.bar.isShown());
 
+        QCOMPARE(fixture.passedOn(), 0);
+
         fixture.platform.copyRequest().onCopy = {}; // a capture that fails hides the bar
         fixture.skipSuppression();
         fixture.trigger();
         QTRY_VERIFY(!fixture.bar.isShown());
+        QCOMPARE(fixture.passedOn(), 1);
+        fixture.trigger(); // ignored again, but not by the application
+        QCOMPARE(fixture.passedOn(), 2);
+    }
+
+    void theTriggerIsKeptAndFollowsTheConfiguration()
+    {
+        Fixture fixture;
+        FakePlatform::Monitor &monitor = fixture.platform.eventMonitor();
+        QCOMPARE(monitor.trigger, (KeyChord { KeyCodes::keyF2, 0 }));
+        fixture.config.triggerModifiers = KeyCodes::control;
+        fixture.config.save();
+        QCOMPARE(monitor.trigger, (KeyChord { KeyCodes::keyF2, KeyCodes::control }));
     }
 
     void excludedApplicationIsCopiedFromButGetsNoBar()
@@ -136,7 +155,7 @@ private Q_SLOTS:
         fixture.config.excludedBundleIds = { u"org.test.Editor"_s };
         fixture.trigger();
         QCOMPARE(fixture.captures(), 1);
-        QTest::qWait(250); // twice the time that the bar would need
+        QTRY_COMPARE(fixture.passedOn(), 1);
         QVERIFY(!fixture.bar.isShown());
 
         for (const auto &identifier : // exclusion is exact, and needs an identifier

@@ -41,11 +41,17 @@ void FakePlatform::Monitor::send(const InputEvent &event)
     }
 }
 
-void FakePlatform::Copier::copySelection(const FrontApplication &application)
+QFuture<void> FakePlatform::Copier::copySelection(const FrontApplication &application)
 {
     requests += application;
     if (onCopy)
         onCopy();
+    return answers ? QtFuture::makeReadyFuture() : QFuture<void>();
+}
+
+QFuture<bool> FakePlatform::Copier::copyMarkedText(const FrontApplication &, Marked marked)
+{
+    return QtFuture::makeReadyFuture(onCopyMarked && onCopyMarked(marked));
 }
 
 QFuture<std::optional<QString>> FakePlatform::Clipboard::string(std::chrono::milliseconds patience)
@@ -70,6 +76,19 @@ void FakePlatform::Clipboard::put(const std::optional<QString> &newText)
 QFuture<PopupLocation> FakePlatform::Popups::locate()
 {
     return QtFuture::makeReadyFuture(location);
+}
+
+void FakePlatform::Popups::takeKeys(QWindow *window,
+                                    const std::function<bool(const PopupKey &)> &wantsKey)
+{
+    keys = window;
+    wants = wantsKey;
+}
+
+void FakePlatform::Popups::releaseKeys(QWindow *window)
+{
+    if (keys == window)
+        keys = nullptr;
 }
 
 bool FakePlatform::Popups::takeKeyboard(QWindow *window)

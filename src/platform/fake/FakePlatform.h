@@ -29,8 +29,14 @@ public:
         [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                      Handler handler) override;
         void send(const InputEvent &event); ///< to every handler that wants it
+        void setTrigger(const KeyChord &chord) override { trigger = chord; }
+        [[nodiscard]] bool isTriggerShared() const override { return isShared; }
+        void passTriggerOn() override { ++passedOn; }
 
         bool refuses = false;
+        bool isShared = false;
+        KeyChord trigger;
+        int passedOn = 0; ///< how often the application was to get the trigger
 
     private:
         class Token;
@@ -41,9 +47,13 @@ public:
     {
     public:
         void prepare() override { }
-        void copySelection(const FrontApplication &application) override;
+        [[nodiscard]] QFuture<void> copySelection(const FrontApplication &application) override;
+        [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &application,
+                                                   Marked marked) override;
 
         std::function<void()> onCopy; ///< the application's answer
+        bool answers = false; ///< the application says when it has seen the shortcut
+        std::function<bool(Marked)> onCopyMarked; ///< the desktop's; empty: nothing is marked
         QList<FrontApplication> requests;
     };
 
@@ -103,6 +113,9 @@ public:
         }
         void adopt(QWindow *window) override { adopted += window; }
         void setActiveRegion(QWindow *, const QRect &region, int) override { active = region; }
+        void takeKeys(QWindow *window,
+                      const std::function<bool(const PopupKey &)> &wantsKey) override;
+        void releaseKeys(QWindow *window) override;
         bool takeKeyboard(QWindow *window) override;
         void releaseKeyboard(QWindow *window) override;
 
@@ -112,6 +125,8 @@ public:
         QList<QWindow *> adopted;
         QRect active;
         QWindow *keyboard = nullptr;
+        QWindow *keys = nullptr; ///< the window that some keys go to
+        std::function<bool(const PopupKey &)> wants; ///< which
     };
 
     class Look final : public Appearance

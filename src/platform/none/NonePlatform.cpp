@@ -32,13 +32,20 @@ public:
     {
         return nullptr;
     }
+    void setTrigger(const KeyChord &) override { }
+    [[nodiscard]] bool isTriggerShared() const override { return false; }
+    void passTriggerOn() override { }
 };
 
 class NoCopyRequest final : public CopyRequest
 {
 public:
     void prepare() override { }
-    void copySelection(const FrontApplication &) override { }
+    [[nodiscard]] QFuture<void> copySelection(const FrontApplication &) override { return {}; }
+    [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &, Marked) override
+    {
+        return QtFuture::makeReadyFuture(false);
+    }
 };
 
 /// Takes texts of our own only.
@@ -92,6 +99,8 @@ public:
     [[nodiscard]] bool isCompositing() const override { return false; }
     void adopt(QWindow *) override { }
     void setActiveRegion(QWindow *, const QRect &, int) override { }
+    void takeKeys(QWindow *, const std::function<bool(const PopupKey &)> &) override { }
+    void releaseKeys(QWindow *) override { }
     bool takeKeyboard(QWindow *) override { return false; }
     void releaseKeyboard(QWindow *) override { }
 };

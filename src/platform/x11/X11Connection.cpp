@@ -121,6 +121,25 @@ std::shared_ptr<void> X11Connection::subscribe(Handler handler)
     return token;
 }
 
+std::shared_ptr<void> X11Connection::listenToRoot(quint32 eventMask)
+{
+    m_rootEvents += eventMask;
+    selectRootEvents();
+    return { nullptr, [this, eventMask](void *) {
+                m_rootEvents.removeOne(eventMask);
+                selectRootEvents();
+            } };
+}
+
+void X11Connection::selectRootEvents()
+{
+    quint32 all = XCB_EVENT_MASK_NO_EVENT;
+    for (const quint32 eventMask : std::as_const(m_rootEvents))
+        all |= eventMask;
+    xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &all);
+    xcb_flush(m_connection);
+}
+
 void X11Connection::dispatch(Source source)
 {
     const auto next = source == Source::socket ? xcb_poll_for_event : xcb_poll_for_queued_event;

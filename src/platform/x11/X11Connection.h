@@ -75,6 +75,10 @@ public:
     /// Calls the handler for each event until the returned token is destroyed.
     [[nodiscard]] std::shared_ptr<void> subscribe(Handler handler);
 
+    /// Selects events (core protocol's event mask) on the root window until the returned token is
+    /// destroyed, which must not outlive the connection.
+    [[nodiscard]] std::shared_ptr<void> listenToRoot(quint32 eventMask);
+
     [[nodiscard]] xcb_connection_t *xcb() const { return m_connection; }
     [[nodiscard]] quint32 root() const { return m_root; }
     [[nodiscard]] int screenNumber() const { return m_screenNumber; }
@@ -114,6 +118,7 @@ public:
 private:
     X11Connection(xcb_connection_t *connection, int screenNumber);
     void queryExtensions();
+    void selectRootEvents();
     enum class Source { socket, queue };
     void dispatch(Source source);
 
@@ -126,6 +131,7 @@ private:
     Extension m_xtest;
     QSocketNotifier *m_notifier = nullptr;
     std::list<std::weak_ptr<Handler>> m_handlers;
+    QList<quint32> m_rootEvents; ///< masks of those who listen
     mutable QHash<QByteArray, quint32> m_atoms;
 };
 

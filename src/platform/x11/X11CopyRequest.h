@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/CopyRequest.h"
-#include "platform/x11/X11KeyLayout.h"
 
 #include <QObject>
 
@@ -13,34 +12,38 @@ namespace Tessel {
 
 class Pasteboard;
 class X11Connection;
+class X11CurrentLayout;
+class X11PrimarySelection;
 class X11SelectionReader;
-class X11Event;
+class X11WindowPing;
 
-/// Presses the copy shortcut through XTEST. Terminals, which Ctrl+C would interrupt, are served
-/// from the PRIMARY selection that they own, or by Ctrl+Shift+C.
+/// Presses Ctrl+Insert (IBM Common User Access), the copy shortcut that all toolkits know and that
+/// interrupts nothing, through XTEST. Marked text is the PRIMARY selection.
 class X11CopyRequest final : public QObject, public CopyRequest
 {
     Q_OBJECT
 
 public:
-    X11CopyRequest(X11Connection &connection, X11SelectionReader &reader, Pasteboard &pasteboard);
+    struct Services
+    {
+        X11Connection &connection;
+        X11SelectionReader &reader;
+        X11CurrentLayout &layout;
+        X11PrimarySelection &primary;
+        Pasteboard &pasteboard;
+    };
+
+    explicit X11CopyRequest(const Services &services);
+    ~X11CopyRequest() override;
 
     void prepare() override;
-    void copySelection(const FrontApplication &application) override;
+    [[nodiscard]] QFuture<void> copySelection(const FrontApplication &application) override;
+    [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &application,
+                                               Marked marked) override;
 
 private:
-    enum class Chord { controlC, controlShiftC };
-
-    void handle(const X11Event &event);
-    [[nodiscard]] bool ownsPrimary(quint32 window) const;
-    void copyPrimary();
-    void press(Chord chord);
-
-    X11Connection &m_connection;
-    X11SelectionReader &m_reader;
-    Pasteboard &m_pasteboard;
-    std::shared_ptr<void> m_subscription;
-    std::optional<X11CopyKeys> m_keys; ///< empty after a change of the layout
+    Services m_services;
+    std::unique_ptr<X11WindowPing> m_ping; ///< after the last shortcut
 };
 
 }

@@ -4,6 +4,7 @@
 
 #include "base/KeyCodes.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Modifiers.h"
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -22,15 +23,6 @@ namespace {
 constexpr quint32 leftButton = 1;
 constexpr quint32 firstScrollButton = 4;
 constexpr quint32 lastScrollButton = 7;
-
-/// By convention Mod1 is Alt and Mod4 is Super; Lock, NumLock and AltGr do not count.
-qint64 modifierBits(quint8 mods)
-{
-    return (mods & XCB_MOD_MASK_SHIFT ? KeyCodes::shift : 0)
-        | (mods & XCB_MOD_MASK_CONTROL ? KeyCodes::control : 0)
-        | (mods & XCB_MOD_MASK_1 ? KeyCodes::option : 0)
-        | (mods & XCB_MOD_MASK_4 ? KeyCodes::command : 0);
-}
 
 }
 
@@ -54,9 +46,15 @@ private:
     X11EventMonitor &m_monitor;
 };
 
-X11EventMonitor::X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard,
-                                 std::function<void()> pressedElsewhere)
+X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
+                                 OwnsKeyboard ownsKeyboard, std::function<void()> pressedElsewhere)
     : m_connection(connection)
+    , m_grabs(grabs)
+    , m_trigger(connection, grabs,
+                [this] {
+                    const KeyChord &trigger = m_trigger.chord();
+                    deliver({ InputEvent::Kind::keyDown, trigger.keyCode, trigger.modifiers });
+                })
     , m_ownsKeyboard(std::move(ownsKeyboard))
     , m_pressedElsewhere(std::move(pressedElsewhere))
 {
@@ -72,6 +70,26 @@ X11EventMonitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
     if (!m_subscription)
         return nullptr;
     return std::make_unique<Token>(*this, kinds, std::move(handler));
+}
+
+void X11EventMonitor::start()
+{
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *own) {
+        updateTrigger([this, own] { m_trigger.setWatching(!own); });
+    });
+}
+
+void X11EventMonitor::setTrigger(const KeyChord &chord)
+{
+    updateTrigger([this, &chord] { m_trigger.set(chord); });
+}
+
+template <typename Change> void X11EventMonitor::updateTrigger(Change change)
+{
+    const bool wasShared = m_trigger.isShared();
+    change();
+    if (m_trigger.isShared() != wasShared)
+        Q_EMIT triggerSharedChanged();
 }
 
 void X11EventMonitor::selectEvents()
@@ -95,7 +113,7 @@ void X11EventMonitor::selectEvents()
         m_connection.xcb(), xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD),
         nullptr));
     if (state)
-        m_modifiers = modifierBits(state->mods);
+        m_modifiers = state->mods;
 }
 
 void X11EventMonitor::handle(const X11Event &event)
@@ -107,7 +125,7 @@ void X11EventMonitor::handle(const X11Event &event)
         // All XKB events share one code; the second byte tells them apart.
         const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
         if (notify.xkbType == XCB_XKB_STATE_NOTIFY)
-            m_modifiers = modifierBits(notify.mods);
+            m_modifiers = notify.mods;
     }
 }
 
@@ -118,10 +136,7 @@ void X11EventMonitor::handleRaw(const X11Event &event)
     if (raw.extension != m_connection.xinput().majorOpcode)
         return;
     if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS) {
-        if (m_ownsKeyboard())
-            return;
-        deliver({ InputEvent::Kind::keyDown, KeyCodes::virtualFromScanCode(raw.detail).value_or(-1),
-                  m_modifiers });
+        handleRawKey(static_cast<quint8>(raw.detail));
         return;
     }
     const bool isPress = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
@@ -131,9 +146,22 @@ void X11EventMonitor::handleRaw(const X11Event &event)
     if (isPress && !isScroll)
         m_pressedElsewhere();
     else if (isPress)
-        deliver({ InputEvent::Kind::scrollWheel, -1, m_modifiers });
+        deliver({ InputEvent::Kind::scrollWheel, -1, X11Modifiers::bits(m_modifiers) });
     else
-        deliver({ InputEvent::Kind::leftMouseUp, -1, m_modifiers });
+        deliver({ InputEvent::Kind::leftMouseUp, -1, X11Modifiers::bits(m_modifiers) });
+}
+
+/// Of the keys that are grabbed only the grab tells: while another client, such as a screen locker,
+/// has the whole keyboard, they are meant for that one.
+void X11EventMonitor::handleRawKey(quint8 key)
+{
+    if (m_ownsKeyboard() || m_grabs.holds({ key, m_modifiers }))
+        return;
+    const KeyChord pressed { KeyCodes::virtualFromScanCode(key).value_or(-1),
+                             X11Modifiers::bits(m_modifiers) };
+    deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
+    if (pressed == m_trigger.chord())
+        updateTrigger([this] { m_trigger.retry(); });
 }
 
 void X11EventMonitor::deliver(const InputEvent &event)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/x11/X11TriggerKey.h"
 
 #include <QList>
 
@@ -11,20 +12,29 @@ namespace Tessel {
 class X11Connection;
 class X11Event;
 
-/// Raw events of the X Input Extension 2: they reach us whatever is grabbed or focused, and grab
-/// nothing, so that the trigger key still works in the application in front.
+/// Raw events of the X Input Extension 2: they reach us whatever is grabbed or focused, and are
+/// kept from nobody. The trigger is grabbed, or observed like the rest where another client has it.
 class X11EventMonitor final : public EventMonitor
 {
+    Q_OBJECT
+
 public:
     /// Tells whether one of our own windows receives the keys now.
     using OwnsKeyboard = std::function<bool()>;
 
     /// `pressedElsewhere`: a mouse button goes down in another application.
-    X11EventMonitor(X11Connection &connection, OwnsKeyboard ownsKeyboard,
+    X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs, OwnsKeyboard ownsKeyboard,
                     std::function<void()> pressedElsewhere);
+
+    /// Leaves the trigger to our own windows while they have the focus. Needs the application
+    /// object.
+    void start();
 
     [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                  Handler handler) override;
+    void setTrigger(const KeyChord &chord) override;
+    [[nodiscard]] bool isTriggerShared() const override { return m_trigger.isShared(); }
+    void passTriggerOn() override { m_trigger.passOn(); }
 
 private:
     class Token;
@@ -32,14 +42,18 @@ private:
     void selectEvents();
     void handle(const X11Event &event);
     void handleRaw(const X11Event &event);
+    void handleRawKey(quint8 key);
     void deliver(const InputEvent &event);
+    template <typename Change> void updateTrigger(Change change);
     [[nodiscard]] bool isPointerOverOwnWindow() const;
 
     X11Connection &m_connection;
+    X11KeyGrabs &m_grabs;
+    X11TriggerKey m_trigger;
     OwnsKeyboard m_ownsKeyboard;
     std::function<void()> m_pressedElsewhere;
     std::shared_ptr<void> m_subscription;
-    qint64 m_modifiers = 0; ///< as of the last state change that the server told
+    quint8 m_modifiers = 0; ///< mask as of the last state change that the server told
     QList<Token *> m_tokens;
 };
 

@@ -131,21 +131,26 @@ quint8 X11KeyLayout::alt() const
     return key(XKB_KEY_Alt_L).value_or(ansiAlt);
 }
 
+quint8 X11KeyLayout::insert() const
+{
+    return key(XKB_KEY_Insert).value_or(ansiInsert);
+}
+
+QString X11KeyLayout::text(quint8 key, quint8 modifiers) const
+{
+    const StatePtr probe(xkb_state_new(m_keymap.get()), xkb_state_unref);
+    xkb_state_update_mask(probe.get(), modifiers, 0, 0, 0, 0,
+                          xkb_state_serialize_layout(m_state.get(), XKB_STATE_LAYOUT_EFFECTIVE));
+    char bytes[64];
+    const int length = xkb_state_key_get_utf8(probe.get(), key, bytes, sizeof bytes);
+    return QString::fromUtf8(bytes, std::min(length, int(sizeof bytes) - 1));
+}
+
 QList<quint8> X11KeyLayout::unusedKeys() const
 {
     QList<quint8> keys = keysOf(m_keymap.get());
     keys.removeIf([this](quint8 key) { return hasSymbol(m_keymap.get(), key); });
     return keys;
-}
-
-std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection)
-{
-    const auto layout = X11KeyLayout::read(connection);
-    if (!layout)
-        return {};
-    const auto insert = [&layout] { return layout->key(XKB_KEY_Insert).value_or(ansiInsert); };
-    const auto copy = layout->key(XKB_KEY_c);
-    return X11CopyKeys { copy ? *copy : insert(), layout->control(), layout->shift() };
 }
 
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QList>
+#include <QString>
 
 #include <memory>
 #include <optional>
@@ -37,10 +38,15 @@ public:
     /// The key that gives the symbol without modifiers in the active group, else in another group.
     [[nodiscard]] std::optional<quint8> key(quint32 symbol) const;
 
+    /// What the key types in the active group with these modifiers (the core protocol's mask, locks
+    /// included); empty when it types nothing.
+    [[nodiscard]] QString text(quint8 key, quint8 modifiers) const;
+
     // The left modifier keys; where the layout has none, their places on an ANSI keyboard.
     [[nodiscard]] quint8 control() const;
     [[nodiscard]] quint8 shift() const;
     [[nodiscard]] quint8 alt() const;
+    [[nodiscard]] quint8 insert() const; ///< the one beside Delete
 
     /// Keys that no group has symbols for.
     [[nodiscard]] QList<quint8> unusedKeys() const;
@@ -52,20 +58,5 @@ private:
     std::shared_ptr<xkb_keymap> m_keymap;
     std::shared_ptr<xkb_state> m_state;
 };
-
-/// The keys of the copy shortcut in a keyboard layout, as X keycodes.
-struct X11CopyKeys
-{
-    quint8 copy = 0; ///< together with Control
-    quint8 control = 0;
-    quint8 shift = 0;
-
-    friend bool operator==(const X11CopyKeys &, const X11CopyKeys &) = default;
-};
-
-/// Asks the server for the layout in use. The key is the one that gives "c" in the active group,
-/// else in another group; a layout without Latin letters has Insert, since toolkits that look for
-/// the letter do not find it at its place on the keyboard (tried with GTK 3 and Qt 5).
-[[nodiscard]] std::optional<X11CopyKeys> x11CopyKeys(const X11Connection &connection);
 
 }

@@ -5,9 +5,13 @@
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11CopyRequest.h"
+#include "platform/x11/X11CurrentLayout.h"
 #include "platform/x11/X11EventMonitor.h"
+#include "platform/x11/X11KeyGrabs.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PopupHost.h"
+#include "platform/x11/X11PopupKeyboard.h"
+#include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11SelectionReader.h"
 #include "platform/x11/X11StatusArea.h"
 #include "platform/x11/X11Workspace.h"
@@ -27,14 +31,19 @@ struct X11Platform::Services
     }
 
     std::unique_ptr<X11Connection> connection;
+    X11CurrentLayout layout { *connection };
     X11SelectionReader reader { *connection };
     X11Pasteboard pasteboard { *connection, reader };
-    X11CopyRequest copyRequest { *connection, reader, pasteboard };
     X11Workspace workspace { *connection };
-    X11PopupHost popupHost { *connection, workspace };
+    X11PrimarySelection primary { *connection, workspace };
+    X11CopyRequest copyRequest { { *connection, reader, layout, primary, pasteboard } };
+    X11KeyGrabs keyGrabs { *connection };
+    X11PopupKeyboard keyboard { { *connection, keyGrabs, layout, workspace } };
+    X11PopupHost popupHost { *connection, workspace, keyboard };
     X11EventMonitor eventMonitor {
-        *connection, [this] { return popupHost.holdsKeyboard() || QGuiApplication::focusWindow(); },
-        [this] { popupHost.releaseHeldKeyboard(); }
+        *connection, keyGrabs,
+        [this] { return keyboard.holdsKeyboard() || QGuiApplication::focusWindow(); },
+        [this] { keyboard.releaseHeldKeyboard(); }
     };
     PortalAppearance appearance;
     X11StatusArea statusArea { *connection };
@@ -69,6 +78,7 @@ QString X11Platform::notice() const
 void X11Platform::start()
 {
     m_services->connection->start();
+    m_services->eventMonitor.start();
     m_services->appearance.start();
     m_services->statusArea.start();
 }

@@ -3,12 +3,14 @@
 #include "platform/x11/X11PopupHost.h"
 
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11PopupKeyboard.h"
 #include "platform/x11/X11WorkArea.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include <cstring>
 #include <xcb/xcb.h>
@@ -93,10 +95,13 @@ QRect scaled(const QRect &rect, double scale)
 
 }
 
-X11PopupHost::X11PopupHost(X11Connection &connection, X11Workspace &workspace)
+X11PopupHost::X11PopupHost(X11Connection &connection, X11Workspace &workspace,
+                           X11PopupKeyboard &keyboard)
     : m_connection(connection)
     , m_workspace(workspace)
+    , m_keyboard(keyboard)
 {
+    connect(&keyboard, &X11PopupKeyboard::sessionLocked, this, &PopupHost::sessionLocked);
 }
 
 QFuture<PopupLocation> X11PopupHost::locate()
@@ -180,30 +185,24 @@ void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cor
     xcb_flush(xcb);
 }
 
+void X11PopupHost::takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants)
+{
+    m_keyboard.takeKeys(window, wants);
+}
+
+void X11PopupHost::releaseKeys(QWindow *window)
+{
+    m_keyboard.releaseKeys(window);
+}
+
 bool X11PopupHost::takeKeyboard(QWindow *window)
 {
-    if (window->setKeyboardGrabEnabled(true))
-        m_keyboardWindow = window;
-    return m_keyboardWindow == window;
+    return m_keyboard.takeKeyboard(window);
 }
 
 void X11PopupHost::releaseKeyboard(QWindow *window)
 {
-    if (m_keyboardWindow != window)
-        return;
-    window->setKeyboardGrabEnabled(false);
-    m_keyboardWindow.clear();
-}
-
-void X11PopupHost::releaseHeldKeyboard()
-{
-    if (m_keyboardWindow)
-        releaseKeyboard(m_keyboardWindow);
-}
-
-bool X11PopupHost::holdsKeyboard() const
-{
-    return m_keyboardWindow && m_keyboardWindow->isVisible();
+    m_keyboard.releaseKeyboard(window);
 }
 
 }

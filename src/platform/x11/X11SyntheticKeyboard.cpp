@@ -71,7 +71,7 @@ Result<void> X11SyntheticKeyboard::pressKey(qint64 keyCode, ShortcutModifiers mo
 void X11SyntheticKeyboard::awaitKeysSeen(std::chrono::milliseconds limit)
 {
     const quint32 window = m_workspace.activeWindow();
-    if (window && answersPing(*m_connection, window))
+    if (window && X11WindowPing::isAnswered(*m_connection, window))
         awaitEventsHandled(*m_connection, window, limit);
 }
 

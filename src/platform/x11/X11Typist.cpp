@@ -199,7 +199,7 @@ QList<quint8> X11Typist::modifierKeys(ShortcutModifiers modifiers) const
 
 void X11Typist::settle(qsizetype lentKeys)
 {
-    if (m_window && answersPing(m_connection, m_window))
+    if (m_window && X11WindowPing::isAnswered(m_connection, m_window))
         awaitEventsHandled(m_connection, m_window, patience);
     else if (lentKeys > 0)
         QThread::msleep(blindWaitMs);

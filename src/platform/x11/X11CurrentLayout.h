@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/X11KeyLayout.h"
+
+#include <memory>
+#include <optional>
+
+namespace Tessel {
+
+class X11Event;
+
+/// The keyboard layout in use, asked for again only after it has changed.
+class X11CurrentLayout final
+{
+public:
+    explicit X11CurrentLayout(X11Connection &connection);
+
+    /// Null when the server has no XKB keyboard. Valid until events are handled.
+    [[nodiscard]] const X11KeyLayout *get();
+
+private:
+    void handle(const X11Event &event);
+
+    X11Connection &m_connection;
+    std::shared_ptr<void> m_subscription;
+    std::optional<X11KeyLayout> m_layout; ///< empty after a change
+};
+
+}

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/PopupHost.h"
+#include "platform/freedesktop/SessionLock.h"
+#include "platform/x11/X11KeyGrabs.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+namespace Tessel {
+
+class X11CurrentLayout;
+class X11Workspace;
+
+/// The keys of popups, which never have the focus: single ones by passive grabs, or the whole
+/// keyboard by an active one, for as long as nothing else needs it.
+class X11PopupKeyboard final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Services
+    {
+        X11Connection &connection;
+        X11KeyGrabs &grabs;
+        X11CurrentLayout &layout;
+        X11Workspace &workspace;
+    };
+
+    explicit X11PopupKeyboard(const Services &services);
+
+    void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants);
+    void releaseKeys(QWindow *window);
+
+    bool takeKeyboard(QWindow *window);
+    void releaseKeyboard(QWindow *window);
+
+    /// Takes the keyboard from whichever popup has it.
+    void releaseHeldKeyboard();
+
+    /// Whether one of our popups has the keyboard.
+    [[nodiscard]] bool holdsKeyboard() const;
+
+Q_SIGNALS:
+    void sessionLocked();
+
+private:
+    void handle(const X11Event &event);
+    void deliver(const X11Stroke &stroke, X11KeyGrabs::Change change);
+
+    Services m_services;
+    SessionLock m_sessionLock;
+    std::shared_ptr<void> m_rootEvents;
+    std::shared_ptr<void> m_subscription;
+    quint8 m_screenSaverEvent = 0; ///< 0: the server does not tell
+
+    QPointer<QWindow> m_keysWindow; ///< that single keys go to
+    std::unique_ptr<X11KeyGrabs::Hold> m_keys;
+
+    QPointer<QWindow> m_keyboardWindow; ///< that has the whole keyboard
+    quint32 m_activeWindow = 0; ///< when that was taken
+    QTimer m_idle;
+};
+
+}

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11PrimarySelection.h"
+
+#include "platform/freedesktop/ProcessTree.h"
+#include "platform/x11/X11ClientProcess.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xfixes.h>
+
+namespace Tessel {
+
+X11PrimarySelection::X11PrimarySelection(X11Connection &connection, X11Workspace &workspace)
+    : m_connection(connection)
+    , m_workspace(workspace)
+{
+    if (!connection.xfixes().present)
+        return;
+    xcb_xfixes_select_selection_input(connection.xcb(), connection.root(), XCB_ATOM_PRIMARY,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
+    m_rootEvents = connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
+}
+
+void X11PrimarySelection::handle(const X11Event &event)
+{
+    if (event.type() == m_connection.xfixes().firstEvent + XCB_XFIXES_SELECTION_NOTIFY) {
+        const auto &notify = event.as<xcb_xfixes_selection_notify_event_t>();
+        if (notify.selection == XCB_ATOM_PRIMARY && notify.owner != XCB_NONE)
+            m_takenAt = notify.timestamp;
+    } else if (event.type() == XCB_PROPERTY_NOTIFY) {
+        const auto &notify = event.as<xcb_property_notify_event_t>();
+        if (notify.window != m_connection.root()
+            || notify.atom != m_connection.atom("_NET_ACTIVE_WINDOW"))
+            return;
+        // Window managers write it again, or take it away for a moment, when a key is grabbed.
+        const quint32 active = m_workspace.activeWindow();
+        if (active && std::exchange(m_activeWindow, active) != active)
+            m_activeSince = notify.time;
+    }
+}
+
+bool X11PrimarySelection::isNewerThanFocus() const
+{
+    if (!m_takenAt || !m_activeSince)
+        return m_takenAt.has_value();
+    return static_cast<qint32>(*m_takenAt - *m_activeSince) >= 0; // the server's time wraps around
+}
+
+bool X11PrimarySelection::isMarkedIn(quint32 window) const
+{
+    const quint32 owner = m_connection.selectionOwner(XCB_ATOM_PRIMARY);
+    if (m_connection.isSameClient(owner, window))
+        return true;
+    switch (
+        kinship(x11ClientProcess(m_connection, owner), x11ClientProcess(m_connection, window))) {
+    case Kinship::same:
+        return true;
+    case Kinship::relative:
+        return isNewerThanFocus();
+    case Kinship::none:
+        break;
+    }
+    return false;
+}
+
+}
