@@ -6,6 +6,7 @@
 //
 //     hostile_owner MODE
 //
+//     nothing              never takes it
 //     text TEXT            gives the text
 //     never-answers        leaves every request unanswered
 //     dies-while-sending   sends the first part of a transfer in parts (INCR) and exits
@@ -13,8 +14,9 @@
 //     latin1-only          offers "café" as STRING (ISO 8859-1) alone
 //     empty-first          gives no bytes at first, takes CLIPBOARD again and gives "late"
 //
-// Lines on standard output: "ready WINDOW" (decimal) once it can be seen, "taken" when it takes
-// CLIPBOARD, "asked TARGET" for a request.
+// Lines on standard output: "ready WINDOW" (decimal) once it can be seen, "key KEYSYM STATE" (hex,
+// unshifted symbol and core modifier mask) for a key that it gets, "taken" when it takes CLIPBOARD,
+// "asked TARGET" for a request.
 
 #include "support/XcbSupport.h"
 
@@ -159,7 +161,11 @@ void Owner::onExposed()
 
 void Owner::onKey(const xcb_key_press_event_t &event)
 {
-    if (event.state & XCB_MOD_MASK_CONTROL)
+    const Xcb::Owned<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+        m_c, xcb_get_keyboard_mapping(m_c, event.detail, 1), nullptr));
+    report("key %x %x\n", mapping ? *xcb_get_keyboard_mapping_keysyms(mapping.get()) : 0,
+           static_cast<unsigned>(event.state));
+    if (m_mode != "nothing" && event.state & XCB_MOD_MASK_CONTROL)
         take(event.time);
 }
 

@@ -13,7 +13,12 @@ namespace Tessel {
 
 void X11FakeKeys::liftHeldModifiers()
 {
-    for (const quint8 key : X11Modifiers::heldKeys(m_connection))
+    lift(X11Modifiers::heldKeys(m_connection));
+}
+
+void X11FakeKeys::lift(const QList<quint8> &keys)
+{
+    for (const quint8 key : keys)
         send(XCB_KEY_RELEASE, key);
 }
 

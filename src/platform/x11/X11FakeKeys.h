@@ -22,6 +22,8 @@ public:
     /// one too many would be stuck.
     void liftHeldModifiers();
 
+    void lift(const QList<quint8> &keys);
+
     /// Presses the keys (X keycodes) in this order and releases them in the opposite one.
     void press(const QList<quint8> &keys);
 

@@ -91,6 +91,7 @@ void X11TriggerKey::passOn()
         return;
     m_hold.reset();
     X11FakeKeys keyboard(m_connection);
+    keyboard.lift({ key }); // pressing what is down already does nothing
     keyboard.press(X11Modifiers::keys(m_connection, X11Modifiers::mask(m_chord.modifiers))
                    + QList<quint8> { key });
     grab();
