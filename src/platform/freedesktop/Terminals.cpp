@@ -52,8 +52,8 @@ constexpr QStringView terminalClasses[] = {
     u"zutty",
 };
 
-/// Without a copy shortcut of their own they make ^C of it.
-constexpr QStringView withoutCopyShortcut[] = {
+/// What others take for shortcuts they give to the program in them.
+constexpr QStringView withoutShortcuts[] = {
     u"aterm", u"eterm",        u"koi8rxterm", u"lxterm", u"mlterm", u"mrxvt",
     u"rxvt",  u"rxvt-unicode", u"urxvt",      u"uxterm", u"xterm",
 };
@@ -72,11 +72,11 @@ bool Terminals::isTerminalClass(const QString &windowClass)
     return contains(terminalClasses, windowClass);
 }
 
-bool Terminals::copiesOnControlShiftC(const QString &identifier)
+bool Terminals::hasControlShiftShortcuts(const QString &identifier)
 {
     // Desktop entries carry a vendor prefix: "debian-xterm".
     const QStringView name = QStringView(identifier).mid(identifier.indexOf(u'-') + 1);
-    return !contains(withoutCopyShortcut, identifier) && !contains(withoutCopyShortcut, name);
+    return !contains(withoutShortcuts, identifier) && !contains(withoutShortcuts, name);
 }
 
 }

@@ -12,9 +12,10 @@ namespace Terminals {
 /// Whether windows of this class or application id (on X11 either part of WM_CLASS) are terminals.
 [[nodiscard]] bool isTerminalClass(const QString &windowClass);
 
-/// False for those that send Ctrl+Shift+C to the program in them as an interrupt. Takes the desktop
+/// False for those that have no shortcuts with Ctrl+Shift: they give such keys to the program in
+/// them (an interrupt, for C). Takes the desktop
 /// entry's identifier or the window class.
-[[nodiscard]] bool copiesOnControlShiftC(const QString &identifier);
+[[nodiscard]] bool hasControlShiftShortcuts(const QString &identifier);
 
 }
 

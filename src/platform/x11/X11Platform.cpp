@@ -35,10 +35,10 @@ struct X11Platform::Services
     X11SelectionReader reader { *connection };
     X11Pasteboard pasteboard { *connection, reader };
     X11Workspace workspace { *connection };
-    X11PrimarySelection primary { *connection, workspace };
+    X11PrimarySelection primary { *connection };
     X11CopyRequest copyRequest { { *connection, reader, layout, primary, pasteboard } };
     X11KeyGrabs keyGrabs { *connection };
-    X11PopupKeyboard keyboard { { *connection, keyGrabs, layout, workspace } };
+    X11PopupKeyboard keyboard { { *connection, keyGrabs, layout } };
     X11PopupHost popupHost { *connection, workspace, keyboard };
     X11EventMonitor eventMonitor {
         *connection, keyGrabs,

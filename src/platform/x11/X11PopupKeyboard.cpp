@@ -5,7 +5,6 @@
 #include "base/KeyCodes.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11CurrentLayout.h"
-#include "platform/x11/X11Workspace.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -52,6 +51,7 @@ QList<X11Stroke> wantedStrokes(const X11KeyLayout &layout,
 
 X11PopupKeyboard::X11PopupKeyboard(const Services &services)
     : m_services(services)
+    , m_windowManager(services.connection)
 {
     m_idle.setSingleShot(true);
     connect(&m_idle, &QTimer::timeout, this, &X11PopupKeyboard::releaseHeldKeyboard);
@@ -74,9 +74,12 @@ void X11PopupKeyboard::handle(const X11Event &event)
     if (event.type() == XCB_PROPERTY_NOTIFY && m_keyboardWindow) {
         const auto &notify = event.as<xcb_property_notify_event_t>();
         X11Connection &connection = m_services.connection;
-        const bool isFocus = notify.window == connection.root()
-            && notify.atom == connection.atom("_NET_ACTIVE_WINDOW");
-        if (isFocus && m_services.workspace.activeWindow() != m_activeWindow)
+        if (notify.window != connection.root()
+            || notify.atom != connection.atom("_NET_ACTIVE_WINDOW"))
+            return;
+        // Window managers may say that there is none while the keyboard is grabbed.
+        const quint32 active = m_windowManager.activeWindow();
+        if (active && active != m_activeWindow)
             releaseHeldKeyboard();
     } else if (m_screenSaverEvent && event.type() == m_screenSaverEvent) {
         const auto &notify = event.as<xcb_screensaver_notify_event_t>();
@@ -126,7 +129,7 @@ bool X11PopupKeyboard::takeKeyboard(QWindow *window)
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
     if (window->setKeyboardGrabEnabled(true)) {
         m_keyboardWindow = window;
-        m_activeWindow = m_services.workspace.activeWindow();
+        m_activeWindow = m_windowManager.activeWindow();
         m_idle.start(maxIdle);
     }
     return m_keyboardWindow == window;

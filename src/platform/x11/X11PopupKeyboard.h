@@ -5,6 +5,7 @@
 #include "platform/PopupHost.h"
 #include "platform/freedesktop/SessionLock.h"
 #include "platform/x11/X11KeyGrabs.h"
+#include "platform/x11/X11WindowManager.h"
 
 #include <QHash>
 #include <QPointer>
@@ -14,7 +15,6 @@
 namespace Tessel {
 
 class X11CurrentLayout;
-class X11Workspace;
 
 /// The keys of popups, which never have the focus: single ones by passive grabs, or the whole
 /// keyboard by an active one, for as long as nothing else needs it.
@@ -28,7 +28,6 @@ public:
         X11Connection &connection;
         X11KeyGrabs &grabs;
         X11CurrentLayout &layout;
-        X11Workspace &workspace;
     };
 
     explicit X11PopupKeyboard(const Services &services);
@@ -53,6 +52,7 @@ private:
     void deliver(const X11Stroke &stroke, X11KeyGrabs::Change change);
 
     Services m_services;
+    X11WindowManager m_windowManager;
     SessionLock m_sessionLock;
     std::shared_ptr<void> m_rootEvents;
     std::shared_ptr<void> m_subscription;

@@ -5,16 +5,15 @@
 #include "platform/freedesktop/ProcessTree.h"
 #include "platform/x11/X11ClientProcess.h"
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Workspace.h"
+#include "platform/x11/X11WindowManager.h"
 
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
 namespace Tessel {
 
-X11PrimarySelection::X11PrimarySelection(X11Connection &connection, X11Workspace &workspace)
+X11PrimarySelection::X11PrimarySelection(X11Connection &connection)
     : m_connection(connection)
-    , m_workspace(workspace)
 {
     if (!connection.xfixes().present)
         return;
@@ -36,7 +35,7 @@ void X11PrimarySelection::handle(const X11Event &event)
             || notify.atom != m_connection.atom("_NET_ACTIVE_WINDOW"))
             return;
         // Window managers write it again, or take it away for a moment, when a key is grabbed.
-        const quint32 active = m_workspace.activeWindow();
+        const quint32 active = X11WindowManager(m_connection).activeWindow();
         if (active && std::exchange(m_activeWindow, active) != active)
             m_activeSince = notify.time;
     }

@@ -11,14 +11,13 @@ namespace Tessel {
 
 class X11Connection;
 class X11Event;
-class X11Workspace;
 
 /// Whose text the PRIMARY selection is, and since when. Whatever is marked with the mouse or by
 /// keys takes it, in any application.
 class X11PrimarySelection final
 {
 public:
-    X11PrimarySelection(X11Connection &connection, X11Workspace &workspace);
+    explicit X11PrimarySelection(X11Connection &connection);
 
     /// Whether its text was marked in this window, which is active: its program has it, or one that
     /// this has started (or was started by) and that has taken it since the window is active.
@@ -32,7 +31,6 @@ private:
     void handle(const X11Event &event);
 
     X11Connection &m_connection;
-    X11Workspace &m_workspace;
     quint32 m_activeWindow = 0;
     std::optional<quint32> m_activeSince; ///< server time, as below; nothing: before our start
     std::optional<quint32> m_takenAt;

@@ -33,6 +33,7 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
                                            std::chrono::milliseconds limit)
     : m_connection(connection)
     , m_selection(selection)
+    , m_owner(connection.selectionOwner(selection))
     , m_window(connection.createWindow())
     , m_property(connection.atom("TESSEL_SELECTION"))
 {
@@ -79,8 +80,10 @@ void X11SelectionTransfer::handle(const X11Event &event)
             && notify.state == XCB_PROPERTY_NEW_VALUE)
             takePiece();
     } else if (type == m_connection.xfixes().firstEvent + XCB_XFIXES_SELECTION_NOTIFY) {
-        // A new owner: the old one's answer is of no use any more.
-        if (event.as<xcb_xfixes_selection_notify_event_t>().selection == m_selection)
+        // Another owner: the answer of the one before is of no use any more. Some take a selection
+        // again when they are asked for it (gvim 9).
+        const auto &notify = event.as<xcb_xfixes_selection_notify_event_t>();
+        if (notify.selection == m_selection && notify.owner != m_owner)
             finish({});
     }
 }

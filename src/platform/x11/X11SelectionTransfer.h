@@ -41,6 +41,7 @@ private:
 
     X11Connection &m_connection;
     quint32 m_selection;
+    quint32 m_owner; ///< of the selection, when it was asked
     quint32 m_window; ///< the requestor; an own one keeps concurrent requests apart
     quint32 m_property;
     int m_target = -1; ///< index of the text format that was asked for last

@@ -173,7 +173,11 @@ Result<void> X11Typist::shortcut(quint8 key, ShortcutModifiers modifiers)
 {
     if (modifiers.command && m_front.isTerminal) {
         const QString identifier = m_front.bundleIdentifier.value_or(QString());
-        if (!Terminals::copiesOnControlShiftC(identifier))
+        // Some make an interrupt of Ctrl+Shift+C when nothing is selected (Konsole, Terminator).
+        if (m_layout.key(XKB_KEY_c) == key)
+            return Failure { u"%1 is a terminal: copying there could interrupt the program in it."_s
+                                 .arg(m_front.localizedName) };
+        if (!Terminals::hasControlShiftShortcuts(identifier))
             return Failure {
                 u"%1 has no shortcuts of this kind: the key would go to the program in it."_s.arg(
                     m_front.localizedName)
