@@ -137,33 +137,13 @@ private Q_SLOTS:
         QVERIFY(stage.tessel.waitUntilBarGone());
     }
 
-    void screensCanBeLocked_data()
-    {
-        QTest::addColumn<QString>("action");
-        QTest::newRow("while the bar is shown") << QString();
-        QTest::newRow("while large type is shown") << u"LARGE_TYPE"_s;
-    }
-
     void screensCanBeLocked()
     {
-        QFETCH(QString, action);
         KeyStage stage;
-        if (!action.isEmpty())
-            stage.tessel.actions = { TesselProgram::action(u"action"_s, u"builtin"_s, action) };
         QVERIFY(stage.start());
         QVERIFY(stage.open({ u"text"_s, u"word"_s }));
-        if (action.isEmpty()) {
-            QVERIFY(stage.tessel.summon());
-            stage.tessel.awaitTrigger();
-        } else {
-            QVERIFY(stage.runAction());
-            const auto veil = stage.tessel.waitForWindow(u"Tessel Large Type"_s);
-            QVERIFY(veil);
-            QVERIFY(stage.user().isKeyboardGrabbed());
-            stage.session.launch(u"xset"_s, { u"s"_s, u"activate"_s });
-            QVERIFY(stage.user().waitUntilGone(veil->id));
-        }
-        QVERIFY(!stage.user().isKeyboardGrabbed());
+        QVERIFY(stage.tessel.summon());
+        stage.tessel.awaitTrigger();
         const ChildProcess &locker = stage.session.launch(u"i3lock"_s, { u"-n"_s });
         QTRY_VERIFY(stage.user().isKeyboardGrabbed());
         stage.user().tap(XKB_KEY_F2); // not for us
@@ -171,6 +151,44 @@ private Q_SLOTS:
         QTest::qWait(300);
         QVERIFY(locker.isRunning());
         QVERIFY(stage.session.urlRecorder().urls().isEmpty());
+    }
+
+    void largeTypeGivesTheKeyboardBack_data()
+    {
+        QTest::addColumn<QStringList>("command"); // empty: another window is activated
+        QTest::newRow("screen saver") << QStringList { u"xset"_s, u"s"_s, u"activate"_s };
+        QTest::newRow("locked session")
+            << QStringList { u"dbus-send"_s,
+                             u"--session"_s,
+                             u"--type=signal"_s,
+                             u"/"_s,
+                             u"org.freedesktop.ScreenSaver.ActiveChanged"_s,
+                             u"boolean:true"_s };
+        QTest::newRow("another window") << QStringList();
+    }
+
+    void largeTypeGivesTheKeyboardBack()
+    {
+        QFETCH(QStringList, command);
+        KeyStage stage;
+        stage.tessel.actions
+            = { TesselProgram::action(u"action"_s, u"builtin"_s, u"LARGE_TYPE"_s) };
+        QVERIFY(stage.start());
+        QVERIFY(stage.open({ u"nothing"_s }));
+        const quint32 other = stage.user().activeWindow();
+        QVERIFY(stage.open({ u"text"_s, u"word"_s }));
+        QVERIFY(stage.runAction());
+        const auto veil = stage.tessel.waitForWindow(u"Tessel Large Type"_s);
+        QVERIFY(veil);
+        QTRY_VERIFY(stage.user().isKeyboardGrabbed());
+        if (command.isEmpty())
+            stage.user().activate(other);
+        else
+            stage.session.launch(command.first(), command.mid(1));
+        QTRY_VERIFY(!stage.user().isKeyboardGrabbed());
+        if (command.isEmpty())
+            stage.user().tap(XKB_KEY_h); // goes there, and the text goes with it
+        QVERIFY(stage.user().waitUntilGone(veil->id));
     }
 };
 

@@ -24,6 +24,14 @@ constexpr quint32 leftButton = 1;
 constexpr quint32 firstScrollButton = 4;
 constexpr quint32 lastScrollButton = 7;
 
+/// Whether one of our own windows has the focus. Of a popup with the keyboard Qt believes that,
+/// even after it has given the keyboard back.
+bool hasFocus()
+{
+    const QWindow *window = QGuiApplication::focusWindow();
+    return window && !window->flags().testFlag(Qt::BypassWindowManagerHint);
+}
+
 }
 
 class X11EventMonitor::Token final : public Subscription
@@ -47,7 +55,8 @@ private:
 };
 
 X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
-                                 OwnsKeyboard ownsKeyboard, std::function<void()> pressedElsewhere)
+                                 std::function<bool()> popupHasKeyboard,
+                                 std::function<void()> pressedElsewhere)
     : m_connection(connection)
     , m_grabs(grabs)
     , m_trigger(connection, grabs,
@@ -55,7 +64,7 @@ X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
                     const KeyChord &trigger = m_trigger.chord();
                     deliver({ InputEvent::Kind::keyDown, trigger.keyCode, trigger.modifiers });
                 })
-    , m_ownsKeyboard(std::move(ownsKeyboard))
+    , m_popupHasKeyboard(std::move(popupHasKeyboard))
     , m_pressedElsewhere(std::move(pressedElsewhere))
 {
     if (!connection.xinput().present || !connection.xkb().present)
@@ -74,9 +83,8 @@ X11EventMonitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
 
 void X11EventMonitor::start()
 {
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *own) {
-        updateTrigger([this, own] { m_trigger.setWatching(!own); });
-    });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
+            [this] { updateTrigger([this] { m_trigger.setWatching(!hasFocus()); }); });
 }
 
 void X11EventMonitor::setTrigger(const KeyChord &chord)
@@ -155,7 +163,7 @@ void X11EventMonitor::handleRaw(const X11Event &event)
 /// has the whole keyboard, they are meant for that one.
 void X11EventMonitor::handleRawKey(quint8 key)
 {
-    if (m_ownsKeyboard() || m_grabs.holds({ key, m_modifiers }))
+    if (hasFocus() || m_popupHasKeyboard() || m_grabs.holds({ key, m_modifiers }))
         return;
     const KeyChord pressed { KeyCodes::virtualFromScanCode(key).value_or(-1),
                              X11Modifiers::bits(m_modifiers) };

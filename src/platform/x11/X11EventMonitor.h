@@ -19,12 +19,9 @@ class X11EventMonitor final : public EventMonitor
     Q_OBJECT
 
 public:
-    /// Tells whether one of our own windows receives the keys now.
-    using OwnsKeyboard = std::function<bool()>;
-
     /// `pressedElsewhere`: a mouse button goes down in another application.
-    X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs, OwnsKeyboard ownsKeyboard,
-                    std::function<void()> pressedElsewhere);
+    X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
+                    std::function<bool()> popupHasKeyboard, std::function<void()> pressedElsewhere);
 
     /// Leaves the trigger to our own windows while they have the focus. Needs the application
     /// object.
@@ -50,7 +47,7 @@ private:
     X11Connection &m_connection;
     X11KeyGrabs &m_grabs;
     X11TriggerKey m_trigger;
-    OwnsKeyboard m_ownsKeyboard;
+    std::function<bool()> m_popupHasKeyboard;
     std::function<void()> m_pressedElsewhere;
     std::shared_ptr<void> m_subscription;
     quint8 m_modifiers = 0; ///< mask as of the last state change that the server told

@@ -16,8 +16,6 @@
 #include "platform/x11/X11StatusArea.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QGuiApplication>
-
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
@@ -40,11 +38,9 @@ struct X11Platform::Services
     X11KeyGrabs keyGrabs { *connection };
     X11PopupKeyboard keyboard { { *connection, keyGrabs, layout } };
     X11PopupHost popupHost { *connection, workspace, keyboard };
-    X11EventMonitor eventMonitor {
-        *connection, keyGrabs,
-        [this] { return keyboard.holdsKeyboard() || QGuiApplication::focusWindow(); },
-        [this] { keyboard.releaseHeldKeyboard(); }
-    };
+    X11EventMonitor eventMonitor { *connection, keyGrabs,
+                                   [this] { return keyboard.holdsKeyboard(); },
+                                   [this] { keyboard.releaseHeldKeyboard(); } };
     PortalAppearance appearance;
     X11StatusArea statusArea { *connection };
 };

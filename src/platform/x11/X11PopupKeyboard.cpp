@@ -6,7 +6,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11CurrentLayout.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <xcb/screensaver.h>
@@ -140,6 +140,9 @@ void X11PopupKeyboard::releaseKeyboard(QWindow *window)
     if (m_keyboardWindow != window)
         return;
     window->setKeyboardGrabEnabled(false);
+    // Qt may just have sent what it had and be about to wait for events.
+    if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
+        xcb_flush(x11->connection());
     m_keyboardWindow.clear();
     m_idle.stop();
 }
