@@ -22,6 +22,9 @@ namespace Tessel {
 X11CopyRequest::X11CopyRequest(const Services &services)
     : m_services(services)
 {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(500ms);
+    connect(&m_patience, &QTimer::timeout, this, [this] { m_ping.reset(); });
 }
 
 X11CopyRequest::~X11CopyRequest() = default;
@@ -43,9 +46,11 @@ QFuture<void> X11CopyRequest::copySelection(const FrontApplication &application)
         keyboard.press({ layout->control(), layout->insert() });
         const auto window = static_cast<quint32>(application.window);
         m_ping.reset(); // the promise of an unanswered one is cancelled
-        if (X11WindowPing::isAnswered(connection, window))
+        if (X11WindowPing::isAnswered(connection, window)) {
             m_ping
                 = std::make_unique<X11WindowPing>(connection, window, [seen] { seen->finish(); });
+            m_patience.start();
+        }
     }
     return seen->future();
 }

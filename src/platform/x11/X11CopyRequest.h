@@ -5,6 +5,7 @@
 #include "platform/CopyRequest.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -44,6 +45,7 @@ public:
 private:
     Services m_services;
     std::unique_ptr<X11WindowPing> m_ping; ///< after the last shortcut
+    QTimer m_patience; ///< for its answer
 };
 
 }

@@ -30,6 +30,12 @@ QList<X11Stroke> strokesOf(quint8 key)
         + inAllLockStates({ key, XCB_MOD_MASK_CONTROL }, locks);
 }
 
+void flushQt()
+{
+    if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
+        xcb_flush(x11->connection());
+}
+
 QList<X11Stroke> wantedStrokes(const X11KeyLayout &layout,
                                const std::function<bool(const PopupKey &)> &wants)
 {
@@ -90,6 +96,7 @@ void X11PopupKeyboard::handle(const X11Event &event)
 
 void X11PopupKeyboard::takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants)
 {
+    flushQt(); // the window can appear meanwhile
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
     m_keys.reset();
     const X11KeyLayout *layout = m_services.layout.get();
@@ -140,9 +147,7 @@ void X11PopupKeyboard::releaseKeyboard(QWindow *window)
     if (m_keyboardWindow != window)
         return;
     window->setKeyboardGrabEnabled(false);
-    // Qt may just have sent what it had and be about to wait for events.
-    if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
-        xcb_flush(x11->connection());
+    flushQt(); // which may just have sent what it had and be about to wait for events
     m_keyboardWindow.clear();
     m_idle.stop();
 }
