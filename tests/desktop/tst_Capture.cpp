@@ -88,29 +88,59 @@ private Q_SLOTS:
         QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?tesserae"_s });
     }
 
+    void selectionIsKept_data()
+    {
+        QTest::addColumn<EditorKind>("kind");
+        QTest::newRow("mousepad") << EditorKind::Mousepad;
+        QTest::newRow("featherpad") << EditorKind::FeatherPad;
+        QTest::newRow("Tk") << EditorKind::Tk;
+        QTest::newRow("gvim") << EditorKind::Gvim;
+    }
+
+    void selectionIsKept()
+    {
+        QFETCH(EditorKind, kind);
+        Stage stage;
+        QVERIFY(stage.start());
+        QVERIFY(stage.open(u"tesserae"_s, kind));
+        QVERIFY(stage.tessel.summon());
+        QCOMPARE(captured(stage), u"tesserae"_s);
+        stage.user().tap(XKB_KEY_Escape);
+        QVERIFY(stage.tessel.waitUntilBarGone());
+        QVERIFY(stage.runAction());
+        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?tesserae"_s });
+    }
+
     void terminalProgramSurvives_data()
     {
+        QTest::addColumn<EditorKind>("kind");
         QTest::addColumn<bool>("hasSelection");
-        QTest::newRow("text selected") << true;
-        QTest::newRow("nothing selected") << false;
+        for (const bool hasSelection : { true, false }) {
+            const char *selected = hasSelection ? "text" : "nothing";
+            QTest::addRow("xterm, %s selected", selected) << EditorKind::XTerm << hasSelection;
+            QTest::addRow("sakura, %s selected", selected) << EditorKind::Sakura << hasSelection;
+        }
     }
 
     void terminalProgramSurvives()
     {
+        QFETCH(EditorKind, kind);
         QFETCH(bool, hasSelection);
         const QString text = u"output of a program"_s;
         Stage stage;
         QVERIFY(stage.start());
-        Editor &terminal = stage.editor.emplace(stage.session, EditorKind::XTerm);
+        Editor &terminal = stage.editor.emplace(stage.session, kind);
         QVERIFY(terminal.open(text));
         if (hasSelection) {
             QVERIFY(terminal.selectAll());
             QVERIFY(stage.tessel.summon());
             QCOMPARE(captured(stage), text);
-            QCOMPARE(stage.session.clipboard().text(), text);
+            XClipboard &clipboard = stage.session.clipboard();
+            QCOMPARE(clipboard.text(), clipboard.text(XClipboard::Selection::Primary));
         } else {
             stage.user().tap(XKB_KEY_F2);
             QVERIFY(stage.logs(noText));
+            QCOMPARE(stage.session.clipboard().owner(), quint32(0));
         }
         QCOMPARE(terminal.interrupts(), 0);
         // The program notices an interrupt that is meant for it.

@@ -21,37 +21,31 @@ constexpr int terminalRows = 24;
 constexpr int terminalBorder = 2;
 constexpr std::chrono::milliseconds retryAfter { 500 };
 
-QString windowClass(EditorKind kind)
+struct Program
 {
-    switch (kind) {
-    case EditorKind::Mousepad:
-        return u"Mousepad"_s;
-    case EditorKind::FeatherPad:
-        return u"FeatherPad"_s;
-    case EditorKind::XTerm:
-        return u"XTerm"_s;
-    }
-    Q_UNREACHABLE();
-}
+    QString windowClass;
+    QStringList commandLine;
+};
 
-QStringList commandLine(EditorKind kind, const QString &file)
+Program programOf(EditorKind kind, const QString &file)
 {
     switch (kind) {
     case EditorKind::Mousepad:
-        return { u"mousepad"_s, u"--disable-server"_s, file };
+        return { u"Mousepad"_s, { u"mousepad"_s, u"--disable-server"_s, file } };
     case EditorKind::FeatherPad:
-        return { u"featherpad"_s, u"--standalone"_s, file };
-    case EditorKind::XTerm:
-        return { u"xterm"_s,
-                 u"-geometry"_s,
-                 u"80x%1"_s.arg(terminalRows),
-                 u"-b"_s,
-                 QString::number(terminalBorder),
-                 u"-xrm"_s,
-                 u"*cutNewline: false"_s,
-                 u"-e"_s,
-                 u"/bin/sh"_s,
-                 file };
+        return { u"FeatherPad"_s, { u"featherpad"_s, u"--standalone"_s, file } };
+    case EditorKind::Tk:
+        return { u"Editor"_s, { u"wish"_s, file, u"-name"_s, u"editor"_s } };
+    case EditorKind::Gvim:
+        return { u"Gvim"_s, { u"gvim"_s, u"-f"_s, file } };
+    case EditorKind::XTerm: {
+        const auto options
+            = u"xterm -geometry 80x%1 -b %2 -xrm *cutNewline:false -e /bin/sh"_s.arg(terminalRows)
+                  .arg(terminalBorder);
+        return { u"XTerm"_s, options.split(u' ') << file };
+    }
+    case EditorKind::Sakura:
+        return { u"Sakura"_s, { u"sakura"_s, u"-e"_s, u"/bin/sh"_s, file } };
     }
     Q_UNREACHABLE();
 }
@@ -61,6 +55,13 @@ QString terminalProgram(const QString &textFile, const QString &interruptsFile)
     return u"cat '%1'\n"
            "trap 'echo interrupted >>\"%2\"' INT\n"
            "while :; do sleep 0.1; done\n"_s.arg(textFile, interruptsFile);
+}
+
+QString tkProgram(const QString &textFile)
+{
+    return u"pack [text .text]\n"
+           ".text insert end [read -nonewline [open {%1}]]\n"
+           "focus -force .text\n"_s.arg(textFile);
 }
 
 }
@@ -83,10 +84,12 @@ QString Editor::writeText(const QString &text)
     QString textFile = base + u".txt"_s;
     if (!writeFile(textFile, text))
         return {};
-    if (m_kind != EditorKind::XTerm)
+    const QString script = base + u".script"_s;
+    if (m_kind == EditorKind::Tk)
+        return writeFile(script, tkProgram(textFile)) ? script : QString();
+    if (!isTerminal(m_kind))
         return textFile;
     m_interruptsFile = base + u".interrupts"_s;
-    const QString script = base + u".sh"_s;
     return writeFile(script, terminalProgram(textFile, m_interruptsFile)) ? script : QString();
 }
 
@@ -94,12 +97,12 @@ bool Editor::open(const QString &text)
 {
     close();
     m_text = text;
-    auto arguments = commandLine(m_kind, writeText(text));
+    auto [windowClass, arguments] = programOf(m_kind, writeText(text));
     const auto program = arguments.takeFirst();
     m_process = &m_session.launch(program, arguments);
-    const auto isMine = [this](const WindowInfo &info) {
-        return info.className == windowClass(m_kind) && info.processId == m_process->processId()
-            && !info.overrideRedirect;
+    const auto isMine = [this, windowClass = windowClass](const WindowInfo &info) {
+        return info.className == windowClass && !info.overrideRedirect
+            && (info.processId == m_process->processId() || info.processId == 0); // Tk tells none
     };
     const auto window = m_session.user().waitForWindow(isMine);
     m_window = window.value_or(WindowInfo {});
@@ -114,12 +117,13 @@ bool Editor::selectAll()
     // A window can be usable before its text is there: then select again. Two tries are further
     // apart than the clicks of a double click.
     const QDeadlineTimer deadline(defaultTimeout);
+    const QString selected = m_kind == EditorKind::Sakura ? m_text + u'\n' : m_text;
     do {
-        if (m_kind == EditorKind::XTerm)
+        if (isTerminal(m_kind))
             selectLinesByMouse();
         else
             selectByKeyboard();
-        if (m_session.clipboard().waitForText(m_text, XClipboard::Selection::Primary, retryAfter))
+        if (m_session.clipboard().waitForText(selected, XClipboard::Selection::Primary, retryAfter))
             return true;
     } while (!deadline.hasExpired());
     return false;
@@ -139,8 +143,14 @@ std::optional<QString> Editor::content()
 
 void Editor::selectByKeyboard()
 {
-    m_session.user().tap(XKB_KEY_Home, { XKB_KEY_Control_L });
-    m_session.user().tap(XKB_KEY_End, { XKB_KEY_Control_L, XKB_KEY_Shift_L });
+    XUser &user = m_session.user();
+    if (m_kind == EditorKind::Gvim) { // of one line
+        for (const quint32 key : { XKB_KEY_Escape, XKB_KEY_0, XKB_KEY_v, XKB_KEY_End, XKB_KEY_h })
+            user.tap(key);
+        return;
+    }
+    user.tap(XKB_KEY_Home, { XKB_KEY_Control_L });
+    user.tap(XKB_KEY_End, { XKB_KEY_Control_L, XKB_KEY_Shift_L });
 }
 
 // The third of three clicks selects a line and, moved while held, all lines up to the pointer.

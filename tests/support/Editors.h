@@ -8,9 +8,14 @@ namespace Tessel::Desktop {
 
 class DesktopSession;
 
-enum class EditorKind { Mousepad, FeatherPad, XTerm };
+enum class EditorKind { Mousepad, FeatherPad, Tk, Gvim, XTerm, Sakura };
 
-// A real program with a text that can be selected. In the terminal the text is the output of a
+[[nodiscard]] constexpr bool isTerminal(EditorKind kind)
+{
+    return kind == EditorKind::XTerm || kind == EditorKind::Sakura;
+}
+
+// A real program with a text that can be selected. In a terminal the text is the output of a
 // program that notes interrupts and goes on.
 class Editor final
 {
@@ -19,14 +24,14 @@ public:
     ~Editor();
     Q_DISABLE_COPY_MOVE(Editor)
 
-    // Returns true when the window is active and has the keyboard focus. A text for the terminal
+    // Returns true when the window is active and has the keyboard focus. A text for a terminal
     // must fit into its 24 lines of 80 columns.
     [[nodiscard]] bool open(const QString &text);
     // Selects the whole text as a user does, whatever the keyboard layout; true once it is PRIMARY.
     [[nodiscard]] bool selectAll();
     // What is in the editor, as selecting all of it shows.
     [[nodiscard]] std::optional<QString> content();
-    // How often the program in the terminal was interrupted.
+    // How often the program in a terminal was interrupted.
     [[nodiscard]] int interrupts() const;
 
     [[nodiscard]] WindowInfo window() const { return m_window; }
