@@ -86,9 +86,10 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
                    .arg(size.height()));
     m_phase = Phase::shown;
     m_isChosen = false;
-    m_window.fadeIn(place);
     m_takesKeys = makeKey;
-    takeKeys();
+    m_window.create();
+    takeKeys(); // before anybody can see the bar and press one
+    m_window.fadeIn(place);
 }
 
 /// The keys of as many buttons as there are; the application keeps all others.

@@ -206,7 +206,6 @@ void PanelWindow::warmUp()
 
 void PanelWindow::fadeIn(QPoint place)
 {
-    create();
     m_fade.stop();
     m_popping.stop();
     m_key.reset(); // the release of the key that hid the bar went elsewhere

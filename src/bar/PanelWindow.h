@@ -36,6 +36,8 @@ public:
 
     void setTheme(const Theme &theme, bool isCompositing);
 
+    void create(); ///< needed before anything that concerns its windowHandle()
+
     /// Shows the window at a place (top-left corner, global logical pixels), fading and popping in
     /// where the desktop can blend.
     void fadeIn(QPoint place);
@@ -59,7 +61,6 @@ protected:
 private:
     class Ground;
 
-    void create();
     void vanish();
 
     PopupHost &m_host;

@@ -35,6 +35,12 @@ QCoro::Task<> sleepFor(qint64 milliseconds)
     co_await timer;
 }
 
+void tellOnce(std::function<void()> &function)
+{
+    if (function)
+        std::exchange(function, {})();
+}
+
 bool isDone(const QFuture<void> &future)
 {
     return future.isFinished() && !future.isCanceled();
@@ -96,9 +102,9 @@ AccessibilityManager::getSelectedTextInfo(std::function<void()> nothingSelected)
     co_return SelectedText { *text, location.pointer, application->bundleIdentifier };
 }
 
-/// Terminals are never sent anything: their marked text counts, or nothing is selected.
-/// Applications that do not copy at the shortcut, or not in a way that can be seen, get a second
-/// chance: text that was marked in them since they are in front.
+/// Terminals and modal editors are never sent anything: their marked text counts, or nothing is
+/// selected. Applications that do not copy at the shortcut, or not in a way that can be seen, get a
+/// second chance: text that was marked in them since they are in front.
 QCoro::Task<std::optional<QString>>
 AccessibilityManager::getSelectionBySimulation(FrontApplication application,
                                                std::function<void()> nothingSelected)
@@ -111,19 +117,21 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application,
     m_lastSimulationTime = start;
     QFuture<void> seen;
     QFuture<bool> marked;
-    if (application.isTerminal)
-        marked = copyRequest.copyMarkedText(application, Marked::ever);
-    else
+    const bool isSentKeys = !application.isTerminal && !application.isModal;
+    if (isSentKeys)
         seen = copyRequest.copySelection(application);
+    else
+        marked = copyRequest.copyMarkedText(
+            application, application.isTerminal ? Marked::ever : Marked::sinceFocus);
 
     // A poll that had to wait for the owner takes the place of those that fell due meanwhile.
     const auto elapsed = [this, start] { return m_dependencies.clock() - start; };
     for (qint64 poll = 1; poll <= maxPolls; poll = qMax(poll + 1, elapsed() / pollInterval + 1)) {
-        if (isFalse(marked) && (application.isTerminal || isDone(seen)) && nothingSelected)
-            std::exchange(nothingSelected, {})();
+        if (isFalse(marked) && (!isSentKeys || isDone(seen)))
+            tellOnce(nothingSelected);
         co_await sleepFor(poll * pollInterval - elapsed());
         if (pasteboard.changeCount() <= before) {
-            if (poll == secondSourcePoll && !application.isTerminal)
+            if (poll == secondSourcePoll && isSentKeys)
                 marked = copyRequest.copyMarkedText(application, Marked::sinceFocus);
             continue;
         }
@@ -132,6 +140,7 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application,
             = co_await pasteboard.string(std::chrono::milliseconds(qMax(pollInterval, rest)));
         if (text && !text->isEmpty())
             co_return withNormalizedLineEnds(*text);
+        tellOnce(nothingSelected); // it copied something else
     }
     co_return std::nullopt;
 }

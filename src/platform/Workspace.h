@@ -16,6 +16,7 @@ struct FrontApplication
     std::optional<QString> bundleIdentifier; ///< desktop-entry id, else the window class
     QString localizedName; ///< empty when it has none
     bool isTerminal = false; ///< keys go to whatever runs in it
+    bool isModal = false; ///< any key may be a command, as in editors of the vi family
     quint64 window = 0; ///< the backend's own handle of its active window; 0: not known
 };
 

@@ -30,41 +30,31 @@ private Q_SLOTS:
     void everyLayout_data()
     {
         QTest::addColumn<QString>("layout");
+        QTest::addColumn<quint32>("one"); // what the key of the digit gives
         QTest::addColumn<EditorKind>("editor");
-        for (const char *layout : { "de", "fr", "us(dvorak)", "ru", "ru,us" }) {
-            QTest::addRow("mousepad, %s", layout)
-                << QString::fromLatin1(layout) << EditorKind::Mousepad;
-            QTest::addRow("featherpad, %s", layout)
-                << QString::fromLatin1(layout) << EditorKind::FeatherPad;
-        }
+        const auto row = [](const char *layout, quint32 one, EditorKind editor) {
+            QTest::newRow(layout) << QString::fromLatin1(layout) << one << editor;
+        };
+        row("fr", XKB_KEY_ampersand, EditorKind::Mousepad);
+        row("us(dvorak)", XKB_KEY_1, EditorKind::Mousepad);
+        row("ru", XKB_KEY_1, EditorKind::FeatherPad);
+        row("ru,us", XKB_KEY_1, EditorKind::FeatherPad);
     }
 
+    /// The layout may change while the program runs.
     void everyLayout()
     {
         QFETCH(QString, layout);
+        QFETCH(quint32, one);
         QFETCH(EditorKind, editor);
         Stage stage;
-        DesktopOptions options;
-        options.keyboardLayout = layout;
-        QVERIFY(stage.start(options));
+        QVERIFY(stage.start());
         QVERIFY(stage.open(u"tesserae"_s, editor));
         QVERIFY(stage.tessel.summon());
-        QCOMPARE(captured(stage), u"tesserae"_s);
-    }
-
-    /// The layout may change while the program runs, also by switching the group.
-    void changedLayout()
-    {
-        Stage stage;
-        QVERIFY(stage.start());
-        QVERIFY(stage.open(u"tesserae"_s, EditorKind::FeatherPad));
-        for (const char *layout : { "us(dvorak)", "us", "fr" }) {
-            QVERIFY(stage.session.setKeyboardLayout(QString::fromLatin1(layout)));
-            QVERIFY(stage.editor->selectAll());
-            QVERIFY2(stage.tessel.summon(), layout);
-            stage.user().tap(XKB_KEY_Escape);
-            QVERIFY(stage.tessel.waitUntilBarGone());
-        }
+        QVERIFY(stage.session.setKeyboardLayout(layout));
+        QVERIFY(stage.tessel.summon());
+        stage.user().tap(one);
+        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?tesserae"_s });
     }
 
     void heldModifiersNeitherJoinNorStick()
@@ -109,6 +99,17 @@ private Q_SLOTS:
         QVERIFY(stage.tessel.waitUntilBarGone());
         QVERIFY(stage.runAction());
         QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?tesserae"_s });
+    }
+
+    /// Any key may be a command there: none is sent.
+    void modalEditorIsLeftAlone()
+    {
+        Stage stage;
+        QVERIFY(stage.start());
+        QVERIFY(stage.editor.emplace(stage.session, EditorKind::Gvim).open(u"tesserae"_s));
+        stage.user().tap(XKB_KEY_F2);
+        QVERIFY(stage.logs(noText));
+        QVERIFY(stage.editor->selectAll()); // the text is as it was
     }
 
     void terminalProgramSurvives_data()
@@ -161,6 +162,7 @@ private Q_SLOTS:
         row({ u"never-answers"_s }, {});
         row({ u"dies-while-sending"_s }, {});
         row({ u"latin1-only"_s }, u"café"_s);
+        row({ u"files"_s }, {});
         row({ u"empty-first"_s }, u"late"_s);
         row({ u"incr"_s, u"16777216"_s }, u"abcdefghijkl"_s);
     }

@@ -11,6 +11,7 @@
 //     never-answers        leaves every request unanswered
 //     dies-while-sending   sends the first part of a transfer in parts (INCR) and exits
 //     incr SIZE            sends SIZE bytes, a to z over and over, in parts
+//     files                offers copied files, and their paths as text
 //     latin1-only          offers "café" as STRING (ISO 8859-1) alone
 //     empty-first          gives no bytes at first, takes CLIPBOARD again and gives "late"
 //
@@ -104,6 +105,8 @@ Owner::Owner(const std::string &mode, const std::string &argument)
         m_text = alphabet(16 * partSize);
     else if (mode == "latin1-only")
         m_text = "caf\xe9";
+    else if (mode == "files")
+        m_text = "/a/path";
 }
 
 void Owner::show()
@@ -204,7 +207,9 @@ void Owner::onRequest(const xcb_selection_request_event_t &request)
 bool Owner::answer(const xcb_selection_request_event_t &request)
 {
     if (request.target == m_targets) {
-        const xcb_atom_t targets[] = { m_targets, m_offered };
+        const xcb_atom_t targets[] = { m_targets, m_offered,
+                                       m_mode == "files" ? Xcb::atom(m_c, "text/uri-list")
+                                                         : m_offered };
         put(request.requestor, request.property, XCB_ATOM_ATOM, 32, targets, std::size(targets));
         return true;
     }

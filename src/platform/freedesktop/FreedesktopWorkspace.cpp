@@ -24,6 +24,7 @@ FrontApplication FreedesktopWorkspace::applicationNamed(const WindowNames &names
     FrontApplication application;
     application.isTerminal = Terminals::isTerminalClass(names.windowClass)
         || Terminals::isTerminalClass(names.instance);
+    application.isModal = Terminals::isModalEditorClass(names.windowClass);
     if (const auto entry
         = m_entries.find({ names.applicationId, names.windowClass, names.instance })) {
         application.bundleIdentifier = entry->id;

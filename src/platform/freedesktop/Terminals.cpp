@@ -58,6 +58,10 @@ constexpr QStringView withoutShortcuts[] = {
     u"rxvt",  u"rxvt-unicode", u"urxvt",      u"uxterm", u"xterm",
 };
 
+constexpr QStringView modalEditorClasses[] = {
+    u"goneovim", u"gvim", u"neovide", u"nvim-gtk", u"nvim-qt", u"neovim-qt", u"neovim-gtk",
+};
+
 template <typename Table> bool contains(const Table &table, QStringView name)
 {
     return std::any_of(std::begin(table), std::end(table), [name](QStringView entry) {
@@ -70,6 +74,11 @@ template <typename Table> bool contains(const Table &table, QStringView name)
 bool Terminals::isTerminalClass(const QString &windowClass)
 {
     return contains(terminalClasses, windowClass);
+}
+
+bool Terminals::isModalEditorClass(const QString &windowClass)
+{
+    return contains(modalEditorClasses, windowClass);
 }
 
 bool Terminals::hasControlShiftShortcuts(const QString &identifier)

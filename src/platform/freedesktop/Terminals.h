@@ -6,11 +6,15 @@
 
 namespace Tessel {
 
-/// What is known of terminal emulators beyond their desktop entries.
+/// What is known of terminal emulators, and of programs like them, beyond their desktop entries.
 namespace Terminals {
 
 /// Whether windows of this class or application id (on X11 either part of WM_CLASS) are terminals.
 [[nodiscard]] bool isTerminalClass(const QString &windowClass);
+
+/// Whether windows of this class are editors that came out of terminals and take any key for a
+/// command: Ctrl+Insert begins to insert text in gvim.
+[[nodiscard]] bool isModalEditorClass(const QString &windowClass);
 
 /// False for those that have no shortcuts with Ctrl+Shift: they give such keys to the program in
 /// them (an interrupt, for C). Takes the desktop

@@ -36,8 +36,10 @@ void X11CurrentLayout::handle(const X11Event &event)
     const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
     const bool isSameGroup = notify.xkbType == XCB_XKB_STATE_NOTIFY
         && !(notify.changed & XCB_XKB_STATE_PART_GROUP_STATE);
-    if (!isSameGroup)
-        m_layout.reset();
+    if (isSameGroup)
+        return;
+    m_layout.reset();
+    ++m_revision;
 }
 
 const X11KeyLayout *X11CurrentLayout::get()

@@ -20,12 +20,16 @@ public:
     /// Null when the server has no XKB keyboard. Valid until events are handled.
     [[nodiscard]] const X11KeyLayout *get();
 
+    /// Another number after each change.
+    [[nodiscard]] int revision() const { return m_revision; }
+
 private:
     void handle(const X11Event &event);
 
     X11Connection &m_connection;
     std::shared_ptr<void> m_subscription;
     std::optional<X11KeyLayout> m_layout; ///< empty after a change
+    int m_revision = 0;
 };
 
 }

@@ -50,18 +50,27 @@ public:
     Taken(X11KeyGrabs &grabs, const QList<X11Stroke> &wanted, Handler callback)
         : handler(std::move(callback))
         , m_grabs(grabs)
+        , m_wanted(wanted.size())
     {
         for (const X11Stroke &stroke : wanted) {
             if (!grabs.holds(stroke))
                 strokes += stroke;
         }
-        grab();
-        m_isComplete = strokes.size() == wanted.size();
+        xcb_connection_t *xcb = grabs.m_connection.xcb();
+        for (const auto &[key, states] : byKey(strokes))
+            m_answers[key] = xcb_input_xi_passive_grab_device(
+                xcb, XCB_CURRENT_TIME, grabs.m_connection.root(), XCB_NONE, key, grabs.m_keyboard,
+                static_cast<uint16_t>(states.size()), 1, XCB_INPUT_GRAB_TYPE_KEYCODE,
+                XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
+                XCB_INPUT_GRAB_OWNER_NO_OWNER, &grabbedEvents, states.data());
+        xcb_flush(xcb);
         grabs.m_taken += this;
     }
     ~Taken() override
     {
         xcb_connection_t *xcb = m_grabs.m_connection.xcb();
+        for (const auto &[key, answer] : m_answers)
+            xcb_discard_reply(xcb, answer.sequence);
         for (const auto &[key, states] : byKey(strokes))
             xcb_input_xi_passive_ungrab_device(
                 xcb, m_grabs.m_connection.root(), key, m_grabs.m_keyboard,
@@ -73,38 +82,35 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Taken)
 
-    [[nodiscard]] bool isComplete() const override { return m_isComplete; }
+    [[nodiscard]] bool isComplete() override
+    {
+        for (const auto &[key, answer] : std::exchange(m_answers, {}))
+            removeRefused(key, answer);
+        return strokes.size() == m_wanted;
+    }
 
     QList<X11Stroke> strokes; ///< those that are ours
     Handler handler;
 
 private:
-    void grab()
+    using Cookie = xcb_input_xi_passive_grab_device_cookie_t;
+
+    void removeRefused(quint8 key, Cookie answer)
     {
-        xcb_connection_t *xcb = m_grabs.m_connection.xcb();
-        std::map<quint8, xcb_input_xi_passive_grab_device_cookie_t> cookies;
-        for (const auto &[key, states] : byKey(strokes))
-            cookies[key] = xcb_input_xi_passive_grab_device(
-                xcb, XCB_CURRENT_TIME, m_grabs.m_connection.root(), XCB_NONE, key,
-                m_grabs.m_keyboard, static_cast<uint16_t>(states.size()), 1,
-                XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC,
-                XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER, &grabbedEvents,
-                states.data());
-        for (const auto &[key, cookie] : cookies) {
-            const XcbPtr<xcb_input_xi_passive_grab_device_reply_t> reply(
-                xcb_input_xi_passive_grab_device_reply(xcb, cookie, nullptr));
-            if (!reply) {
-                strokes.removeIf([key = key](const X11Stroke &one) { return one.key == key; });
-                continue;
-            }
-            const auto *refused = xcb_input_xi_passive_grab_device_modifiers(reply.get());
-            for (int i = 0; i < reply->num_modifiers; ++i)
-                strokes.removeOne({ key, static_cast<quint8>(refused[i].modifiers) });
+        const XcbPtr<xcb_input_xi_passive_grab_device_reply_t> reply(
+            xcb_input_xi_passive_grab_device_reply(m_grabs.m_connection.xcb(), answer, nullptr));
+        if (!reply) {
+            strokes.removeIf([key](const X11Stroke &one) { return one.key == key; });
+            return;
         }
+        const auto *refused = xcb_input_xi_passive_grab_device_modifiers(reply.get());
+        for (int i = 0; i < reply->num_modifiers; ++i)
+            strokes.removeOne({ key, static_cast<quint8>(refused[i].modifiers) });
     }
 
     X11KeyGrabs &m_grabs;
-    bool m_isComplete = false;
+    qsizetype m_wanted;
+    std::map<quint8, Cookie> m_answers; ///< that nobody has asked for yet
 };
 
 X11KeyGrabs::X11KeyGrabs(X11Connection &connection)

@@ -36,8 +36,9 @@ public:
     {
     public:
         virtual ~Hold() = default;
-        /// Whether each of them is ours: another client may hold some already.
-        [[nodiscard]] virtual bool isComplete() const = 0;
+        /// Whether each of them is ours: another client may hold some already. Waits for the
+        /// server's answer.
+        [[nodiscard]] virtual bool isComplete() = 0;
     };
 
     explicit X11KeyGrabs(X11Connection &connection);

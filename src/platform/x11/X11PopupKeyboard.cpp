@@ -36,23 +36,6 @@ void flushQt()
         xcb_flush(x11->connection());
 }
 
-QList<X11Stroke> wantedStrokes(const X11KeyLayout &layout,
-                               const std::function<bool(const PopupKey &)> &wants)
-{
-    QList<X11Stroke> wanted;
-    for (quint32 key = 8; key <= 255; ++key) {
-        const auto keyCode = KeyCodes::virtualFromScanCode(key);
-        if (!keyCode)
-            continue;
-        for (const X11Stroke &stroke : strokesOf(static_cast<quint8>(key))) {
-            const bool isCommand = stroke.modifiers & XCB_MOD_MASK_CONTROL;
-            if (wants({ *keyCode, layout.text(stroke.key, stroke.modifiers), isCommand }))
-                wanted += stroke;
-        }
-    }
-    return wanted;
-}
-
 }
 
 X11PopupKeyboard::X11PopupKeyboard(const Services &services)
@@ -96,16 +79,37 @@ void X11PopupKeyboard::handle(const X11Event &event)
 
 void X11PopupKeyboard::takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants)
 {
-    flushQt(); // the window can appear meanwhile
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
     m_keys.reset();
-    const X11KeyLayout *layout = m_services.layout.get();
-    if (!layout)
-        return;
     m_keysWindow = window;
+    QList<X11Stroke> wanted;
+    for (const auto &[stroke, key] : keyboard()) {
+        if (wants(key))
+            wanted += stroke;
+    }
     m_keys = m_services.grabs.take(
-        wantedStrokes(*layout, wants),
+        wanted,
         [this](const X11Stroke &stroke, X11KeyGrabs::Change change) { deliver(stroke, change); });
+}
+
+const QList<std::pair<X11Stroke, PopupKey>> &X11PopupKeyboard::keyboard()
+{
+    const X11KeyLayout *layout = m_services.layout.get();
+    if (!layout || m_keyboardRevision == m_services.layout.revision())
+        return m_keyboard;
+    m_keyboardRevision = m_services.layout.revision();
+    m_keyboard.clear();
+    for (quint32 key = 8; key <= 255; ++key) {
+        const auto keyCode = KeyCodes::virtualFromScanCode(key);
+        if (!keyCode)
+            continue;
+        for (const X11Stroke &stroke : strokesOf(static_cast<quint8>(key))) {
+            const bool isCommand = stroke.modifiers & XCB_MOD_MASK_CONTROL;
+            const QString text = layout->text(stroke.key, stroke.modifiers);
+            m_keyboard.append({ stroke, { *keyCode, text, isCommand } });
+        }
+    }
+    return m_keyboard;
 }
 
 void X11PopupKeyboard::releaseKeys(QWindow *window)

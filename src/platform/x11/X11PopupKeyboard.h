@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     void handle(const X11Event &event);
+    [[nodiscard]] const QList<std::pair<X11Stroke, PopupKey>> &keyboard();
     void deliver(const X11Stroke &stroke, X11KeyGrabs::Change change);
 
     Services m_services;
@@ -58,6 +59,8 @@ private:
     std::shared_ptr<void> m_subscription;
     quint8 m_screenSaverEvent = 0; ///< 0: the server does not tell
 
+    QList<std::pair<X11Stroke, PopupKey>> m_keyboard; ///< all keys that a popup could want
+    int m_keyboardRevision = -1; ///< of the layout that they are of
     QPointer<QWindow> m_keysWindow; ///< that single keys go to
     std::unique_ptr<X11KeyGrabs::Hold> m_keys;
 

@@ -26,7 +26,8 @@ public:
     explicit X11SelectionReader(X11Connection &connection);
     ~X11SelectionReader() override;
 
-    /// Nothing when the selection has no text, or when its owner does nothing for `patience`.
+    /// Nothing when the selection has no text, or is copied files, or when its owner does nothing
+    /// for `patience`.
     [[nodiscard]] QFuture<std::optional<QString>> read(quint32 selection,
                                                        std::chrono::milliseconds patience);
 

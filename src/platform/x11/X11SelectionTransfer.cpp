@@ -30,7 +30,7 @@ constexpr Target targets[] = {
 
 X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 selection,
                                            std::chrono::milliseconds patience,
-                                           std::chrono::milliseconds limit)
+                                           std::chrono::milliseconds limit, Files files)
     : m_connection(connection)
     , m_selection(selection)
     , m_owner(connection.selectionOwner(selection))
@@ -44,7 +44,10 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
     }
     m_patience.setInterval(patience);
     m_limit.start(limit);
-    requestNextTarget();
+    if (files == Files::areNoText)
+        request("TARGETS");
+    else
+        requestNextTarget();
 }
 
 X11SelectionTransfer::~X11SelectionTransfer()
@@ -59,8 +62,13 @@ void X11SelectionTransfer::requestNextTarget()
         finish({});
         return;
     }
-    xcb_convert_selection(m_connection.xcb(), m_window, m_selection,
-                          m_connection.atom(targets[m_target].name), m_property, XCB_CURRENT_TIME);
+    request(targets[m_target].name);
+}
+
+void X11SelectionTransfer::request(const char *target)
+{
+    xcb_convert_selection(m_connection.xcb(), m_window, m_selection, m_connection.atom(target),
+                          m_property, XCB_CURRENT_TIME);
     xcb_flush(m_connection.xcb());
     m_patience.start();
 }
@@ -90,6 +98,15 @@ void X11SelectionTransfer::handle(const X11Event &event)
 
 void X11SelectionTransfer::takeAnswer(quint32 property)
 {
+    if (m_target < 0) {
+        const bool areFiles = property != XCB_NONE
+            && m_connection.items(m_window, property).contains(m_connection.atom("text/uri-list"));
+        if (areFiles)
+            finish({});
+        else
+            requestNextTarget();
+        return;
+    }
     if (property == XCB_NONE) {
         requestNextTarget();
         return;

@@ -22,9 +22,13 @@ class X11SelectionTransfer final : public QObject
     Q_OBJECT
 
 public:
+    /// File managers give the paths of copied files as text, too.
+    enum class Files { areText, areNoText };
+
     /// Gives up when the owner does nothing for `patience`, or after `limit` in all.
     X11SelectionTransfer(X11Connection &connection, quint32 selection,
-                         std::chrono::milliseconds patience, std::chrono::milliseconds limit);
+                         std::chrono::milliseconds patience, std::chrono::milliseconds limit,
+                         Files files = Files::areText);
     ~X11SelectionTransfer() override;
 
 Q_SIGNALS:
@@ -32,6 +36,7 @@ Q_SIGNALS:
     void finished(const std::optional<QByteArray> &text);
 
 private:
+    void request(const char *target);
     void requestNextTarget();
     void handle(const X11Event &event);
     void takeAnswer(quint32 property);
@@ -44,7 +49,7 @@ private:
     quint32 m_owner; ///< of the selection, when it was asked
     quint32 m_window; ///< the requestor; an own one keeps concurrent requests apart
     quint32 m_property;
-    int m_target = -1; ///< index of the text format that was asked for last
+    int m_target = -1; ///< index of the text format that was asked for last; -1: none yet
     bool m_incremental = false;
     bool m_isFinished = false;
     QByteArray m_bytes;
