@@ -3,6 +3,7 @@
 #include "actions/Placeholder.h"
 #include "actions/ScriptAction.h"
 #include "actions/ShellAction.h"
+#include "actions/ShellQuoting.h"
 #include "base/CommandRunner.h"
 #include "base/HelperFolder.h"
 
@@ -142,6 +143,45 @@ private Q_SLOTS:
         const CommandRequest request = shellCommandRequest(
             u"printf %s '{text}' > $OUT; printf %s \"$TESSEL_TEXT\" >> $OUT"_s, large, shell);
         QCOMPARE(written(request), (large + large).toUtf8());
+    }
+
+    /// The shell is the judge of what is said about a template.
+    void knowsWhereTextsAreSafe_data()
+    {
+        QTest::addColumn<bool>("isSafe");
+        const auto rows = [](bool isSafe, std::initializer_list<const char *> commands) {
+            for (const char *command : commands)
+                QTest::newRow(command) << isSafe;
+        };
+        rows(true,
+             { "printf %s '{text}'", "printf %s \"$TESSEL_TEXT\"", "(printf %s '{text}')",
+               "printf %s \"$(printf %s '{text}')\"", ": \"it's\"; printf %s '{text}'",
+               ": it\\'s; printf %s '{text}'", "# it's\nprintf %s '{text}'",
+               ": $# 5#'6' \\ #; printf %s '{text}'", "printf %s \"$(cat <<<'{text}')\"",
+               "cat <<E >/dev/null\nit's\nE\nprintf %s '{text}'",
+               "cat <<-'E F' >/dev/null\n\tit's\n\tE F\nprintf %s '{text}'",
+               ": $((1<<2)) `echo \"it's\"`\nprintf %s '{text}'", "printf %s ${x:-'{text}'}",
+               ": $'it\\'s'; printf %s '{text}'",
+               "printf %s \"${x:-\"$(printf %s '{text}')\"}\"" });
+        rows(false,
+             { "printf %s {text}", "printf %s \"{text}\"", "printf %s \"'{text}'\"",
+               "printf %s \\'{text}\\'", "printf %s \\{text}", "printf %s ${text}",
+               "printf %s \"`printf %s '{text}'`\"", "printf %s \"${x:-'{text}'}\"",
+               "printf %s $'{text}'", "cat <<E\n'{text}'\nE", "cat <<'E'\n{text}\nE",
+               "cat <<'{text}'\n", "# '{text}'\nprintf %s \"$TESSEL_TEXT\"",
+               "printf %s '{text}' \"{text}\"", "printf %s $(( '{text}' ))" });
+    }
+
+    void knowsWhereTextsAreSafe()
+    {
+        QFETCH(bool, isSafe);
+        const QString command = QString::fromLatin1(QTest::currentDataTag());
+        const QString text = u"\\n it's \"  $(echo x) `echo x` #\nE\n$HOME *"_s;
+        const bool arrives
+            = written(shellCommandRequest(u"exec > $OUT\n"_s + command, text, u"/bin/zsh"_s))
+            == text.toUtf8();
+        QCOMPARE(arrives, isSafe);
+        QCOMPARE(isTextQuoted(command), isSafe);
     }
 
     void environment()
