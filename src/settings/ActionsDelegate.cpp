@@ -5,9 +5,9 @@
 #include "config/IconResolver.h"
 #include "config/TemplateImage.h"
 #include "settings/ActionsModel.h"
+#include "settings/CellField.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QPainter>
 
 namespace Tessel {
@@ -162,7 +162,7 @@ void ActionsDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &o
 QWidget *ActionsDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                        const QModelIndex &index) const
 {
-    auto *field = new QLineEdit(parent);
+    auto *field = new CellField(parent);
     field->setPlaceholderText(index.data(ActionsModel::placeholderRole).toString());
     field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return field;

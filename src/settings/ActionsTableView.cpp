@@ -205,8 +205,6 @@ void ActionsTableView::selectRow(int row)
 
 void ActionsTableView::keyPressEvent(QKeyEvent *event)
 {
-    if (state() == EditingState)
-        return QTableView::keyPressEvent(event); // what a field leaves over
     const bool isMove = event->modifiers() == Qt::AltModifier;
     const int row = currentIndex().row();
     switch (event->key()) {

@@ -8,6 +8,7 @@
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "settings/ApplicationChooser.h"
+#include "settings/CellField.h"
 #include "settings/ExcludedAppsModel.h"
 #include "settings/IconSelectionButton.h"
 #include "settings/SegmentedControl.h"
@@ -21,6 +22,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QWheelEvent>
 
@@ -40,6 +42,19 @@ class PopUpButton final : public QComboBox
 {
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
+
+/// Edits an excluded application.
+class EntryDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                          const QModelIndex &) const override
+    {
+        return new CellField(parent);
+    }
 };
 
 }
@@ -215,6 +230,7 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_tableView = new QTableView;
     m_excludedApps = new ExcludedAppsModel(m_dependencies.config, text("Bundle ID"), m_tableView);
     m_tableView->setModel(m_excludedApps);
+    m_tableView->setItemDelegate(new EntryDelegate(m_tableView));
     m_tableView->setFixedSize(500, 160);
     m_tableView->setAccessibleName(text("Excluded Apps"));
     m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);

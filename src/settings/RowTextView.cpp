@@ -9,10 +9,11 @@ namespace Tessel {
 
 namespace {
 
-bool isCommandReturn(const QKeyEvent &event)
+bool isEnd(const QKeyEvent &event)
 {
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    return isReturn && event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
+    return event.key() == Qt::Key_Escape
+        || (isReturn && event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier));
 }
 
 }
@@ -64,8 +65,7 @@ bool RowTextView::eventFilter(QObject *watched, QEvent *event)
 
 bool RowTextView::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride
-        && isCommandReturn(*static_cast<QKeyEvent *>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && isEnd(*static_cast<QKeyEvent *>(event))) {
         event->accept();
         return true;
     }
@@ -74,7 +74,7 @@ bool RowTextView::event(QEvent *event)
 
 void RowTextView::keyPressEvent(QKeyEvent *event)
 {
-    if (isCommandReturn(*event))
+    if (isEnd(*event))
         endEditing();
     else
         QPlainTextEdit::keyPressEvent(event);

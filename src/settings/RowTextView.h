@@ -7,7 +7,8 @@
 namespace Tessel {
 
 /// Edits a script in several lines inside its row. Return makes a new line; Ctrl or Super with
-/// Return ends editing, and so does a click outside, or another way to lose the focus.
+/// Return ends editing, and so does Escape, a click outside, or another way to lose the focus. What
+/// was typed is kept in each case: it can be more than one would want to type again.
 class RowTextView final : public QPlainTextEdit
 {
     Q_OBJECT

@@ -81,7 +81,7 @@ private Q_SLOTS:
     void scriptEditor_data()
     {
         QTest::addColumn<QString>("end");
-        for (const char *end : { "Ctrl+Return", "click", "right click", "tab bar", "close" })
+        for (const char *end : { "Ctrl+Return", "Escape", "click", "right click", "tab bar", "close" })
             QTest::newRow(end) << QString::fromLatin1(end);
     }
 
@@ -103,6 +103,8 @@ private Q_SLOTS:
         QCOMPARE(fixture.config.customActions[1].title, u"two"_s);
         if (end == u"Ctrl+Return")
             QTest::keyClick(editor, Qt::Key_Return, Qt::ControlModifier);
+        else if (end == u"Escape")
+            QTest::keyClick(editor, Qt::Key_Escape);
         else if (end == u"click")
             fixture.click(1, ActionsModel::enabledColumn); // which is still where it was
         else if (end == u"right click")
