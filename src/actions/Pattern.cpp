@@ -105,6 +105,11 @@ Pattern::Pattern(QString expression)
 {
 }
 
+bool Pattern::isValid(const QString &expression)
+{
+    return compiled(expression) != nullptr;
+}
+
 std::optional<QString> Pattern::firstMatch(const QString &text, MatchBudget &budget) const
 {
     const Watch watch { budget.deadline() };

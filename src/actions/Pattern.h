@@ -36,6 +36,9 @@ class Pattern
 public:
     explicit Pattern(QString expression);
 
+    /// Whether ICU can read the expression; one that it cannot read matches nothing.
+    [[nodiscard]] static bool isValid(const QString &expression);
+
     /// The first match in the text. Nothing when there is none, when the expression is invalid, or
     /// when the search runs out of time or of ICU's default stack space.
     [[nodiscard]] std::optional<QString> firstMatch(const QString &text, MatchBudget &budget) const;

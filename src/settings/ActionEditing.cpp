@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionEditing.h"
 
+#include "actions/Pattern.h"
+#include "actions/ShellQuoting.h"
 #include "base/Identifier.h"
 #include "config/ConfigManager.h"
 
@@ -33,11 +35,23 @@ std::optional<QString> ActionEditing::regexFrom(const QString &typed)
     return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed);
 }
 
-Result<void> ActionEditing::validate(const ActionConfig &action)
+std::optional<Remark> ActionEditing::templateRemark(const ActionConfig &action)
 {
-    if (ConfigManager::validateAction(action))
+    if (!ConfigManager::validateAction(action))
+        return Remark { Remark::Kind::wrong, infoOf(action.type).problem.toString() };
+    if (!action.isEnabled || action.type != ActionType::shellScript
+        || isTextQuoted(action.templateText))
         return {};
-    return Failure { infoOf(action.type).problem.toString() };
+    return Remark { Remark::Kind::doubtful,
+                    u"The shell would interpret the text here: "
+                    "write '{text}' or \"$TESSEL_TEXT\""_s };
+}
+
+std::optional<Remark> ActionEditing::regexRemark(const ActionConfig &action)
+{
+    if (!action.isEnabled || !action.regex || Pattern::isValid(*action.regex))
+        return {};
+    return Remark { Remark::Kind::wrong, u"Invalid regular expression"_s };
 }
 
 std::optional<qsizetype> ActionEditing::dropRow(qsizetype rowUnderPointer, int offset,

@@ -10,6 +10,17 @@
 
 namespace Tessel {
 
+/// What is to be said about what the user typed.
+struct Remark
+{
+    enum class Kind {
+        wrong, ///< the action cannot run
+        doubtful, ///< it can, but hardly does what is meant
+    };
+    Kind kind;
+    QString reason; ///< a key of the localised texts
+};
+
 /// The rules by which the list of actions is edited.
 namespace ActionEditing {
 
@@ -22,8 +33,9 @@ namespace ActionEditing {
 /// An expression as it is stored: without white space around it, absent when nothing is left.
 [[nodiscard]] std::optional<QString> regexFrom(const QString &typed);
 
-/// Whether the action can run; the reason is a key of the localised texts.
-[[nodiscard]] Result<void> validate(const ActionConfig &action);
+// Nothing is said about an action that is off.
+[[nodiscard]] std::optional<Remark> templateRemark(const ActionConfig &action);
+[[nodiscard]] std::optional<Remark> regexRemark(const ActionConfig &action);
 
 /// Where a dragged row would go, given where the pointer is in the row under it: before that row,
 /// behind it, or nowhere when the pointer is in its middle.

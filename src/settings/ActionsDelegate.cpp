@@ -6,6 +6,7 @@
 #include "config/TemplateImage.h"
 #include "settings/ActionsModel.h"
 #include "settings/CellField.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -29,6 +30,23 @@ QColor textColor(const QStyleOptionViewItem &option)
 {
     const bool isSelected = option.state & QStyle::State_Selected;
     return option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+/// Readable on the ground of a field, whatever style and palette the user has given to Qt.
+QColor remarkColor(Remark::Kind kind, const QPalette &palette)
+{
+    const bool isDark = palette.color(QPalette::Base).lightness() < 128;
+    const Theme::Window &colors = themeFor(ThemeMode::system, isDark).window;
+    return kind == Remark::Kind::wrong ? colors.wrong : colors.doubtful;
+}
+
+void show(const std::optional<Remark> &remark, QWidget *field)
+{
+    QPalette palette;
+    if (remark)
+        palette.setColor(QPalette::Text, remarkColor(remark->kind, field->palette()));
+    field->setPalette(palette);
+    field->setToolTip(remark ? remark->reason : QString());
 }
 
 }
@@ -143,16 +161,16 @@ void ActionsDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &o
         = index.data().toString().left(maxDrawnLength).simplified(); // of several lines, one
     QColor color = textColor(option);
     const bool isSelected = option.state & QStyle::State_Selected;
-    const bool isInvalid = index.data(ActionsModel::invalidRole).toBool();
-    if (isInvalid && !isSelected)
-        color = option.palette.color(QPalette::BrightText);
+    const QVariant remark = index.data(ActionsModel::remarkRole);
+    if (remark.isValid() && !isSelected)
+        color = remarkColor(Remark::Kind(remark.toInt()), option.palette);
     if (text.isEmpty()) {
         text = index.data(ActionsModel::placeholderRole).toString();
         color.setAlphaF(0.5F);
     }
     painter->setPen(color);
     QFont font = option.font;
-    font.setUnderline(isInvalid && isSelected); // red on the selection's colour cannot be read
+    font.setUnderline(remark.isValid() && isSelected); // no colour can be read on the selection's
     painter->setFont(font);
     const QRect place = option.rect.adjusted(textMargin, 0, -textMargin, 0);
     painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -165,6 +183,11 @@ QWidget *ActionsDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
     auto *field = new CellField(parent);
     field->setPlaceholderText(index.data(ActionsModel::placeholderRole).toString());
     field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    const auto *model = static_cast<const ActionsModel *>(index.model());
+    connect(field, &QLineEdit::textChanged, field,
+            [field, model, cell = QPersistentModelIndex(index)](const QString &text) {
+                show(model->remark(cell, text), field);
+            });
     return field;
 }
 

@@ -4,7 +4,6 @@
 
 #include "config/ConfigManager.h"
 #include "config/LocalizationManager.h"
-#include "settings/ActionEditing.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +14,17 @@ namespace {
 const QString headerKeys[ActionsModel::columns] = {
     u"Enabled"_s, u"Icon"_s, u"Name"_s, u"Type"_s, u"Template / Command"_s, u"Context (Regex)"_s
 };
+
+/// Stores what was typed into a single-line field.
+void store(ActionConfig &action, int column, const QString &text)
+{
+    if (column == ActionsModel::titleColumn)
+        action.title = text.trimmed();
+    else if (column == ActionsModel::templateColumn)
+        action.templateText = text.trimmed();
+    else
+        action.regex = ActionEditing::regexFrom(text);
+}
 
 }
 
@@ -140,13 +150,35 @@ QString ActionsModel::shownText(const ActionConfig &action, int column) const
     }
 }
 
+std::optional<Remark> ActionsModel::remark(const ActionConfig &action, int column) const
+{
+    std::optional<Remark> remark;
+    if (column == templateColumn)
+        remark = ActionEditing::templateRemark(action);
+    else if (column == regexColumn)
+        remark = ActionEditing::regexRemark(action);
+    if (remark)
+        remark->reason = m_localization.localizedString(remark->reason);
+    return remark;
+}
+
+std::optional<Remark> ActionsModel::remark(const QModelIndex &field, const QString &text) const
+{
+    const ActionConfig *current = action(field.row());
+    if (!current)
+        return {};
+    ActionConfig changed = *current;
+    store(changed, field.column(), text);
+    return remark(changed, field.column());
+}
+
 QVariant ActionsModel::data(const QModelIndex &index, int role) const
 {
     const ActionConfig *action = this->action(index.row());
     if (!action)
         return {};
     const int column = index.column();
-    const auto valid = column == templateColumn ? ActionEditing::validate(*action) : Result<void>();
+    const auto remark = [&] { return this->remark(*action, column); };
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -155,15 +187,15 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
         return column == enabledColumn ? QVariant(action->isEnabled ? Qt::Checked : Qt::Unchecked)
                                        : QVariant();
     case Qt::ToolTipRole:
-        return valid ? QVariant() : m_localization.localizedString(valid.error().reason);
+        return remark() ? QVariant(remark()->reason) : QVariant();
     case Qt::AccessibleTextRole:
         return column == iconColumn ? QVariant(action->iconName) : shownText(*action, column);
-    case invalidRole:
-        return !valid;
+    case remarkRole:
+        return remark() ? QVariant(int(remark()->kind)) : QVariant();
     case placeholderRole:
         if (column == regexColumn)
             return u"Optional"_s;
-        return !valid && action->templateText.isEmpty()
+        return remark() && action->templateText.isEmpty()
             ? m_localization.localizedString(u"Required"_s)
             : QString();
     default:
@@ -201,15 +233,8 @@ bool ActionsModel::setData(const QModelIndex &index, const QVariant &value, int 
 {
     if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable))
         return false;
-    change(index.row(), [&](ActionConfig &action) {
-        const QString text = value.toString();
-        if (index.column() == titleColumn)
-            action.title = text.trimmed();
-        else if (index.column() == templateColumn)
-            action.templateText = text.trimmed();
-        else
-            action.regex = ActionEditing::regexFrom(text);
-    });
+    change(index.row(),
+           [&](ActionConfig &action) { store(action, index.column(), value.toString()); });
     return true;
 }
 

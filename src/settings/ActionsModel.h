@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/AppConfig.h"
+#include "settings/ActionEditing.h"
 
 #include <QAbstractTableModel>
 
@@ -21,8 +21,9 @@ public:
     enum Column { enabledColumn, iconColumn, titleColumn, typeColumn, templateColumn, regexColumn };
     static constexpr int columns = 6;
 
-    /// True for a template that cannot run; its tool tip says why.
-    static constexpr int invalidRole = Qt::UserRole;
+    /// The Remark::Kind, as a number, of what there is to be said about a text; the tool tip says
+    /// it.
+    static constexpr int remarkRole = Qt::UserRole;
     /// What an empty field shows.
     static constexpr int placeholderRole = Qt::UserRole + 1;
 
@@ -32,6 +33,9 @@ public:
 
     /// Null when there is no such row.
     [[nodiscard]] const ActionConfig *action(int row) const;
+
+    /// What is to be said about a text if the field had it, in the current language.
+    [[nodiscard]] std::optional<Remark> remark(const QModelIndex &field, const QString &text) const;
 
     // Rows that do not exist are passed over.
     void toggle(int row);
@@ -59,6 +63,7 @@ public:
 private:
     template <typename Change> void change(int row, Change &&change);
     [[nodiscard]] QString shownText(const ActionConfig &action, int column) const;
+    [[nodiscard]] std::optional<Remark> remark(const ActionConfig &action, int column) const;
 
     ConfigManager &m_config;
     const LocalizationManager &m_localization;

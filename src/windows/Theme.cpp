@@ -65,6 +65,7 @@ constexpr Theme themes[] {
                     .link = rgb(0x0b57d0),
                     .visitedLink = rgb(0x6a3fb5),
                     .wrong = rgb(0xd0021b),
+                    .doubtful = rgb(0x945200),
                     .shadow = black() },
     },
     {
@@ -102,6 +103,7 @@ constexpr Theme themes[] {
                     .link = rgb(0x7db4ff),
                     .visitedLink = rgb(0xb79bf0),
                     .wrong = rgb(0xff6b63),
+                    .doubtful = rgb(0xf2b64c),
                     .shadow = black() },
     },
 };

@@ -78,6 +78,7 @@ struct Theme
         QColor link;
         QColor visitedLink;
         QColor wrong;
+        QColor doubtful; ///< what may go wrong
         QColor shadow; ///< laid thinly over a picture that is pressed
     };
 

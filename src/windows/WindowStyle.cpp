@@ -152,7 +152,6 @@ QPalette windowPalette(const Theme &theme)
     palette.setColor(QPalette::HighlightedText, colors.accentText);
     palette.setColor(QPalette::Link, colors.link);
     palette.setColor(QPalette::LinkVisited, colors.visitedLink);
-    palette.setColor(QPalette::BrightText, colors.wrong);
     for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
         palette.setColor(QPalette::Disabled, role, colors.disabledText);
     return palette;

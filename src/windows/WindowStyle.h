@@ -10,8 +10,7 @@ namespace Tessel {
 class Appearance;
 struct Theme;
 
-/// The colours of our windows. BrightText is for what is wrong, PlaceholderText for what is
-/// secondary, Mid for lines.
+/// The colours of our windows. PlaceholderText is for what is secondary, Mid for lines.
 [[nodiscard]] QPalette windowPalette(const Theme &theme);
 
 /// The look of our windows' controls: flat, round, in the colours of the palette.

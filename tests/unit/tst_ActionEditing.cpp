@@ -46,6 +46,8 @@ private Q_SLOTS:
 
     void changesOfType()
     {
+        const QString doubt
+            = u"The shell would interpret the text here: write '{text}' or \"$TESSEL_TEXT\""_s;
         for (const auto &[before, type, after, problem] : {
                  std::tuple { u"a://b"_s, ActionType::builtin, u"COPY"_s, u""_s },
                  { u""_s, ActionType::url, u"https://"_s, u""_s },
@@ -53,21 +55,26 @@ private Q_SLOTS:
                  { u""_s, ActionType::shortcut, u""_s, u"Shortcut name required"_s },
                  { u""_s, ActionType::appleScript, u""_s, u"Script required"_s },
                  { u"a://b"_s, ActionType::shellScript, u"a://b"_s, u""_s },
+                 { u"ls {text}"_s, ActionType::shellScript, u"ls {text}"_s, doubt },
+                 { u"\"{text}\""_s, ActionType::appleScript, u"\"{text}\""_s, u""_s },
              }) {
             ActionConfig action;
             action.templateText = before;
             action = ActionEditing::withType(action, type);
             QCOMPARE(action.templateText, after);
-            const Result<void> valid = ActionEditing::validate(action);
-            QCOMPARE(valid ? QString() : valid.error().reason, problem);
+            const auto remark = ActionEditing::templateRemark(action);
+            QCOMPARE(remark ? remark->reason : QString(), problem);
+            QCOMPARE(remark && remark->kind == Remark::Kind::doubtful, problem == doubt);
+            action.isEnabled = false;
+            QVERIFY(!ActionEditing::templateRemark(action));
         }
     }
 
     void shortcutNames()
     {
         QCOMPARE(shortcutText(120, 0), u"F2"_s);
-        QCOMPARE(shortcutText(0, 0x60000), u"⌃⇧A"_s);
         QCOMPARE(shortcutText(49, 0x1F0101), u"⌃⌥⇧⌘Space"_s); // no names for the other bits
+        QCOMPARE(shortcutText(0, 0x60000), u"⌃⇧A"_s);
         QCOMPARE(shortcutText(87, 0), u"5"_s);
         QCOMPARE(shortcutText(4000, 0), u"Key 4000"_s);
     }

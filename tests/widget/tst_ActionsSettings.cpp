@@ -55,11 +55,36 @@ private Q_SLOTS:
         QCOMPARE(fixture.saved(1).templateText, u"no scheme"_s);
         const QModelIndex field = fixture.table().model()->index(1, ActionsModel::templateColumn);
         QCOMPARE(field.data(Qt::ToolTipRole), u"Invalid URL scheme"_s);
-        QVERIFY(field.data(ActionsModel::invalidRole).toBool());
+        QCOMPARE(field.data(ActionsModel::remarkRole), int(Remark::Kind::wrong));
         fixture.click(1, ActionsModel::enabledColumn); // what is off need not be valid
         QVERIFY(!fixture.saved(1).isEnabled);
-        QVERIFY(!field.data(ActionsModel::invalidRole).toBool());
+        QVERIFY(!field.data(ActionsModel::remarkRole).isValid());
         QCOMPARE(fixture.saved(0).title, u"a://one"_s);
+    }
+
+    /// No key of the text moves the table on, and what is wrong shows at once.
+    void keysInAField()
+    {
+        SettingsFixture fixture;
+        fixture.openWith(ActionType::url, { u"a://one"_s, u"a://two"_s });
+        fixture.doubleClick(0, ActionsModel::regexColumn);
+        auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(field);
+        const auto color = [field] { return field->palette().color(QPalette::Text); };
+        const QColor valid = color();
+        QTest::keyClicks(field, u"(b"_s);
+        QCOMPARE(field->toolTip(), u"Invalid regular expression"_s);
+        QVERIFY(color() != valid);
+        QTest::keyClicks(field, u")"_s);
+        QVERIFY(field->toolTip().isEmpty() && color() == valid);
+        for (const Qt::Key key : { Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Home })
+            QTest::keyClick(field, key, Qt::ControlModifier);
+        QTest::keyClicks(field, u"a"_s);
+        QTest::keyClick(field, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(field, Qt::Key_PageUp);
+        QTest::keyClicks(field, u"c"_s);
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_COMPARE(fixture.saved(0).regex, u"a(b)c"_s);
     }
 
     void typesAndBuiltins()
@@ -81,7 +106,8 @@ private Q_SLOTS:
     void scriptEditor_data()
     {
         QTest::addColumn<QString>("end");
-        for (const char *end : { "Ctrl+Return", "Escape", "click", "right click", "tab bar", "close" })
+        for (const char *end :
+             { "Ctrl+Return", "Escape", "click", "right click", "tab bar", "close" })
             QTest::newRow(end) << QString::fromLatin1(end);
     }
 
