@@ -109,14 +109,20 @@ void ActionsHeaderView::distribute(int difference, int firstColumn)
 {
     if (m_width == 0)
         return;
-    auto sharing = int(std::count_if(std::begin(resizables), std::end(resizables),
-                                     [=](int column) { return column >= firstColumn; }));
-    for (const int column : resizables) {
-        if (column < firstColumn)
-            continue;
-        const int before = sectionSize(column);
-        resizeSection(column, std::max(minWidth(column), before + difference / sharing--));
-        difference -= sectionSize(column) - before;
+    const auto takesPart = [&](int column) {
+        const bool canGive = sectionSize(column) > minWidth(column);
+        return column >= firstColumn && (difference > 0 || (difference < 0 && canGive));
+    };
+    // What a column cannot give, those that still can give in the next turn.
+    for (std::size_t turn = 0; turn < std::size(resizables); ++turn) {
+        auto sharing = int(std::count_if(std::begin(resizables), std::end(resizables), takesPart));
+        for (const int column : resizables) {
+            if (!takesPart(column))
+                continue;
+            const int before = sectionSize(column);
+            resizeSection(column, std::max(minWidth(column), before + difference / sharing--));
+            difference -= sectionSize(column) - before;
+        }
     }
 }
 

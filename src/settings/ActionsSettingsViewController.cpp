@@ -64,11 +64,13 @@ void ActionsSettingsViewController::setupUI()
         row->addWidget(widget);
     row->addStretch();
     row->addWidget(m_resetButton);
-    QBoxLayout *column = stack(this, Qt::Vertical, 10);
+    auto *content = new QWidget;
+    QBoxLayout *column = stack(content, Qt::Vertical, 10);
     column->setContentsMargins(20, 20, 20, 20);
     column->addWidget(m_title);
     column->addWidget(m_tableView);
     column->addWidget(buttons);
+    stack(this, Qt::Vertical, 0)->addWidget(scrolled(content));
 }
 
 void ActionsSettingsViewController::reloadUI()

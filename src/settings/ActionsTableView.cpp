@@ -25,6 +25,7 @@ namespace {
 
 constexpr int plainRowHeight = 30;
 constexpr int expandedRowHeight = 100;
+constexpr int minHeight = 130; ///< a script with the header
 constexpr int pictureDistance = 14;
 const QString dragType = u"application/x-tessel-action-row"_s;
 
@@ -45,7 +46,8 @@ ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icon
     setAlternatingRowColors(true);
     setWordWrap(false);
     setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setMinimumHeight(minHeight);
     setDragEnabled(true);
     setAcceptDrops(true);
     verticalHeader()->hide();
@@ -245,7 +247,7 @@ void ActionsTableView::startDrag(Qt::DropActions)
     if (!current.isValid())
         return;
     QRect row = visualRect(m_model->index(current.row(), 0));
-    row.setWidth(viewport()->width());
+    row.setRect(0, row.y(), viewport()->width(), row.height());
     auto *content = new QMimeData;
     content->setData(dragType, ActionEditing::draggedRow(current.row()));
     auto *drag = new QDrag(this);

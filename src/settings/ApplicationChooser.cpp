@@ -8,6 +8,7 @@
 #include "config/LocalizationManager.h"
 #include "config/TemplateImage.h"
 #include "platform/Workspace.h"
+#include "settings/SettingsLayout.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -19,6 +20,7 @@
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
 
@@ -108,7 +110,7 @@ ApplicationChooser::ApplicationChooser(Workspace &workspace,
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(localization.localizedString(u"Add App"_s));
-    resize(420, 400);
+    resize(SettingsLayout::fitted({ 420, 400 }, parent->screen()->availableSize()));
 
     const QPixmap fallback = TemplateImage::tintedPixmap(icons.image(u"phosphor_app-window"_s),
                                                          palette().color(QPalette::PlaceholderText),

@@ -19,7 +19,6 @@
 
 #include <QComboBox>
 #include <QHeaderView>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyledItemDelegate>
@@ -79,12 +78,7 @@ void GeneralSettingsViewController::setupUI()
         column->addWidget(section);
     column->addStretch();
 
-    m_scrollArea = new QScrollArea;
-    m_scrollArea->setFrameShape(QFrame::NoFrame);
-    m_scrollArea->setWidgetResizable(true);
-    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scrollArea->setFocusPolicy(Qt::NoFocus);
-    m_scrollArea->setWidget(content);
+    m_scrollArea = scrolled(content);
     layout()->addWidget(m_scrollArea);
 }
 
@@ -231,7 +225,8 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_excludedApps = new ExcludedAppsModel(m_dependencies.config, text("Bundle ID"), m_tableView);
     m_tableView->setModel(m_excludedApps);
     m_tableView->setItemDelegate(new EntryDelegate(m_tableView));
-    m_tableView->setFixedSize(500, 160);
+    m_tableView->setMaximumWidth(500); // less in a narrow window
+    m_tableView->setFixedHeight(160);
     m_tableView->setAccessibleName(text("Excluded Apps"));
     m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tableView->setSelectionMode(QAbstractItemView::SingleSelection);

@@ -101,6 +101,8 @@ void IconPickerViewController::setupControls()
 void IconPickerViewController::showBeside(const QRect &area)
 {
     const QRect available = screen()->availableGeometry();
+    setFixedHeight(std::min(pickerSize.height(), available.height()));
+    m_collectionView->setFixedHeight(height() - m_collectionView->y() - inset);
     const int bottom = available.y() + available.height();
     const auto clamped = [](int value, int first, int size, int own) { // within the screen
         return std::clamp(value, first, std::max(first, first + size - own));

@@ -4,6 +4,12 @@
 
 namespace Tessel {
 
+namespace {
+
+constexpr QSize frameRoom(16, 48); ///< a frame's size is not known before it is there
+
+}
+
 QBoxLayout *SettingsLayout::stack(QWidget *widget, Qt::Orientation orientation, int spacing)
 {
     const auto direction
@@ -22,6 +28,21 @@ QWidget *SettingsLayout::row(int spacing, const QList<QWidget *> &widgets)
         layout->addWidget(widget, 0, Qt::AlignVCenter);
     layout->addStretch();
     return row;
+}
+
+QScrollArea *SettingsLayout::scrolled(QWidget *content)
+{
+    auto *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(content);
+    return area;
+}
+
+QSize SettingsLayout::fitted(const QSize &preferred, const QSize &workArea)
+{
+    return preferred.boundedTo(workArea - frameRoom);
 }
 
 QWidget *SettingsLayout::section(const QString &title, const QList<QWidget *> &widgets)

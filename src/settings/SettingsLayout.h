@@ -6,6 +6,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
 
 namespace Tessel {
 
@@ -17,6 +18,12 @@ QBoxLayout *stack(QWidget *widget, Qt::Orientation orientation, int spacing);
 
 /// The widgets from left to right, at the leading edge.
 [[nodiscard]] QWidget *row(int spacing, const QList<QWidget *> &widgets);
+
+/// What is as large as the window, but scrolls where that is smaller than the content can be.
+[[nodiscard]] QScrollArea *scrolled(QWidget *content);
+
+/// The size of a window, or what fits of it into the work area together with a frame.
+[[nodiscard]] QSize fitted(const QSize &preferred, const QSize &workArea);
 
 /// A title with the widgets below it.
 [[nodiscard]] QWidget *section(const QString &title, const QList<QWidget *> &widgets);

@@ -31,7 +31,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr QSize windowSize(810, 450);
+constexpr QSize windowSize(810, 450); ///< at first, and at least
 
 }
 
@@ -43,8 +43,6 @@ SettingsWindowController::SettingsWindowController(SettingsDependencies dependen
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(u"Tessel Preferences"_s);
     setFont(sized(font(), FontSize::text));
-    setMinimumSize(windowSize);
-    resize(windowSize);
     setFloating(dependencies.config.alwaysOnTop);
     addWindowCommands(this);
     FileLogger::log(u"DEBUG: Window created"_s);
@@ -71,7 +69,8 @@ void SettingsWindowController::setupTabs()
     connect(m_general, &GeneralSettingsViewController::alwaysOnTopChanged, this,
             &SettingsWindowController::setFloating);
 
-    for (const auto keys : { QKeySequence::NextChild, QKeySequence::PreviousChild }) {
+    // Qt 6.4's own sequence for the previous tab, with "Backtab", never matches under X11.
+    for (const auto keys : { Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab }) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this,
                 [this] { m_tabs->setCurrentIndex(1 - m_tabs->currentIndex()); });
     }
@@ -97,13 +96,25 @@ void SettingsWindowController::showWindow()
         return;
     }
     m_dependencies.popupHost.locate().then(this, [this](const PopupLocation &location) {
-        const QScreen *userScreen = QGuiApplication::screenAt(location.pointer);
-        const QRect area = (userScreen ? userScreen : screen())->availableGeometry();
-        move(area.center() - rect().center());
+        const QScreen *pointed = QGuiApplication::screenAt(location.pointer);
+        const QScreen &userScreen = pointed ? *pointed : *screen();
+        fitInto(userScreen);
+        resize(minimumSize());
+        move(userScreen.availableGeometry().center() - rect().center());
         show();
+        connect(windowHandle(), &QWindow::screenChanged, this, [this](const QScreen *screen) {
+            if (screen) // none when the last one is unplugged
+                fitInto(*screen);
+        });
         raise();
         activateWindow();
     });
+}
+
+/// Only where the work area is smaller may the window be, too.
+void SettingsWindowController::fitInto(const QScreen &screen)
+{
+    setMinimumSize(SettingsLayout::fitted(windowSize, screen.availableSize()));
 }
 
 void SettingsWindowController::setFloating(bool isFloating)

@@ -34,6 +34,7 @@ protected:
 
 private:
     void setupTabs();
+    void fitInto(const QScreen &screen);
     void languageChanged();
     void windowWillClose();
 

@@ -188,6 +188,7 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
             return drawField(painter, option);
         return painter->fillRect(option->rect, option->palette.base());
     case PE_FrameLineEdit:
+    case PE_PanelScrollAreaCorner:
         return;
     case PE_Frame:
         return drawBox(painter, option->rect, Qt::NoBrush, option->palette.color(QPalette::Mid));

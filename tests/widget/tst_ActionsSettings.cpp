@@ -8,9 +8,11 @@
 #include "widget/SettingsFixture.h"
 
 #include <QDragEnterEvent>
+#include <QHeaderView>
 #include <QListView>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollBar>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -269,6 +271,21 @@ private Q_SLOTS:
             QCOMPARE(!fixture.icons.image(fixture.saved(0).iconName).isNull(), hasImage);
             fixture.window->grab();
         }
+    }
+
+    /// The offscreen desktop has 800 by 800 pixels; a tiling one gives what it likes.
+    void smallWindow()
+    {
+        SettingsFixture fixture;
+        fixture.showActions();
+        QCOMPARE(fixture.window->minimumSize(), QSize(784, 450));
+        fixture.window->setMinimumSize(1, 1);
+        fixture.window->resize(680, 450);
+        QTRY_COMPARE(fixture.table().horizontalHeader()->length(),
+                     fixture.table().viewport()->width());
+        fixture.window->resize(300, 200);
+        QTRY_VERIFY(fixture.table().horizontalScrollBar()->maximum() > 0);
+        QCOMPARE(fixture.table().height(), fixture.table().minimumHeight()); // the page scrolls
     }
 
     void aThousandActions()
