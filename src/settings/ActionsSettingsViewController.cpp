@@ -19,6 +19,12 @@ namespace Tessel {
 
 using namespace SettingsLayout;
 
+namespace {
+
+const QString savingHint = u"Ctrl+Enter or Esc saves a script"_s;
+
+}
+
 ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencies dependencies,
                                                              QWidget *parent)
     : QWidget(parent)
@@ -39,7 +45,9 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
 
 void ActionsSettingsViewController::setupUI()
 {
+    const LocalizationManager &texts = m_dependencies.localization;
     m_tableView->setAccessibleName(u"Actions"_s);
+    m_hint->setToolTip(texts.localizedString(savingHint));
     auto *addButton = new QPushButton(u"+"_s);
     addButton->setAccessibleName(u"Add Action"_s);
     addButton->setFixedWidth(30);
@@ -78,6 +86,7 @@ void ActionsSettingsViewController::reloadUI()
     const LocalizationManager &texts = m_dependencies.localization;
     m_model->relabel();
     m_hint->setText(texts.localizedString(u"Use {text} as placeholder"_s));
+    m_hint->setToolTip(texts.localizedString(savingHint));
     m_title->setText(texts.localizedString(u"Actions"_s) + u':');
     m_resetButton->setText(texts.localizedString(u"Reset to Defaults"_s));
 }

@@ -36,11 +36,18 @@ constexpr std::pair<qint64, QStringView> names[] = {
 };
 // clang-format on
 
-constexpr std::pair<qint64, QChar> symbols[] = {
-    { KeyCodes::control, u'⌃' },
-    { KeyCodes::option, u'⌥' },
-    { KeyCodes::shift, u'⇧' },
-    { KeyCodes::command, u'⌘' },
+struct Modifier
+{
+    qint64 bit;
+    QChar symbol;
+    QStringView words;
+};
+
+constexpr Modifier allModifiers[] = {
+    { KeyCodes::control, u'⌃', u"Ctrl+" },
+    { KeyCodes::option, u'⌥', u"Alt+" },
+    { KeyCodes::shift, u'⇧', u"Shift+" },
+    { KeyCodes::command, u'⌘', u"Super+" },
 };
 
 }
@@ -58,9 +65,19 @@ QString keyCodeToString(qint64 keyCode)
 QString shortcutText(qint64 keyCode, qint64 modifiers)
 {
     QString text;
-    for (const auto &[bit, symbol] : symbols) {
-        if (modifiers & bit)
-            text += symbol;
+    for (const Modifier &modifier : allModifiers) {
+        if (modifiers & modifier.bit)
+            text += modifier.symbol;
+    }
+    return text + keyCodeToString(keyCode);
+}
+
+QString spelledShortcut(qint64 keyCode, qint64 modifiers)
+{
+    QString text;
+    for (const Modifier &modifier : allModifiers) {
+        if (modifiers & modifier.bit)
+            text += modifier.words;
     }
     return text + keyCodeToString(keyCode);
 }

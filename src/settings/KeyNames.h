@@ -13,4 +13,7 @@ namespace Tessel {
 /// A key with its modifiers, "⌃⇧F2". Bits that stand for no modifier do not show.
 [[nodiscard]] QString shortcutText(qint64 keyCode, qint64 modifiers);
 
+/// The same in words, "Ctrl+Shift+F2".
+[[nodiscard]] QString spelledShortcut(qint64 keyCode, qint64 modifiers);
+
 }

@@ -35,13 +35,20 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
 {
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(120, 24);
-    setToolTip(u"Click to record shortcut"_s);
-    setAccessibleDescription(text());
+    describe();
 }
 
 QString ShortcutRecorderControl::text() const
 {
     return m_isRecording ? u"Type shortcut..."_s : shortcutText(m_keyCode, m_modifierFlags);
+}
+
+/// In words, for those who do not see the symbols or do not know them.
+void ShortcutRecorderControl::describe()
+{
+    const QString shortcut = spelledShortcut(m_keyCode, m_modifierFlags);
+    setAccessibleDescription(m_isRecording ? text() : shortcut);
+    setToolTip(shortcut + u"\nClick to record shortcut"_s);
 }
 
 bool ShortcutRecorderControl::event(QEvent *event)
@@ -120,7 +127,7 @@ void ShortcutRecorderControl::setRecording(bool isRecording)
         grabKeyboard();
     else
         releaseKeyboard();
-    setAccessibleDescription(text());
+    describe();
     update();
 }
 

@@ -31,7 +31,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    [[nodiscard]] QString text() const; ///< what it shows, and tells assistive technology
+    [[nodiscard]] QString text() const; ///< what it shows
+    void describe();
     [[nodiscard]] bool movesFocus(const QKeyEvent &event) const;
     void setRecording(bool isRecording);
 
