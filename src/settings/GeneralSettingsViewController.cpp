@@ -204,7 +204,20 @@ QWidget *GeneralSettingsViewController::triggerRow()
         config.triggerModifiers = modifierFlags;
         config.save();
     };
-    return row(10, { label(text("Trigger Shortcut") + u':'), recorder });
+    m_triggerNotice = secondaryLabel({}, FontSize::note);
+    auto *rows = new QWidget;
+    QBoxLayout *column = stack(rows, Qt::Vertical, 6);
+    column->addWidget(row(10, { label(text("Trigger Shortcut") + u':'), recorder }));
+    column->addWidget(m_triggerNotice);
+    setTriggerNotice(m_triggerNoticeKey);
+    return rows;
+}
+
+void GeneralSettingsViewController::setTriggerNotice(const QString &key)
+{
+    m_triggerNoticeKey = key;
+    m_triggerNotice->setText(m_dependencies.localization.localizedString(key));
+    m_triggerNotice->setHidden(key.isEmpty());
 }
 
 QWidget *GeneralSettingsViewController::exclusionSection()

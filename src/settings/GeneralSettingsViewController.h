@@ -9,6 +9,7 @@
 #include <QWidget>
 
 class QComboBox;
+class QLabel;
 class QScrollArea;
 class QTableView;
 
@@ -25,6 +26,10 @@ class GeneralSettingsViewController final : public QWidget
 public:
     explicit GeneralSettingsViewController(SettingsDependencies dependencies,
                                            QWidget *parent = nullptr);
+
+    /// Says something about the trigger below its recorder: a key of the localised texts, or
+    /// nothing.
+    void setTriggerNotice(const QString &key);
 
     /// Drops the pictures; for a window that is about to go.
     void clearIconCache();
@@ -53,6 +58,8 @@ private:
     SettingsDependencies m_dependencies;
     QScrollArea *m_scrollArea = nullptr;
     QComboBox *m_languageButton = nullptr;
+    QLabel *m_triggerNotice = nullptr;
+    QString m_triggerNoticeKey;
     QTableView *m_tableView = nullptr;
     ExcludedAppsModel *m_excludedApps = nullptr;
     QHash<AppIconType, IconSelectionButton *> m_iconButtons;

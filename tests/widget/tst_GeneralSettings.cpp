@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionsModel.h"
 #include "settings/ExcludedAppsModel.h"
+#include "settings/GeneralSettingsViewController.h"
 #include "settings/IconSelectionButton.h"
 #include "settings/ShortcutRecorderControl.h"
 #include "widget/SettingsFixture.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLabel>
 
 #include <linux/input-event-codes.h>
 
@@ -39,6 +41,8 @@ private Q_SLOTS:
     void languageShowsAtOnceAndIsKept()
     {
         SettingsFixture fixture;
+        fixture.window->findChild<GeneralSettingsViewController *>()->setTriggerNotice(
+            u"Another program uses this key too: it also gets the key press."_s);
         auto *language = fixture.control<QComboBox>(u"Language"_s);
         QVERIFY(language);
         language->setFocus();
@@ -49,6 +53,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.saved().language, u"ko"_s);
         QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
         QVERIFY(fixture.control<QComboBox>(u"언어"_s)->hasFocus());
+        const auto labels = fixture.window->findChildren<QLabel *>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->isVisible() && label->text().startsWith(u"다른 프로그램");
+        }));
 
         const auto header = [&fixture](int column) {
             return fixture.table().model()->headerData(column, Qt::Horizontal);
@@ -101,7 +109,8 @@ private Q_SLOTS:
             return recorder->hasFocus() ? u"goes on"_s : recorder->accessibleDescription();
         };
         const auto cyrillic = Qt::Key(0x424);
-        QCOMPARE(record(KEY_A, cyrillic, Qt::ControlModifier | Qt::ShiftModifier), u"Ctrl+Shift+A"_s);
+        QCOMPARE(record(KEY_A, cyrillic, Qt::ControlModifier | Qt::ShiftModifier),
+                 u"Ctrl+Shift+A"_s);
         QCOMPARE(fixture.saved().triggerKeyCode, 0);
         QCOMPARE(fixture.saved().triggerModifiers, KeyCodes::control | KeyCodes::shift);
         QCOMPARE(record(KEY_KP5, Qt::Key_5, Qt::KeypadModifier), u"5"_s);
