@@ -5,9 +5,9 @@
 
 build_packages=(
     cmake g++ ninja-build pkg-config
-    libicu-dev libssl-dev libtiff-dev libxcb-res0-dev libxcb-screensaver0-dev libxcb-xfixes0-dev
-    libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev
-    nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev
+    libicu-dev libssl-dev libtiff-dev libwebp-dev libxcb-res0-dev libxcb-screensaver0-dev
+    libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev libxcb1-dev
+    libxkbcommon-dev libxkbcommon-x11-dev nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev qt6-svg-dev
 )
 run_packages=(dbus dbus-user-session file fonts-dejavu-core xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "icon-import/IconImage.h"
 
+#include "icon-import/SvgImage.h"
+#include "icon-import/WebpImage.h"
+
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
@@ -15,7 +18,13 @@ namespace Tessel {
 
 namespace {
 
-constexpr quint32 maxSide = 16'384; ///< pixels; four bytes each, within the memory limit
+constexpr quint32 maxTiffSide = 16'384; ///< pixels; four bytes each, within the memory limit
+
+/// What Qt reads itself, by how it begins. Named to it, or it would try its plugins, of which the
+/// one for SVG reads what a document refers to.
+constexpr std::pair<QByteArrayView, const char *> qtFormats[] = {
+    { "\x89PNG\r\n\x1a\n", "png" }, { "\xff\xd8\xff", "jpeg" }, { "GIF8", "gif" }, { "BM", "bmp" }
+};
 
 /// libtiff reads the bytes through these.
 struct Source
@@ -78,8 +87,8 @@ QImage readTiff(const QByteArray &bytes)
     quint32 width = 0;
     quint32 height = 0;
     if (!tiff || !TIFFGetField(tiff.get(), TIFFTAG_IMAGEWIDTH, &width)
-        || !TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height) || width > maxSide
-        || height > maxSide)
+        || !TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height) || width > maxTiffSide
+        || height > maxTiffSide)
         return {};
     QImage image(int(width), int(height), QImage::Format_RGBA8888_Premultiplied);
     if (image.isNull()
@@ -88,6 +97,20 @@ QImage readTiff(const QByteArray &bytes)
                                       ORIENTATION_TOPLEFT, 1))
         return {};
     return image;
+}
+
+QImage readByQt(QByteArray bytes)
+{
+    for (const auto &[start, format] : qtFormats) {
+        if (!bytes.startsWith(start))
+            continue;
+        QBuffer buffer(&bytes);
+        QImageReader reader(&buffer, format);
+        reader.setAutoDetectImageFormat(false);
+        reader.setAutoTransform(true);
+        return reader.read();
+    }
+    return {};
 }
 
 }
@@ -115,15 +138,16 @@ QByteArray largestPngOfIcns(const QByteArray &bytes)
     return largest;
 }
 
-QImage readIconImage(const QByteArray &bytes)
+QImage readIconImage(const QByteArray &bytes, int side)
 {
     if (bytes.startsWith("II*") || bytes.startsWith(QByteArray("MM\0*", 4)))
         return readTiff(bytes);
-    QByteArray content = bytes.startsWith("icns") ? largestPngOfIcns(bytes) : bytes;
-    QBuffer buffer(&content);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    return reader.read();
+    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP")
+        return readWebp(bytes, side);
+    if (bytes.startsWith("icns"))
+        return readByQt(largestPngOfIcns(bytes));
+    const QImage image = readByQt(bytes);
+    return image.isNull() && bytes.contains("<") ? readSvg(bytes, side) : image;
 }
 
 }

@@ -3,6 +3,7 @@
 #include "icon-import/IconImage.h"
 
 #include <QFile>
+#include <QImageReader>
 #include <QSaveFile>
 #include <QTextStream>
 
@@ -15,12 +16,15 @@ namespace {
 
 constexpr int maxSide = 128; // pixels of what is written
 [[maybe_unused]] constexpr rlim_t maxMemory = rlim_t { 2 } << 30;
-constexpr rlim_t maxTime = 20; // seconds of processor time
+constexpr int maxDecoded = 1024; // MiB of an image that Qt reads
+constexpr rlim_t maxTime = 10; // seconds of processor time
 
 void limitResources()
 {
     const rlimit time { maxTime, maxTime };
     ::setrlimit(RLIMIT_CPU, &time);
+    const rlimit noDump { 0, 0 };
+    ::setrlimit(RLIMIT_CORE, &noDump);
 #ifndef __SANITIZE_ADDRESS__ // which reserves terabytes
     const rlimit memory { maxMemory, maxMemory };
     ::setrlimit(RLIMIT_AS, &memory);
@@ -42,11 +46,14 @@ int main(int argc, char *argv[])
     if (argc != 3)
         return fail(u"usage: tessel-icon-import SOURCE TARGET.png"_s);
     limitResources();
+    QImageReader::setAllocationLimit(maxDecoded);
+    // Whoever waits for the end reads no more than a pipe holds.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
 
     QFile source(QFile::decodeName(argv[1]));
     if (!source.open(QIODevice::ReadOnly))
         return fail(source.errorString());
-    QImage image = readIconImage(source.readAll());
+    QImage image = readIconImage(source.readAll(), maxSide);
     if (image.isNull())
         return fail(u"not an image that can be read: "_s + source.fileName());
     if (std::max(image.width(), image.height()) > maxSide)
