@@ -237,21 +237,26 @@ private Q_SLOTS:
         HostStage stage;
         QVERIFY(stage.prepare());
         Osascript::Dialogs &dialogs = stage.host().dialogs;
-        QVERIFY(!dialogs.notify(u"text"_s, {}, {}, {})); // nobody shows any
+        QVERIFY(!dialogs.notify({ .text = u"text"_s })); // nobody shows any
         RecordingService server(u"org.freedesktop.Notifications"_s);
-        const auto notify = [&dialogs](const QString &title, const QString &file) {
-            return reasonOf([&dialogs, title, file] {
-                return dialogs.notify(u"1 < 2 & \"3\""_s, title, u"sub"_s, file);
-            });
+        const auto notify = [&dialogs](const DesktopNotification &notification) {
+            return reasonOf([&] { return dialogs.notify(notification); });
         };
-        QCOMPARE(notify(u"Title"_s, {}), QString());
-        QCOMPARE(server.calls.size(), 1);
+        DesktopNotification notification { .text = u"1 < 2 & \"3\""_s,
+                                           .title = u"Title"_s,
+                                           .subtitle = u"sub"_s,
+                                           .topic = u"test"_s };
+        for (const uint replaced : { 0U, RecordingService::notificationId }) {
+            QCOMPARE(notify(notification), QString());
+            QCOMPARE(server.calls.last()[1].toUInt(), replaced);
+        }
         QCOMPARE(server.calls[0][3].toString(), u"Title"_s);
         QCOMPARE(server.calls[0][4].toString(), u"sub\n1 &lt; 2 &amp; &quot;3&quot;"_s);
         QVERIFY(server.calls[0][5].toStringList().isEmpty());
 
-        QCOMPARE(notify({}, u"tessel-test:note"_s), QString());
-        QCOMPARE(server.calls[1][3].toString(), u"1 < 2 & \"3\""_s);
+        QCOMPARE(notify({ .text = u"1 & 2"_s, .file = u"tessel-test:note"_s }), QString());
+        QCOMPARE(server.calls.last()[1].toUInt(), 0U);
+        QCOMPARE(server.calls.last()[3].toString(), u"1 & 2"_s);
         server.emitSignal(u"ActionInvoked"_s, { server.notificationId, u"open"_s });
         QCOMPARE(stage.stage.session.urlRecorder().waitForUrls(1),
                  QStringList { u"tessel-test:note"_s });
@@ -296,18 +301,37 @@ private Q_SLOTS:
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        const Stage &files = stage.stage;
-        QVERIFY(writeFile(files.session.configPath() + u"/mimeapps.list"_s,
-                          u"[Default Applications]\ntext/calendar=url-recorder.desktop\n"_s));
-        const auto result = stage.host().shortcuts.run(
-            u"일정 추가"_s, u"2030년 5월 1일 오후 3시 회의\r\n둘째 줄"_s);
-        QVERIFY(result);
+        Stage &files = stage.stage;
+        files.session.setVariable(u"XDG_DATA_DIRS"_s, u"/nowhere"_s);
+        files.enter();
+        RecordingService server(u"org.freedesktop.Notifications"_s);
+        const auto addWith = [&](const QString &mimeType) {
+            if (!writeFile(files.session.configPath() + u"/mimeapps.list"_s,
+                           u"[Default Applications]\n%1=url-recorder.desktop\n"_s.arg(mimeType)))
+                return u"no list"_s;
+            return reasonOf([&]() -> Result<void> {
+                const auto result = stage.host().shortcuts.run(
+                    u"일정 추가"_s, u"2030년 5월 1일 오후 3시 회의\r\n둘째 줄"_s);
+                return result ? Result<void>() : result.error();
+            });
+        };
+        QVERIFY(!addWith(u"text/plain"_s).isEmpty());
+        QCOMPARE(server.calls.last()[3].toString(), u"No calendar application"_s);
+        QCOMPARE(addWith(u"text/calendar"_s), QString());
+        QCOMPARE(server.calls.last()[3].toString(), u"2030년 5월 1일 오후 3시 회의"_s);
+        QCOMPARE(server.calls.last()[4].toString(), u"The entry was handed to URL recorder."_s);
         const QString path = files.session.urlRecorder().waitForUrls(1).value(0);
         QFile entry(path);
         QVERIFY2(entry.open(QIODevice::ReadOnly), qPrintable(path));
         const QByteArray content = entry.readAll();
         QVERIFY(content.contains("DTSTART:20300501T150000\r\n"));
         QVERIFY(content.contains("DESCRIPTION:2030년 5월 1일 오후 3시 회의\\n둘째 줄\r\n"));
+
+        const QString list = files.session.configPath() + u"/mimeapps.list"_s;
+        QCOMPARE(files.run(u"rm '%1'; echo x | tessel-calendar-entry 2>err"_s.arg(list)), 1);
+        QVERIFY(files.file(u"err"_s).startsWith("tessel-calendar-entry: No calendar application"));
+        QCOMPARE(files.run(u"yes | tessel-calendar-entry 2>err"_s), 1);
+        QVERIFY(files.file(u"err"_s).contains("more than 64 MiB"));
     }
 };
 

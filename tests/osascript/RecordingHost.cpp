@@ -113,12 +113,12 @@ std::optional<std::optional<QStringList>> RecordingHost::choose(const ListReques
     return m_answer.isEmpty() ? request.items.mid(0, 1) : m_answer.split(u'|');
 }
 
-Result<void> RecordingHost::notify(const QString &text, const QString &title,
-                                   const QString &subtitle, const QString &file)
+Result<void> RecordingHost::notify(const DesktopNotification &notification)
 {
     record(u"notify"_s,
-           { ::text({}, text), ::text(u"title "_s, title), ::text(u"subtitle "_s, subtitle),
-             ::text(u"file "_s, file) });
+           { ::text({}, notification.text), ::text(u"title "_s, notification.title),
+             ::text(u"subtitle "_s, notification.subtitle),
+             ::text(u"file "_s, notification.file) });
     return {};
 }
 
@@ -176,6 +176,12 @@ Result<void> RecordingHost::open(const QString &target, const QString &applicati
 {
     record(u"open"_s, { ::text({}, target), ::text(u"with "_s, application) });
     return {};
+}
+
+Result<QString> RecordingHost::openAs(const QString &path, const QString &mimeType)
+{
+    record(u"open"_s, { ::text({}, path), ::text(u"as "_s, mimeType) });
+    return u"Agenda"_s;
 }
 
 Result<void> RecordingHost::reveal(const QString &path)

@@ -28,8 +28,7 @@ private:
     std::optional<Osascript::DialogAnswer> ask(const Osascript::DialogRequest &request) override;
     std::optional<std::optional<QStringList>>
     choose(const Osascript::ListRequest &request) override;
-    Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
-                        const QString &file) override;
+    Result<void> notify(const DesktopNotification &notification) override;
     void beep() override;
     Result<void> say(const QString &text) override;
     QList<Osascript::Process> processes() override;
@@ -39,6 +38,7 @@ private:
     Result<void> launch(const QString &application) override;
     Result<void> quit(const QString &application) override;
     Result<void> open(const QString &target, const QString &application) override;
+    Result<QString> openAs(const QString &path, const QString &mimeType) override;
     Result<void> reveal(const QString &path) override;
     QStringList names() override;
     Result<QString> run(const QString &name, const QString &input) override;

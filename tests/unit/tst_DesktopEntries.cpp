@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/DesktopEntries.h"
 #include "platform/freedesktop/ExecLine.h"
+#include "platform/freedesktop/MimeApplications.h"
 
 #include <QDir>
 #include <QFile>
@@ -89,6 +90,23 @@ private Q_SLOTS:
         QTest::qWait(20); // folder times have the file system's resolution
         write(own + u"/late.desktop"_s, head + "Name=Late\nStartupWMClass=XTerm\n");
         QCOMPARE(id({ u"XTerm"_s }), u"late: Late"_s);
+    }
+
+    void associatedApplications()
+    {
+        const QByteArray own = "[Default Applications]\ntext/x=a.desktop;b.desktop;\ntext/plain=z\n"
+                               "[Removed Associations]\ntext/x=d.desktop;\n"
+                               "[Added Associations]\n text/x = c.desktop\r\n";
+        const QByteArray system = "[Added Associations]\ntext/x=d.desktop;e.desktop\n"
+                                  "[Default Applications]\ntext/x=f.desktop\n#text/x=g.desktop\n";
+        const auto names = [](const QList<QByteArray> &lists, const QStringList &declaring) {
+            return Tessel::associatedApplications(u"text/x"_s, lists, declaring).join(u' ');
+        };
+        QCOMPARE(names({ own, system }, { u"d"_s, u"h"_s }), u"a b f c e h"_s);
+        QCOMPARE(names({ "", "[Default Applications]\ntext/*=a\ntext/xy=b" }, {}), QString());
+        const QByteArray entry = "[Desktop Entry]\nMimeType=text/xy;text/x;\n[X]\nMimeType=a/b\n";
+        QVERIFY(declaresMimeType(entry, "text/x"));
+        QVERIFY(!declaresMimeType(entry, "text/") && !declaresMimeType(entry, "a/b"));
     }
 
     void commandLines()

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "base/TextRules.h"
 #include "calendar-entry/DatePhrase.h"
-#include "lib/calendar/CalendarEntry.h"
-#include "platform/freedesktop/XdgOpen.h"
+#include "lib/calendar/HandOver.h"
+#include "lib/desktop/DesktopApplications.h"
+#include "lib/desktop/DesktopDialogs.h"
+#include "lib/desktop/DisplayConnection.h"
+#include "lib/support/StandardStreams.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -43,12 +46,16 @@ int main(int argc, char *argv[])
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return fail(input.errorString());
-    const QString text = withNormalizedLineEnds(QString::fromUtf8(input.readAll())).trimmed();
+    const Result<QByteArray> bytes = readInput(input);
+    if (!bytes)
+        return fail(u"standard input: "_s + bytes.error().reason);
+    const QString text = withNormalizedLineEnds(QString::fromUtf8(*bytes)).trimmed();
     if (text.isEmpty())
         return fail(u"There is no text on standard input."_s);
-    const Result<QString> path = writeCalendarFile(entryFrom(text, QDateTime::currentDateTime()));
-    if (!path)
-        return fail(path.error().reason);
-    const auto opened = xdgOpen(*path);
-    return opened ? EXIT_SUCCESS : fail(opened.error().reason);
+    DisplayConnection display;
+    DesktopApplications applications(display);
+    DesktopDialogs dialogs(display, QCoreApplication::applicationDirPath());
+    const auto given
+        = handOver(entryFrom(text, QDateTime::currentDateTime()), applications, dialogs);
+    return given ? EXIT_SUCCESS : fail(given.error().reason);
 }

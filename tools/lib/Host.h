@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/DesktopNotification.h"
 #include "base/Result.h"
 #include "base/ShortcutModifiers.h"
 
@@ -81,10 +82,7 @@ public:
     virtual std::optional<DialogAnswer> ask(const DialogRequest &request) = 0;
     /// The chosen items; an inner nothing when the user cancelled; an outer one without a display.
     virtual std::optional<std::optional<QStringList>> choose(const ListRequest &request) = 0;
-    /// Shows a notification. A file (a path, may be empty) makes it offer to open it.
-    virtual Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
-                                const QString &file)
-        = 0;
+    virtual Result<void> notify(const DesktopNotification &notification) = 0;
     virtual void beep() = 0;
     virtual Result<void> say(const QString &text) = 0;
 };
@@ -114,6 +112,9 @@ public:
     virtual Result<void> quit(const QString &application) = 0;
     /// Gives a URL or an absolute path to its default handler, or to the application named.
     virtual Result<void> open(const QString &target, const QString &application) = 0;
+    /// Opens a file with the application for that very MIME type, not one for a type that it is a
+    /// kind of, and gives the application's name.
+    virtual Result<QString> openAs(const QString &path, const QString &mimeType) = 0;
     /// Shows the file in the file manager.
     virtual Result<void> reveal(const QString &path) = 0;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/DesktopNotification.h"
 #include "base/Result.h"
 
 #include <QObject>
@@ -15,12 +16,10 @@ class Notification final : public QObject
     Q_OBJECT
 
 public:
-    QString text;
-    QString title;
-    QString subtitle;
-    QString file; ///< a path; empty: nothing to open
+    explicit Notification(DesktopNotification content);
 
-    /// Afterwards finished() comes at once or when the user has done something with it.
+    /// Waits for the server, but not for long. Afterwards finished() comes at once or when the user
+    /// has done something with it.
     [[nodiscard]] Result<void> show();
 
 Q_SIGNALS:
@@ -31,6 +30,9 @@ private Q_SLOTS:
     void notificationClosed(uint id, uint reason);
 
 private:
+    [[nodiscard]] QStringList offer(const QStringList &abilities);
+
+    DesktopNotification m_content;
     uint m_id = 0;
 };
 

@@ -5,8 +5,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTimer>
 
 #include <cstdio>
@@ -15,22 +13,18 @@
 using namespace Tessel;
 using namespace std::chrono_literals;
 
-/// Shows the notification on standard input, a JSON object with "text", "title", "subtitle" and
-/// "file". Returns once it is shown; the file is offered for another minute.
+/// Shows the notification on standard input (see base/DesktopNotification.h). Returns once it is
+/// shown; the file is offered for another minute.
 int main(int argc, char *argv[])
 {
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return EXIT_FAILURE;
-    const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
+    const DesktopNotification request = notificationFrom(input.readAll());
 
     Detachment background = Detachment::begin();
     const QCoreApplication app(argc, argv);
-    Notification notification;
-    notification.text = request[u"text"].toString();
-    notification.title = request[u"title"].toString();
-    notification.subtitle = request[u"subtitle"].toString();
-    notification.file = request[u"file"].toString();
+    Notification notification(request);
     QObject::connect(&notification, &Notification::finished, qApp, &QCoreApplication::quit);
     if (const Result<void> shown = notification.show(); !shown)
         background.fail(shown.error().reason);

@@ -3,6 +3,7 @@
 #include "open/DefaultHandlers.h"
 
 #include "base/RunCommand.h"
+#include "platform/freedesktop/XdgOpen.h"
 
 #include <QDeadlineTimer>
 
@@ -12,13 +13,7 @@ namespace Tessel {
 
 void DefaultHandlers::open(const QString &target)
 {
-    const CommandRequest request { .program = u"xdg-open"_s,
-                                   .arguments = { target },
-                                   .input = QByteArray(),
-                                   .output = CommandRequest::Output::nothing,
-                                   .errorOutput = CommandRequest::Output::nothing,
-                                   .group = CommandRequest::Group::ownSession };
-    m_starts.push_back({ target, ChildProcess::start(request) });
+    m_starts.push_back({ target, ChildProcess::start(xdgOpenRequest(target)) });
 }
 
 QStringList DefaultHandlers::failures(std::chrono::milliseconds limit)

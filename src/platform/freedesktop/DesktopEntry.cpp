@@ -103,4 +103,10 @@ std::optional<DesktopEntry> parseDesktopEntry(const QString &id, const QByteArra
     };
 }
 
+bool declaresMimeType(const QByteArray &content, const QByteArray &mimeType)
+{
+    return content.contains(mimeType)
+        && mainGroup(content).value("MimeType").split(';').contains(mimeType);
+}
+
 }

@@ -32,4 +32,8 @@ struct DesktopEntry
 [[nodiscard]] std::optional<DesktopEntry>
 parseDesktopEntry(const QString &id, const QByteArray &content, const QString &locale);
 
+/// Whether the entry says that its application opens files of the type (key MimeType). Not kept in
+/// the entry, since some name hundreds.
+[[nodiscard]] bool declaresMimeType(const QByteArray &content, const QByteArray &mimeType);
+
 }

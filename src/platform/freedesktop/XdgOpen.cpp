@@ -8,9 +8,19 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
+CommandRequest xdgOpenRequest(const QString &target)
+{
+    return { .program = u"xdg-open"_s,
+             .arguments = { target },
+             .input = QByteArray(),
+             .output = CommandRequest::Output::nothing,
+             .errorOutput = CommandRequest::Output::nothing,
+             .group = CommandRequest::Group::ownSession };
+}
+
 Result<void> xdgOpen(const QString &target)
 {
-    return startDetached({ .program = u"xdg-open"_s, .arguments = { target } });
+    return startDetached(xdgOpenRequest(target));
 }
 
 }

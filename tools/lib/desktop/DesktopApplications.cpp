@@ -8,6 +8,7 @@
 #include "lib/support/RunProgram.h"
 #include "platform/ClientWindows.h"
 #include "platform/freedesktop/ExecLine.h"
+#include "platform/freedesktop/MimeApplications.h"
 #include "platform/freedesktop/XdgOpen.h"
 
 #include <QFileInfo>
@@ -149,22 +150,37 @@ Result<void> DesktopApplications::open(const QString &target, const QString &app
     return application.isEmpty() ? xdgOpen(target) : start(application, { target });
 }
 
+Result<QString> DesktopApplications::openAs(const QString &path, const QString &mimeType)
+{
+    const auto entry = applicationFor(mimeType, m_entries);
+    if (!entry)
+        return Failure { u"No application opens files of the type %1"_s.arg(mimeType) };
+    if (const auto started = start(*entry, { path }); !started)
+        return started.error();
+    return entry->name;
+}
+
 Result<void> DesktopApplications::start(const QString &application, const QStringList &targets,
                                         const QStringList &arguments)
 {
     const auto entry = m_entries.findNamed(application);
-    if (!entry)
-        return Failure { u"There is no application “%1”."_s.arg(application) };
-    QStringList command = commandLine(*entry, targets);
+    return entry ? start(*entry, targets, arguments)
+                 : Failure { u"There is no application “%1”."_s.arg(application) };
+}
+
+Result<void> DesktopApplications::start(const DesktopEntry &entry, const QStringList &targets,
+                                        const QStringList &arguments)
+{
+    QStringList command = commandLine(entry, targets);
     if (command.isEmpty())
-        return Failure { u"%1 does not say how “%2” is started."_s.arg(entry->file, application) };
+        return Failure { u"%1 does not say how “%2” is started."_s.arg(entry.file, entry.name) };
     command += arguments;
     const QStringList terminal { u"x-terminal-emulator"_s, u"-e"_s };
-    if (entry->runsInTerminal)
+    if (entry.runsInTerminal)
         command = terminal + command;
     return startDetached({ .program = command.first(),
                            .arguments = command.mid(1),
-                           .workingFolder = entry->workingFolder });
+                           .workingFolder = entry.workingFolder });
 }
 
 /// Asks the file manager (org.freedesktop.FileManager1), or has the folder opened.

@@ -24,6 +24,7 @@ public:
     Result<void> launch(const QString &application) override;
     Result<void> quit(const QString &application) override;
     Result<void> open(const QString &target, const QString &application) override;
+    Result<QString> openAs(const QString &path, const QString &mimeType) override;
     Result<void> reveal(const QString &path) override;
 
     /// Starts the application even when it runs, with files and URLs and further arguments.
@@ -34,6 +35,8 @@ public:
     [[nodiscard]] static Result<void> existing(const QString &target);
 
 private:
+    [[nodiscard]] static Result<void> start(const DesktopEntry &entry, const QStringList &targets,
+                                            const QStringList &arguments = {});
     [[nodiscard]] ClientWindows *clientWindows();
     [[nodiscard]] QList<quint64> windowsOf(const QString &application);
 

@@ -57,13 +57,10 @@ DesktopDialogs::choose(const Osascript::ListRequest &request)
     return std::make_optional(DialogProtocol::listAnswer(*answer, request));
 }
 
-Result<void> DesktopDialogs::notify(const QString &text, const QString &title,
-                                    const QString &subtitle, const QString &file)
+Result<void> DesktopDialogs::notify(const DesktopNotification &notification)
 {
-    const QJsonObject request {
-        { u"text"_s, text }, { u"title"_s, title }, { u"subtitle"_s, subtitle }, { u"file"_s, file }
-    };
-    return withoutOutput(runProgram(m_helperFolder + u"/tessel-notify"_s, {}, bytes(request)));
+    const CommandRequest command = notificationCommand(notification, m_helperFolder);
+    return withoutOutput(runProgram(command.program, {}, *command.input));
 }
 
 void DesktopDialogs::beep()

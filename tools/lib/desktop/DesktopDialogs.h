@@ -20,8 +20,7 @@ public:
     std::optional<Osascript::DialogAnswer> ask(const Osascript::DialogRequest &request) override;
     std::optional<std::optional<QStringList>>
     choose(const Osascript::ListRequest &request) override;
-    Result<void> notify(const QString &text, const QString &title, const QString &subtitle,
-                        const QString &file) override;
+    Result<void> notify(const DesktopNotification &notification) override;
     void beep() override;
     Result<void> say(const QString &text) override;
 

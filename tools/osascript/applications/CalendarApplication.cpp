@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/applications/CalendarApplication.h"
 
-#include "lib/calendar/CalendarEntry.h"
+#include "lib/calendar/HandOver.h"
 #include "osascript/values/Coercion.h"
 #include "osascript/values/Printer.h"
 #include "osascript/values/ScriptError.h"
-
 
 using namespace Qt::StringLiterals;
 
@@ -103,10 +102,8 @@ Value CalendarApplication::perform(const Invocation &invocation)
             apply(field, entry);
     }
     checkTimes(entry);
-    const Result<QString> path = writeCalendarFile(entry);
-    if (!path)
-        fail(ScriptError::notAllowed, path.error().reason + u'.');
-    check(host().desktop.open(*path, {}));
+    if (const auto given = handOver(entry, host().desktop, host().dialogs); !given)
+        fail(ScriptError::notAllowed, given.error().reason + u'.');
     return Value(element(className->name, entry.summary));
 }
 

@@ -132,7 +132,8 @@ Value Notes::make(const Invocation &invocation)
     file.close();
     const QString title = QFileInfo(file).completeBaseName();
     // The note is there, whether or not it can be announced.
-    static_cast<void>(host().dialogs.notify(u"The note was added."_s, title, {}, file.fileName()));
+    static_cast<void>(host().dialogs.notify(
+        { .text = u"The note was added."_s, .title = title, .file = file.fileName() }));
     return Value(element(u"note"_s, file.fileName()));
 }
 

@@ -132,9 +132,9 @@ Value displayAlert(const Invocation &call, const TextContext &context, Host &hos
 
 Value displayNotification(const Invocation &call, const TextContext &context, Host &host)
 {
-    check(host.dialogs.notify(withLineFeeds(toText(call.direct, context)),
-                              textArgument(call, u"with title", context),
-                              textArgument(call, u"subtitle", context), {}));
+    check(host.dialogs.notify({ .text = withLineFeeds(toText(call.direct, context)),
+                                .title = textArgument(call, u"with title", context),
+                                .subtitle = textArgument(call, u"subtitle", context) }));
     return {};
 }
 
