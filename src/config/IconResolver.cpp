@@ -43,6 +43,19 @@ IconResolver::IconResolver(const ConfigManager &config, const ResourceBundle &bu
 
 QImage IconResolver::image(const QString &iconName) const
 {
+    return check(iconName) ? ownImage(iconName) : m_bundle.iconImage(u"phosphor_image-broken"_s);
+}
+
+Result<void> IconResolver::check(const QString &iconName) const
+{
+    if (!iconName.startsWith(u"custom:") || !ownImage(iconName).isNull())
+        return {};
+    return Failure { m_config.getCustomIconURL(iconName) ? u"The image file cannot be read"_s
+                                                         : u"The image file is missing"_s };
+}
+
+QImage IconResolver::ownImage(const QString &iconName) const
+{
     if (const std::optional<QString> path = m_config.getCustomIconURL(iconName)) {
         const QString rendition = renditionPath(*path);
         QImage custom = customImage(QFileInfo::exists(rendition) ? rendition : *path);
@@ -63,7 +76,7 @@ QImage IconResolver::customImage(const QString &path) const
     const QDateTime modified = QFileInfo(path).lastModified();
     CustomImage &custom = m_customImages[path];
     if (custom.modified != modified)
-        custom = { modified, readImageFile(path, maxSide) };
+        custom = { modified, readImageFile(path, maxSide, ImageFormats::common) };
     return custom.image;
 }
 

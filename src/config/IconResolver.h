@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
+
 #include <QDateTime>
 #include <QHash>
 #include <QImage>
@@ -23,9 +25,13 @@ public:
     explicit IconResolver(const ConfigManager &config, const ResourceBundle &bundle);
 
     /// The user's image file for a "custom:" name, else the image of the icon set, else the icon
-    /// that stands for the system symbol of that name; null when there is none. An image that is
-    /// damaged, or larger than an icon could sensibly be, counts as none.
+    /// that stands for the system symbol of that name. Where there is none, a "custom:" name gets
+    /// the icon of a broken image and another one null. An image that is damaged, or larger than an
+    /// icon could sensibly be, counts as none.
     [[nodiscard]] QImage image(const QString &iconName) const;
+
+    /// Fails for a "custom:" name that has no image; the reason is a text of the interface.
+    [[nodiscard]] Result<void> check(const QString &iconName) const;
 
     /// Where the small version of an image file belongs that was made when it was imported. Formats
     /// that only the importer reads have an image by it alone.
@@ -38,6 +44,7 @@ private:
         QImage image;
     };
 
+    [[nodiscard]] QImage ownImage(const QString &iconName) const;
     [[nodiscard]] QImage customImage(const QString &path) const;
 
     const ConfigManager &m_config;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/ImageFile.h"
 
+#include <QFile>
 #include <QImageReader>
 
 #include <algorithm>
@@ -13,12 +14,25 @@ namespace {
 /// Larger files are not read: a PNG of this size takes half a second.
 constexpr qint64 maxPixels = qint64 { 4096 } * 4096;
 
+/// Empty for any other format.
+QByteArray commonFormat(QFile &file)
+{
+    const QByteArray start = file.peek(8);
+    if (start == "\x89PNG\r\n\x1a\n")
+        return "png";
+    return start.startsWith("\xff\xd8\xff") ? "jpeg" : "";
 }
 
-QImage readImageFile(const QString &path, int maxSide)
+}
+
+QImage readImageFile(const QString &path, int maxSide, ImageFormats formats)
 {
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
+    QFile file(path);
+    const QByteArray format = file.open(QIODevice::ReadOnly) ? commonFormat(file) : QByteArray();
+    if (format.isEmpty() && formats == ImageFormats::common)
+        return {};
+    QImageReader reader(&file, format);
+    reader.setAutoDetectImageFormat(format.isEmpty()); // which loads all of Qt's plugins
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isEmpty() || qint64 { size.width() } * size.height() > maxPixels)

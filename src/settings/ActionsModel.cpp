@@ -3,6 +3,7 @@
 #include "settings/ActionsModel.h"
 
 #include "config/ConfigManager.h"
+#include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 
 using namespace Qt::StringLiterals;
@@ -29,10 +30,11 @@ void store(ActionConfig &action, int column, const QString &text)
 }
 
 ActionsModel::ActionsModel(ConfigManager &config, const LocalizationManager &localization,
-                           QObject *parent)
+                           const IconResolver &icons, QObject *parent)
     : QAbstractTableModel(parent)
     , m_config(config)
     , m_localization(localization)
+    , m_icons(icons)
 {
     for (const QString &key : headerKeys)
         m_headers.append(localization.localizedString(key));
@@ -187,6 +189,10 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
         return column == enabledColumn ? QVariant(action->isEnabled ? Qt::Checked : Qt::Unchecked)
                                        : QVariant();
     case Qt::ToolTipRole:
+        if (column == iconColumn) {
+            const auto shown = m_icons.check(action->iconName);
+            return shown ? QVariant() : m_localization.localizedString(shown.error().reason);
+        }
         return remark() ? QVariant(remark()->reason) : QVariant();
     case Qt::AccessibleTextRole:
         return column == iconColumn ? QVariant(action->iconName) : shownText(*action, column);

@@ -9,6 +9,7 @@
 namespace Tessel {
 
 class ConfigManager;
+class IconResolver;
 class LocalizationManager;
 
 /// The actions of the configuration as a table. Each change is written into the configuration and
@@ -27,9 +28,9 @@ public:
     /// What an empty field shows.
     static constexpr int placeholderRole = Qt::UserRole + 1;
 
-    /// Borrows both.
+    /// Borrows all three.
     ActionsModel(ConfigManager &config, const LocalizationManager &localization,
-                 QObject *parent = nullptr);
+                 const IconResolver &icons, QObject *parent = nullptr);
 
     /// Null when there is no such row.
     [[nodiscard]] const ActionConfig *action(int row) const;
@@ -67,6 +68,7 @@ private:
 
     ConfigManager &m_config;
     const LocalizationManager &m_localization;
+    const IconResolver &m_icons;
     QStringList m_headers;
 };
 

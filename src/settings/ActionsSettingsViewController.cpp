@@ -29,7 +29,8 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
                                                              QWidget *parent)
     : QWidget(parent)
     , m_dependencies(dependencies)
-    , m_model(new ActionsModel(dependencies.config, dependencies.localization, this))
+    , m_model(new ActionsModel(dependencies.config, dependencies.localization, dependencies.icons,
+                               this))
     , m_tableView(new ActionsTableView(m_model, dependencies.icons))
     , m_title(label(u"Actions:"_s, FontSize::title, QFont::Bold))
     , m_hint(
@@ -99,8 +100,10 @@ void ActionsSettingsViewController::addAction()
 
 void ActionsSettingsViewController::showIconPicker(int row, const QRect &cell)
 {
-    auto *picker = new IconPickerViewController(
-        { m_dependencies.config, m_dependencies.bundle, m_dependencies.icons }, this);
+    auto *picker
+        = new IconPickerViewController({ m_dependencies.config, m_dependencies.bundle,
+                                         m_dependencies.icons, m_dependencies.localization },
+                                       this);
     m_iconPickerPopover = picker;
     connect(picker, &IconPickerViewController::didSelectIcon, this,
             [this, picker,

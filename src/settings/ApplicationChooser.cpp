@@ -79,9 +79,9 @@ private:
         QPixmap &picture = m_pictures[nameOrPath];
         if (!picture.isNull())
             return picture;
-        const QIcon icon = nameOrPath.startsWith(u'/')
-            ? QIcon(QPixmap::fromImage(readImageFile(nameOrPath, iconExtent * 2)))
-            : QIcon::fromTheme(nameOrPath);
+        const QIcon icon = nameOrPath.startsWith(u'/') ? QIcon(QPixmap::fromImage(
+                               readImageFile(nameOrPath, iconExtent * 2, ImageFormats::all)))
+                                                       : QIcon::fromTheme(nameOrPath);
         if (icon.pixmap(iconExtent).isNull())
             return picture = m_fallback;
         picture = QPixmap(m_fallback.size());

@@ -6,12 +6,14 @@
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
+#include "config/LocalizationManager.h"
 #include "config/ResourceBundle.h"
 #include "settings/IconCellDelegate.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -36,6 +38,16 @@ QStringList fallbackIcons()
     return { u"phosphor_copy"_s, u"phosphor_magnifying-glass"_s,
              u"phosphor_hash"_s, u"phosphor_text-aa"_s,
              u"phosphor_star"_s, u"phosphor_heart"_s };
+}
+
+QString imageFilter()
+{
+    QStringList patterns;
+    for (const char *extension : { "png", "jpg", "jpeg", "svg", "webp", "tiff", "icns" }) {
+        const QString pattern = u"*."_s + QLatin1StringView(extension);
+        patterns += { pattern, pattern.toUpper() };
+    }
+    return u"Images (%1)"_s.arg(patterns.join(u' '));
 }
 
 QStringList offeredIcons(const ResourceBundle &bundle)
@@ -136,8 +148,7 @@ void IconPickerViewController::chooseFile()
 {
     auto *dialog = new QFileDialog(
         parentWidget()->window(), u"Import"_s,
-        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
-        u"Images (*.png *.jpg *.jpeg *.tiff *.icns *.PNG *.JPG *.JPEG *.TIFF *.ICNS)"_s);
+        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), imageFilter());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &IconPickerViewController::importIcon);
@@ -151,19 +162,42 @@ void IconPickerViewController::importIcon(const QString &path)
 {
     const auto name = m_dependencies.config.saveCustomIcon(path);
     const auto copy = name ? m_dependencies.config.getCustomIconURL(*name) : std::nullopt;
-    if (!copy)
-        return deleteLater();
+    if (copy)
+        return makeRendition(*name, *copy);
+    if (!name)
+        tell(name.error().reason);
+    deleteLater();
+}
+
+/// The icon is chosen even if it cannot be shown: the list says so, too, until it is replaced.
+void IconPickerViewController::makeRendition(const QString &iconName, const QString &copy)
+{
     CommandRequest request;
     request.program = helperFolder() + u"/tessel-icon-import"_s;
-    request.arguments = { *copy, IconResolver::renditionPath(*copy) };
-    m_importer.run(request, [this, name = *name](const Result<CommandResult> &result) {
+    request.arguments = { copy, IconResolver::renditionPath(copy) };
+    m_importer.run(request, [this, iconName](const Result<CommandResult> &result) {
         if (!result)
-            Log::print(u"ERROR: tessel-icon-import: "_s + result.error().reason);
+            tell(result.error().reason);
+        else if (result->isEndedBySignal) // by its limits
+            tell(u"The image is too large or takes too long to draw"_s);
         else if (result->exitStatus != 0)
+            tell(u"The image file cannot be read"_s);
+        if (result && result->exitStatus != 0)
             Log::print(u"ERROR: "_s + QString::fromUtf8(result->errorOutput).trimmed());
-        Q_EMIT didSelectIcon(name);
+        Q_EMIT didSelectIcon(iconName);
         deleteLater();
     });
+}
+
+void IconPickerViewController::tell(const QString &reason)
+{
+    const LocalizationManager &texts = m_dependencies.localization;
+    auto *box = new QMessageBox(QMessageBox::Warning, u"Import"_s,
+                                texts.localizedString(u"The image cannot be shown"_s),
+                                QMessageBox::Ok, parentWidget()->window());
+    box->setInformativeText(texts.localizedString(reason));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void IconPickerViewController::cleanup()

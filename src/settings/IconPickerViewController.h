@@ -14,6 +14,7 @@ namespace Tessel {
 
 class ConfigManager;
 class IconResolver;
+class LocalizationManager;
 class ResourceBundle;
 
 /// Lets the user choose an icon of the icon set, or an image file of their own. A popup that a
@@ -28,6 +29,7 @@ public:
         const ConfigManager &config;
         const ResourceBundle &bundle;
         const IconResolver &icons;
+        const LocalizationManager &localization;
     };
 
     explicit IconPickerViewController(Dependencies dependencies, QWidget *parent = nullptr);
@@ -36,7 +38,7 @@ public:
     void showBeside(const QRect &area);
 
     /// Copies an image file to the user's icons, announces it and deletes the picker. A file that
-    /// cannot be copied changes nothing.
+    /// cannot be copied changes nothing. One that cannot be shown is told to the user.
     void importIcon(const QString &path);
 
     /// Empties the grid; for a picker that is about to go.
@@ -54,6 +56,8 @@ private:
     void setupControls();
     void choose(const QString &iconName);
     void chooseFile();
+    void makeRendition(const QString &iconName, const QString &copy);
+    void tell(const QString &reason);
 
     Dependencies m_dependencies;
     QSortFilterProxyModel *m_filteredIcons;

@@ -59,6 +59,7 @@ private Q_SLOTS:
                  { u"icon_other.bmp"_s, Qt::yellow },
                  { u"custom:here.png"_s, Qt::cyan },
                  { u"phosphor_not.bmp"_s, Qt::cyan },
+                 { u"phosphor_image-broken.png"_s, Qt::gray },
              })
             QVERIFY(filled({ 20, 10 }, color).save(m_folder.filePath(u"bundle/"_s + file)));
     }
@@ -69,12 +70,13 @@ private Q_SLOTS:
                                            { u"icon_other"_s, Qt::yellow },
                                            { u"star"_s, Qt::red },
                                            { u"exclamationmark.triangle.fill"_s, Qt::green },
-                                           { u"custom:here"_s, Qt::cyan } })
+                                           { u"custom:here"_s, Qt::cyan },
+                                           { u"custom:gone.png"_s, Qt::gray } })
             QCOMPARE(icon(name).pixelColor(5, 5), QColor(color));
         for (const QString &name : { u"phosphor_missing"_s, u"Star"_s, u"starfish"_s, QString() })
             QVERIFY2(icon(name).isNull(), qPrintable(name));
         QCOMPARE(m_bundle.iconSetNames().join(u' '),
-                 u"phosphor_Zed phosphor_star phosphor_warning"_s);
+                 u"phosphor_Zed phosphor_image-broken phosphor_star phosphor_warning"_s);
     }
 
     void scalesCustomImages()
@@ -99,12 +101,16 @@ private Q_SLOTS:
         const QByteArray line("0000000d494844524000000000000001"
                               "08060000004d5a3e1c");
         for (const QByteArray &content :
-             { QByteArray("no image"), png + QByteArray::fromHex(square),
-               png + QByteArray::fromHex(line), QByteArray("P6 100000 100000 255\nabc") }) {
+             { QByteArray("no image"), QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>"),
+               png + QByteArray::fromHex(square), png + QByteArray::fromHex(line),
+               QByteArray("P6 100000 100000 255\nabc") }) {
             QFile file(path(u"bad.png"_s));
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
             file.close();
-            QVERIFY2(icon(u"custom:bad.png"_s).isNull(), content.constData());
+            QCOMPARE(icon(u"custom:bad.png"_s).pixelColor(0, 0), QColor(Qt::gray));
+            const auto shown = IconResolver(*m_config, m_bundle).check(u"custom:bad.png"_s);
+            QVERIFY2(!shown && shown.error().reason == u"The image file cannot be read",
+                     content.constData());
         }
     }
 

@@ -10,6 +10,7 @@
 #include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QListView>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
@@ -251,15 +252,34 @@ private Q_SLOTS:
             "49492a00080000000800000103000100000002000000010103000100000002000000020103000100000008"
             "00000003010300010000000100000006010300010000000100000011010400010000006e00000016010300"
             "01000000020000001701040001000000040000000000000000ff40c0");
+        const QByteArray webp = QByteArray::fromHex(
+            "524946461c000000574542505650384c0f0000002f014000000710fd8ffe0722a2ff0100");
+        const auto svg = [](const QByteArray &content) {
+            return "<?xml version='1.0'?><svg xmlns='http://www.w3.org/2000/svg' width='9' "
+                   "height='9'>"
+                + content + "</svg>";
+        };
+        const QByteArray deep = QByteArray("<g>").repeated(100'000) + "<rect width='9' height='9'/>"
+            + QByteArray("</g>").repeated(100'000);
+        const QString unreadable = u"The image file cannot be read"_s;
         SettingsFixture fixture;
         fixture.showActions();
         const QString path = fixture.folder.filePath(u"icon.icns"_s);
-        for (const auto &[content, hasImage] : { std::pair { icns, true },
-                                                 { tiff, true },
-                                                 { huge, false },
-                                                 { icns.left(100), false },
-                                                 { tiff.left(60), false },
-                                                 { QByteArray("#!/bin/sh\n"), false } }) {
+        for (const auto &[content, reason] :
+             { std::pair { icns, QString() },
+               { tiff, {} },
+               { webp, {} },
+               { svg("<text y='9'>A</text>"), {} },
+               { svg("<image width='9' height='9' href='data:;base64," + png.toBase64() + "'/>"),
+                 {} },
+               { svg("<image width='9' height='9' href='" TESSEL_BUNDLE "/phosphor_star.png'/>"),
+                 unreadable },
+               { svg(deep), unreadable },
+               { huge, unreadable },
+               { icns.left(100), unreadable },
+               { tiff.left(60), unreadable },
+               { webp.left(30), unreadable },
+               { QByteArray("#!/bin/sh\n"), unreadable } }) {
             QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
             file.close();
@@ -268,7 +288,11 @@ private Q_SLOTS:
             picker->importIcon(path);
             QTRY_VERIFY(!picker);
             QVERIFY(fixture.config.getCustomIconURL(fixture.saved(0).iconName));
-            QCOMPARE(!fixture.icons.image(fixture.saved(0).iconName).isNull(), hasImage);
+            auto *box = fixture.window->findChild<QMessageBox *>();
+            QCOMPARE(box ? box->informativeText() : QString(), reason);
+            delete box;
+            const QModelIndex cell = fixture.table().model()->index(0, ActionsModel::iconColumn);
+            QCOMPARE(cell.data(Qt::ToolTipRole).toString(), reason);
             fixture.window->grab();
         }
     }
