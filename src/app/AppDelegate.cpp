@@ -6,10 +6,14 @@
 #include "app/MenuBarManager.h"
 #include "app/UpdaterController.h"
 #include "bar/FloatingPanel.h"
+#include "base/DesktopNotification.h"
+#include "base/HelperFolder.h"
 #include "base/Log.h"
+#include "base/Url.h"
 #include "capture/AccessibilityManager.h"
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
+#include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
@@ -79,6 +83,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_keysElsewhere = platform.eventMonitor().addGlobalMonitor(
         InputEvent::Kind::keyDown, [](const InputEvent &) { LargeTypeWindow::closeShown(); });
     connect(&platform.popupHost(), &PopupHost::sessionLocked, this, &LargeTypeWindow::closeShown);
+    platform.workspace().nothingOpened = [this](const QString &url) { tellNothingOpened(url); };
     Log::print(u"Tessel started.");
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {
@@ -86,6 +91,23 @@ void AppDelegate::applicationDidFinishLaunching()
         FloatingPanel::shared().warmUp();
         platform.copyRequest().prepare();
     });
+}
+
+/// Names the scheme only: the rest has the captured text in it.
+void AppDelegate::tellNothingOpened(const QString &url)
+{
+    const QString title
+        = LocalizationManager::shared().localizedString(u"No application could open the address"_s);
+    m_notifier.run(notificationCommand({ .text = Url::schemeOf(url).toString() + u":…"_s,
+                                         .title = title,
+                                         .topic = u"address"_s },
+                                       helperFolder()),
+                   [](const Result<CommandResult> &shown) {
+                       if (!shown || shown->exitStatus != 0)
+                           Log::print(u"ERROR: "_s
+                                      + (shown ? QString::fromUtf8(shown->errorOutput).trimmed()
+                                               : shown.error().reason));
+                   });
 }
 
 void AppDelegate::showMissingAccess(const QStringList &missing)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/CommandRunner.h"
 #include "platform/EventMonitor.h"
 
 #include <QObject>
@@ -26,8 +27,10 @@ public:
     void applicationDidFinishLaunching();
 
 private:
+    void tellNothingOpened(const QString &url);
     void showMissingAccess(const QStringList &missing);
 
+    CommandRunner m_notifier;
     std::unique_ptr<SelectionDetector> m_detector;
     std::unique_ptr<EventMonitor::Subscription> m_keysElsewhere;
     std::unique_ptr<MenuBarManager> m_menuBarManager;

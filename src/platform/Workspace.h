@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace Tessel {
@@ -48,6 +49,9 @@ public:
 
     /// Hands an absolute URL to the user's default handler for its scheme; returns at once.
     virtual void open(const QString &url) = 0;
+
+    /// Called with a URL that nothing could open, from the event loop, perhaps seconds later.
+    std::function<void(const QString &url)> nothingOpened = [](const QString &) {};
 
     /// Shows one of our own windows, which is there already, to the user: on the desktop that is
     /// current, before the others, with the keyboard. The number is QWindow::winId().

@@ -7,12 +7,22 @@
 #include "platform/freedesktop/XdgOpen.h"
 
 #include <QCollator>
+#include <QDeadlineTimer>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace Tessel {
+
+namespace {
+
+/// What xdg-open takes at most to find that nothing opens a URL. Where it runs as long as the
+/// handler does, a failure after that is the handler's own.
+constexpr auto untilFailure = 10s;
+
+}
 
 FreedesktopWorkspace::FreedesktopWorkspace()
     : m_entries(DesktopEntries::standardFolders())
@@ -68,8 +78,14 @@ std::optional<QString> FreedesktopWorkspace::bundleIdentifierOf(const QString &p
 
 void FreedesktopWorkspace::open(const QString &url)
 {
-    if (const auto opened = xdgOpen(url); !opened)
-        Log::print(u"ERROR: "_s + opened.error().reason);
+    m_openers.run(
+        xdgOpenRequest(url),
+        [this, url, inTime = QDeadlineTimer(untilFailure)](const Result<CommandResult> &opened) {
+            if (!opened)
+                Log::print(u"ERROR: "_s + opened.error().reason);
+            if (!opened || (opened->exitStatus != 0 && !inTime.hasExpired()))
+                nothingOpened(url);
+        });
 }
 
 }

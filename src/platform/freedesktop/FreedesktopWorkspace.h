@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/CommandRunner.h"
 #include "platform/Workspace.h"
 #include "platform/freedesktop/DesktopEntries.h"
 
@@ -34,6 +35,7 @@ private:
     [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);
 
     DesktopEntries m_entries;
+    CommandRunner m_openers;
 };
 
 }
