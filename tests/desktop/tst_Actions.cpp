@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/Stage.h"
+#include "support/RecordingService.h"
 
 #include <QTest>
 
@@ -58,6 +59,25 @@ private Q_SLOTS:
         QVERIFY(stage.user().waitUntilGone(panel->id));
         QVERIFY(stage.session.clipboard().waitForText(
             u"The command exited with status 3.\n\nError:\nit broke"_s));
+    }
+
+    void addressThatNothingOpensIsTold()
+    {
+        Stage stage;
+        stage.tessel.actions = { TesselProgram::urlAction(u"x"_s, u"nobody-knows://{text}"_s) };
+        QVERIFY(stage.session.start());
+        stage.session.setVariable(u"BROWSER"_s, u"/nowhere"_s);
+        QVERIFY(stage.tessel.start() && stage.open());
+        RecordingService server(stage.session, u"org.freedesktop.Notifications"_s);
+        for (const uint replaced : { 0U, RecordingService::notificationId }) {
+            server.calls.clear();
+            QVERIFY(stage.runAction());
+            QTRY_COMPARE_WITH_TIMEOUT(server.calls.size(), 1, 15000);
+            const QVariantList call = server.calls.first();
+            QCOMPARE(call[1].toUInt(), replaced);
+            QCOMPARE(call[3].toString(), u"No application could open the address"_s);
+            QCOMPARE(call[4].toString(), u"nobody-knows:…"_s);
+        }
     }
 
     void largeTypeClosesOnAnything_data()

@@ -3,12 +3,10 @@
 #include "desktop/HelperStage.h"
 #include "lib/desktop/DesktopHost.h"
 #include "support/Editors.h"
+#include "support/RecordingService.h"
 #include "support/TextFile.h"
 #include "support/XClipboard.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QElapsedTimer>
 
 #include <future>
@@ -42,47 +40,6 @@ struct HostStage
     }
     [[nodiscard]] Osascript::Host host() const { return owner->host(); }
     [[nodiscard]] XUser &user() const { return stage.session.user(); }
-};
-
-/// A service of the session bus that notes what it is asked for.
-class RecordingService final : public QDBusVirtualObject
-{
-public:
-    explicit RecordingService(const QString &name)
-        : m_name(name)
-        , m_path(u'/' + QString(name).replace(u'.', u'/'))
-        , m_bus(
-              QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name))
-    {
-        m_bus.registerVirtualObject(m_path, this);
-        m_bus.registerService(name);
-    }
-    ~RecordingService() override { QDBusConnection::disconnectFromBus(m_name); }
-
-    QList<QVariantList> calls; ///< their arguments
-
-    void emitSignal(const QString &name, const QVariantList &arguments)
-    {
-        auto signal = QDBusMessage::createSignal(m_path, m_name, name);
-        signal.setArguments(arguments);
-        m_bus.send(signal);
-    }
-
-    QString introspect(const QString &) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
-    {
-        if (message.member() == u"GetCapabilities")
-            return bus.send(message.createReply(QStringList { u"actions"_s, u"body-markup"_s }));
-        calls += message.arguments();
-        return bus.send(message.createReply(notificationId));
-    }
-
-    static constexpr uint notificationId = 7;
-
-private:
-    QString m_name;
-    QString m_path;
-    QDBusConnection m_bus;
 };
 
 /// Makes a blocking call while the test's own services answer.
@@ -238,7 +195,7 @@ private Q_SLOTS:
         QVERIFY(stage.prepare());
         Osascript::Dialogs &dialogs = stage.host().dialogs;
         QVERIFY(!dialogs.notify({ .text = u"text"_s })); // nobody shows any
-        RecordingService server(u"org.freedesktop.Notifications"_s);
+        RecordingService server(stage.stage.session, u"org.freedesktop.Notifications"_s);
         const auto notify = [&dialogs](const DesktopNotification &notification) {
             return reasonOf([&] { return dialogs.notify(notification); });
         };
@@ -270,7 +227,7 @@ private Q_SLOTS:
         const QString file = home + u"/a, b%.txt"_s;
         QVERIFY(writeFile(file, u"x"_s));
         Osascript::Desktop &desktop = stage.host().desktop;
-        RecordingService manager(u"org.freedesktop.FileManager1"_s);
+        RecordingService manager(stage.stage.session, u"org.freedesktop.FileManager1"_s);
         QCOMPARE(reasonOf([&] { return desktop.reveal(file); }), QString());
         QCOMPARE(manager.calls.value(0).value(0).toStringList(),
                  QStringList { u"file://"_s + home + u"/a%2C%20b%25.txt"_s });
@@ -304,7 +261,7 @@ private Q_SLOTS:
         Stage &files = stage.stage;
         files.session.setVariable(u"XDG_DATA_DIRS"_s, u"/nowhere"_s);
         files.enter();
-        RecordingService server(u"org.freedesktop.Notifications"_s);
+        RecordingService server(stage.stage.session, u"org.freedesktop.Notifications"_s);
         const auto addWith = [&](const QString &mimeType) {
             if (!writeFile(files.session.configPath() + u"/mimeapps.list"_s,
                            u"[Default Applications]\n%1=url-recorder.desktop\n"_s.arg(mimeType)))
