@@ -8,9 +8,11 @@
 #include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 #include "config/ResourceBundle.h"
+#include "config/TemplateImage.h"
 #include "settings/IconCellDelegate.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -42,12 +44,8 @@ QStringList fallbackIcons()
 
 QString imageFilter()
 {
-    QStringList patterns;
-    for (const char *extension : { "png", "jpg", "jpeg", "svg", "webp", "tiff", "icns" }) {
-        const QString pattern = u"*."_s + QLatin1StringView(extension);
-        patterns += { pattern, pattern.toUpper() };
-    }
-    return u"Images (%1)"_s.arg(patterns.join(u' '));
+    const QString patterns = u"*.png *.jpg *.jpeg *.svg *.webp *.tiff *.icns"_s;
+    return u"Images (%1 %2)"_s.arg(patterns, patterns.toUpper());
 }
 
 QStringList offeredIcons(const ResourceBundle &bundle)
@@ -163,25 +161,26 @@ void IconPickerViewController::importIcon(const QString &path)
     const auto name = m_dependencies.config.saveCustomIcon(path);
     const auto copy = name ? m_dependencies.config.getCustomIconURL(*name) : std::nullopt;
     if (copy)
-        return makeRendition(*name, *copy);
+        return makeRendition(*name, *copy, QFileInfo(path).fileName());
     if (!name)
-        tell(name.error().reason);
+        tell(name.error().reason, path);
     deleteLater();
 }
 
 /// The icon is chosen even if it cannot be shown: the list says so, too, until it is replaced.
-void IconPickerViewController::makeRendition(const QString &iconName, const QString &copy)
+void IconPickerViewController::makeRendition(const QString &iconName, const QString &copy,
+                                             const QString &fileName)
 {
     CommandRequest request;
     request.program = helperFolder() + u"/tessel-icon-import"_s;
     request.arguments = { copy, IconResolver::renditionPath(copy) };
-    m_importer.run(request, [this, iconName](const Result<CommandResult> &result) {
+    m_importer.run(request, [this, iconName, fileName](const Result<CommandResult> &result) {
         if (!result)
-            tell(result.error().reason);
+            tell(result.error().reason, fileName);
         else if (result->isEndedBySignal) // by its limits
-            tell(u"The image is too large or takes too long to draw"_s);
+            tell(u"The image is too large or takes too long to draw"_s, fileName);
         else if (result->exitStatus != 0)
-            tell(u"The image file cannot be read"_s);
+            tell(u"The image file cannot be read"_s, fileName);
         if (result && result->exitStatus != 0)
             Log::print(u"ERROR: "_s + QString::fromUtf8(result->errorOutput).trimmed());
         Q_EMIT didSelectIcon(iconName);
@@ -189,14 +188,17 @@ void IconPickerViewController::makeRendition(const QString &iconName, const QStr
     });
 }
 
-void IconPickerViewController::tell(const QString &reason)
+void IconPickerViewController::tell(const QString &reason, const QString &fileName)
 {
-    const LocalizationManager &texts = m_dependencies.localization;
-    auto *box = new QMessageBox(QMessageBox::Warning, u"Import"_s,
-                                texts.localizedString(u"The image cannot be shown"_s),
-                                QMessageBox::Ok, parentWidget()->window());
-    box->setInformativeText(texts.localizedString(reason));
+    auto *box = new QMessageBox(parentWidget()->window());
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowTitle(u"Import"_s);
+    box->setText(m_dependencies.localization.localizedString(reason));
+    box->setInformativeText(fileName);
+    box->setTextFormat(Qt::PlainText);
+    box->setIconPixmap(TemplateImage::tintedPixmap(
+        m_dependencies.icons.image(u"exclamationmark.triangle"_s),
+        palette().color(QPalette::WindowText), 32, devicePixelRatioF()));
     box->open();
 }
 

@@ -56,8 +56,8 @@ private:
     void setupControls();
     void choose(const QString &iconName);
     void chooseFile();
-    void makeRendition(const QString &iconName, const QString &copy);
-    void tell(const QString &reason);
+    void makeRendition(const QString &iconName, const QString &copy, const QString &fileName);
+    void tell(const QString &reason, const QString &fileName);
 
     Dependencies m_dependencies;
     QSortFilterProxyModel *m_filteredIcons;

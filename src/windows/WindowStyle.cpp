@@ -277,6 +277,8 @@ int WindowStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWi
     // current.
     if (hint == SH_ComboBox_Popup)
         return 1;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 

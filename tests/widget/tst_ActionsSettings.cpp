@@ -289,7 +289,7 @@ private Q_SLOTS:
             QTRY_VERIFY(!picker);
             QVERIFY(fixture.config.getCustomIconURL(fixture.saved(0).iconName));
             auto *box = fixture.window->findChild<QMessageBox *>();
-            QCOMPARE(box ? box->informativeText() : QString(), reason);
+            QCOMPARE(box ? box->text() : QString(), reason);
             delete box;
             const QModelIndex cell = fixture.table().model()->index(0, ActionsModel::iconColumn);
             QCOMPARE(cell.data(Qt::ToolTipRole).toString(), reason);
