@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QImageReader>
 
 #include <algorithm>
 #include <cstdio>
@@ -54,8 +55,11 @@ QImage ResourceBundle::iconImage(const QString &name) const
 {
     for (const char *extension : { "png", "svg", "jpg", "jpeg", "gif", "bmp" }) {
         const QString file = path(name, QLatin1StringView(extension));
-        // Naming the format keeps Qt from loading every image plugin to find it out.
-        QImage image = file.isEmpty() ? QImage() : QImage(file, extension);
+        if (file.isEmpty())
+            continue;
+        QImageReader reader(file, extension);
+        reader.setAutoDetectImageFormat(false); // for which Qt loads all of its plugins
+        QImage image = reader.read();
         if (!image.isNull())
             return image;
     }
