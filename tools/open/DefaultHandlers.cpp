@@ -26,8 +26,7 @@ QStringList DefaultHandlers::failures(std::chrono::milliseconds limit)
         } else if (process->waitForExit(deadline)) {
             const int status = process->takeResult().exitStatus;
             if (status != 0)
-                reasons
-                    += u"No application opens %1 (xdg-open: status %2)."_s.arg(target).arg(status);
+                reasons += nothingOpens(target, status);
         }
     }
     return reasons;

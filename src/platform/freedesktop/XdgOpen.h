@@ -11,8 +11,11 @@ namespace Tessel {
 /// status than 0 when there is none or it failed; may run as long as the handler does.
 [[nodiscard]] CommandRequest xdgOpenRequest(const QString &target);
 
-/// The same; returns at once and fails when xdg-open cannot be started. What comes of it is not
-/// known.
+/// Runs it and waits until it has failed, but no longer than it takes to find that nothing opens
+/// the target: it lives on then. Not for a thread with an event loop.
 [[nodiscard]] Result<void> xdgOpen(const QString &target);
+
+/// The reason when nothing opens the target.
+[[nodiscard]] QString nothingOpens(const QString &target, int exitStatus);
 
 }
