@@ -22,7 +22,6 @@ namespace Tessel {
 
 namespace {
 
-constexpr QStringView customIconPrefix = u"custom:";
 constexpr qint64 maxIconFileSize = 64 << 20; ///< bytes; the file is copied while the user waits
 
 }

@@ -41,6 +41,9 @@ public:
     /// Whether the action can run as configured.
     [[nodiscard]] static bool validateAction(const ActionConfig &action);
 
+    /// Begins the names of the user's own icons.
+    static constexpr QStringView customIconPrefix = u"custom:";
+
     /// Copies an image file into the icon folder and gives its "custom:" name. Failures are logged.
     [[nodiscard]] Result<QString> saveCustomIcon(const QString &sourcePath) const;
 

@@ -48,7 +48,7 @@ QImage IconResolver::image(const QString &iconName) const
 
 Result<void> IconResolver::check(const QString &iconName) const
 {
-    if (!iconName.startsWith(u"custom:") || !ownImage(iconName).isNull())
+    if (!iconName.startsWith(ConfigManager::customIconPrefix) || !ownImage(iconName).isNull())
         return {};
     return Failure { m_config.getCustomIconURL(iconName) ? u"The image file cannot be read"_s
                                                          : u"The image file is missing"_s };

@@ -133,7 +133,6 @@ private Q_SLOTS:
         row("name and arguments", { u"printf"_s, { u"%s|"_s, u"일정 '"_s, QString() } }, 0,
             "일정 '||");
         row("a full pipe", script("head -c 65536 /dev/zero"), 0, QByteArray(65536, '\0'));
-        row("left in the background", script("sleep 1000 & echo started"), 0, "started\n");
 
         CommandRequest merged = script("echo a; echo b >&2; head -c 200000 /dev/zero >&2");
         merged.errorOutput = CommandRequest::Output::merged;

@@ -101,9 +101,9 @@ private Q_SLOTS:
         const QByteArray line("0000000d494844524000000000000001"
                               "08060000004d5a3e1c");
         for (const QByteArray &content :
-             { QByteArray("no image"), QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>"),
-               png + QByteArray::fromHex(square), png + QByteArray::fromHex(line),
-               QByteArray("P6 100000 100000 255\nabc") }) {
+             { QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+                          "<rect width='9' height='9'/></svg>"), // that is the importer's to draw
+               png + QByteArray::fromHex(square), png + QByteArray::fromHex(line) }) {
             QFile file(path(u"bad.png"_s));
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
             file.close();
