@@ -21,6 +21,7 @@
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"
+#include "windows/AccessibleWindows.h"
 #include "windows/ApplicationIcon.h"
 #include "windows/LargeTypeWindow.h"
 #include "windows/Theme.h"
@@ -47,6 +48,7 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
+    describeWindowsToAssistiveTechnology();
     const QStringList missing = platform.workspace().missingAccess();
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "

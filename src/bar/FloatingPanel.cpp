@@ -151,8 +151,8 @@ void FloatingPanel::fill(HoverButton &button, const GlintAction &action,
     button.hoverToolTipText = action.title;
     button.effectiveText = effectiveText;
     button.showsTooltip = m_dependencies.config.showTooltips;
-    button.setAccessibleName(action.title);
     button.setText(isCounting ? countTitle(m_currentText) : QString());
+    button.setAccessibleName(isCounting ? action.title + u": "_s + button.text() : action.title);
     button.setTemplateImage(isCounting ? QImage() : icon(action.iconName));
     const char shortcut = PanelLayout::shortcutCharacter(index);
     const bool isLabelled = m_dependencies.config.showKeyboardShortcuts && shortcut != '\0';

@@ -55,6 +55,7 @@ void HoverButton::setTheme(const Theme &theme)
 void HoverButton::setShortcut(std::optional<char> character)
 {
     m_shortcut = character ? QString(QLatin1Char(*character)) : QString();
+    setAccessibleDescription(m_shortcut);
     update();
 }
 

@@ -6,6 +6,7 @@
 #include "bar/PopEffect.h"
 #include "base/KeyCodes.h"
 #include "platform/PopupHost.h"
+#include "windows/AccessibleWindows.h"
 #include "windows/Theme.h"
 #include "windows/WindowShape.h"
 
@@ -216,6 +217,7 @@ void PanelWindow::fadeIn(QPoint place)
     m_pop->setScale(m_isCompositing ? popFrom : 1);
     m_pop->setOpacity(m_isCompositing ? firstOpacity : 1);
     show();
+    announcePopup(*this, offeredActions());
     m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
     if (!m_isCompositing)
         return;
@@ -225,6 +227,17 @@ void PanelWindow::fadeIn(QPoint place)
     m_fade.setEndValue(1.0);
     m_fade.start();
     m_popping.start();
+}
+
+/// The titles with their keys, as a sighted user sees them.
+QString PanelWindow::offeredActions() const
+{
+    QStringList actions;
+    for (const HoverButton *button : m_buttons) {
+        if (!button->isHidden())
+            actions += u"%1 %2"_s.arg(button->accessibleName(), button->accessibleDescription());
+    }
+    return actions.join(u", ");
 }
 
 void PanelWindow::fadeOut()

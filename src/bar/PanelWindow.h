@@ -61,6 +61,7 @@ protected:
 private:
     class Ground;
 
+    [[nodiscard]] QString offeredActions() const;
     void vanish();
 
     PopupHost &m_host;

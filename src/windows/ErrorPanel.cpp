@@ -30,6 +30,7 @@ namespace {
 constexpr QSize panelSize(340, 240);
 constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
+constexpr qsizetype maxSpokenLength = 1000;
 
 QString lookOfParts(const Theme::ErrorPanel &theme)
 {
@@ -62,6 +63,7 @@ ErrorPanel::ErrorPanel(PopupHost &host, const QImage &symbol, const QString &tit
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(title);
+    setAccessibleDescription(message.left(maxSpokenLength));
     setFixedSize(panelSize);
     setStyleSheet(lookOfParts(theme.errorPanel));
     auto *column = new QVBoxLayout(this);

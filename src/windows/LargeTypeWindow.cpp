@@ -3,6 +3,7 @@
 #include "windows/LargeTypeWindow.h"
 
 #include "platform/PopupHost.h"
+#include "windows/AccessibleWindows.h"
 #include "windows/Theme.h"
 
 #include <QKeyEvent>
@@ -38,6 +39,7 @@ void LargeTypeWindow::show(PopupHost &host, const QString &text, const Theme &th
         window->winId();
         host.adopt(window->windowHandle());
         window->setVisible(true);
+        announcePopup(*window);
         host.takeKeyboard(window->windowHandle());
     });
 }

@@ -80,11 +80,6 @@ private Q_SLOTS:
                                u"DEBUG: windowWillClose - cleanup complete, calling onClose"_s,
                                u"DEBUG: Settings window closing - performing cleanup"_s,
                                u"DEBUG: SettingsWindowController reference set to nil"_s }));
-        fixture.config.alwaysOnTop = false;
-        fixture.manager.openSettings();
-        window = shownWindow<SettingsWindowController>();
-        QVERIFY(!window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        window->close();
     }
 
     void errorPanelShowsAnything()
