@@ -43,6 +43,12 @@ void drawBox(QPainter *painter, const QRect &rect, const QBrush &fill, const QCo
     painter->restore();
 }
 
+QColor outline(const QStyleOption *option)
+{
+    const bool hasFocus = option->state & QStyle::State_HasFocus;
+    return option->palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid);
+}
+
 void drawButton(QPainter *painter, const QStyleOption *option)
 {
     const QPalette &palette = option->palette;
@@ -51,9 +57,7 @@ void drawButton(QPainter *painter, const QStyleOption *option)
         fill = mixed(fill, palette.color(QPalette::ButtonText), 0.16);
     else if (option->state & QStyle::State_MouseOver)
         fill = mixed(fill, palette.color(QPalette::ButtonText), 0.06);
-    const bool hasFocus = option->state & QStyle::State_HasFocus;
-    drawBox(painter, option->rect, fill,
-            palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid));
+    drawBox(painter, option->rect, fill, outline(option));
 }
 
 /// What Return presses has the accent colour.
@@ -67,9 +71,7 @@ void emphasize(QPalette &palette)
 
 void drawField(QPainter *painter, const QStyleOption *option)
 {
-    const bool hasFocus = option->state & QStyle::State_HasFocus;
-    drawBox(painter, option->rect, option->palette.base(),
-            option->palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid));
+    drawBox(painter, option->rect, option->palette.base(), outline(option));
 }
 
 void drawCheckBox(QPainter *painter, const QStyleOption *option)
@@ -191,7 +193,8 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
     case PE_PanelScrollAreaCorner:
         return;
     case PE_Frame:
-        return drawBox(painter, option->rect, Qt::NoBrush, option->palette.color(QPalette::Mid));
+        // An empty list shows its focus here only.
+        return drawBox(painter, option->rect, Qt::NoBrush, outline(option));
     case PE_IndicatorCheckBox:
         return drawCheckBox(painter, option);
     case PE_FrameFocusRect: {
