@@ -35,6 +35,13 @@ std::optional<QString> ActionEditing::regexFrom(const QString &typed)
     return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed);
 }
 
+QString ActionEditing::iconWords(const QString &iconName)
+{
+    if (iconName.startsWith(u"custom:"))
+        return {};
+    return QString(iconName).remove(u"phosphor_"_s).replace(u'-', u' ').replace(u'.', u' ');
+}
+
 std::optional<Remark> ActionEditing::templateRemark(const ActionConfig &action)
 {
     if (!ConfigManager::validateAction(action))

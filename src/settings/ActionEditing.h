@@ -33,6 +33,10 @@ namespace ActionEditing {
 /// An expression as it is stored: without white space around it, absent when nothing is left.
 [[nodiscard]] std::optional<QString> regexFrom(const QString &typed);
 
+/// The name of an icon as it can be spoken: "phosphor_magnifying-glass" is "magnifying glass".
+/// Files of the user's have no words.
+[[nodiscard]] QString iconWords(const QString &iconName);
+
 // Nothing is said about an action that is off.
 [[nodiscard]] std::optional<Remark> templateRemark(const ActionConfig &action);
 [[nodiscard]] std::optional<Remark> regexRemark(const ActionConfig &action);

@@ -73,7 +73,7 @@ void ActionsDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given
         paintCheckBox(painter, option, index.data(Qt::CheckStateRole) == Qt::Checked);
         break;
     case ActionsModel::iconColumn:
-        paintIcon(painter, option, index.data(Qt::AccessibleTextRole).toString());
+        paintIcon(painter, option, index.data(Qt::DecorationRole).toString());
         break;
     case ActionsModel::typeColumn:
         paintButton(painter, option, index.data().toString());

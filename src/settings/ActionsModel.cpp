@@ -174,6 +174,23 @@ std::optional<Remark> ActionsModel::remark(const QModelIndex &field, const QStri
     return remark(changed, field.column());
 }
 
+/// A screen reader meets a cell by itself, apart from its row and its header.
+QString ActionsModel::spokenText(const QModelIndex &index) const
+{
+    const ActionConfig &action = m_config.customActions.at(index.row());
+    const int column = index.column();
+    QString value = shownText(action, column);
+    if (column == enabledColumn)
+        value = m_localization.localizedString(action.isEnabled ? u"On"_s : u"Off"_s);
+    else if (column == iconColumn)
+        value = ActionEditing::iconWords(action.iconName);
+    if (value.isEmpty())
+        value = column == iconColumn ? m_localization.localizedString(u"Custom"_s)
+                                     : data(index, placeholderRole).toString();
+    const QString cell = m_headers[column] + u": "_s + value;
+    return column == titleColumn ? cell : action.title + u", "_s + cell;
+}
+
 QVariant ActionsModel::data(const QModelIndex &index, int role) const
 {
     const ActionConfig *action = this->action(index.row());
@@ -189,13 +206,16 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
         return column == enabledColumn ? QVariant(action->isEnabled ? Qt::Checked : Qt::Unchecked)
                                        : QVariant();
     case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
         if (column == iconColumn) {
             const auto shown = m_icons.check(action->iconName);
             return shown ? QVariant() : m_localization.localizedString(shown.error().reason);
         }
         return remark() ? QVariant(remark()->reason) : QVariant();
     case Qt::AccessibleTextRole:
-        return column == iconColumn ? QVariant(action->iconName) : shownText(*action, column);
+        return spokenText(index);
+    case Qt::DecorationRole: // the name of the icon
+        return column == iconColumn ? QVariant(action->iconName) : QVariant();
     case remarkRole:
         return remark() ? QVariant(int(remark()->kind)) : QVariant();
     case placeholderRole:

@@ -65,6 +65,7 @@ private:
     template <typename Change> void change(int row, Change &&change);
     [[nodiscard]] QString shownText(const ActionConfig &action, int column) const;
     [[nodiscard]] std::optional<Remark> remark(const ActionConfig &action, int column) const;
+    [[nodiscard]] QString spokenText(const QModelIndex &index) const;
 
     ConfigManager &m_config;
     const LocalizationManager &m_localization;

@@ -35,6 +35,8 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
     , m_title(label(u"Actions:"_s, FontSize::title, QFont::Bold))
     , m_hint(
           secondaryLabel(u"Use {text} as placeholder\nPress ⌘+Enter to save"_s, FontSize::caption))
+    , m_addButton(new QPushButton(u"+"_s))
+    , m_removeButton(new QPushButton(u"-"_s))
     , m_resetButton(new QPushButton(u"Reset Defaults"_s))
 {
     setupUI();
@@ -46,17 +48,13 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
 
 void ActionsSettingsViewController::setupUI()
 {
-    const LocalizationManager &texts = m_dependencies.localization;
-    m_tableView->setAccessibleName(u"Actions"_s);
-    m_hint->setToolTip(texts.localizedString(savingHint));
-    auto *addButton = new QPushButton(u"+"_s);
-    addButton->setAccessibleName(u"Add Action"_s);
-    addButton->setFixedWidth(30);
-    auto *removeButton = new QPushButton(u"-"_s);
-    removeButton->setAccessibleName(u"Remove Action"_s);
-    removeButton->setFixedWidth(30);
-    connect(addButton, &QPushButton::clicked, this, &ActionsSettingsViewController::addAction);
-    connect(removeButton, &QPushButton::clicked, this, [this] {
+    m_hint->setToolTip(m_dependencies.localization.localizedString(savingHint));
+    describe();
+    m_title->setBuddy(m_tableView);
+    m_addButton->setFixedWidth(30);
+    m_removeButton->setFixedWidth(30);
+    connect(m_addButton, &QPushButton::clicked, this, &ActionsSettingsViewController::addAction);
+    connect(m_removeButton, &QPushButton::clicked, this, [this] {
         m_tableView->endEditing();
         if (const auto row = m_tableView->selectedRow())
             m_model->remove(*row);
@@ -68,9 +66,9 @@ void ActionsSettingsViewController::setupUI()
 
     auto *buttons = new QWidget;
     QBoxLayout *row = stack(buttons, Qt::Horizontal, 10);
-    for (QWidget *widget : { static_cast<QWidget *>(addButton),
-                             static_cast<QWidget *>(removeButton), static_cast<QWidget *>(m_hint) })
-        row->addWidget(widget);
+    row->addWidget(m_addButton);
+    row->addWidget(m_removeButton);
+    row->addWidget(m_hint);
     row->addStretch();
     row->addWidget(m_resetButton);
     auto *content = new QWidget;
@@ -82,8 +80,24 @@ void ActionsSettingsViewController::setupUI()
     stack(this, Qt::Vertical, 0)->addWidget(scrolled(content));
 }
 
+/// For those who do not see what "+" and the keys in the table are for.
+void ActionsSettingsViewController::describe()
+{
+    const LocalizationManager &texts = m_dependencies.localization;
+    m_tableView->setAccessibleName(texts.localizedString(u"Actions"_s));
+    m_tableView->setAccessibleDescription(
+        texts.localizedString(u"Space changes a cell, Alt with Up or Down moves the row"_s));
+    const std::pair<QPushButton *, QString> buttons[]
+        = { { m_addButton, u"Add Action"_s }, { m_removeButton, u"Remove Action"_s } };
+    for (const auto &[button, key] : buttons) {
+        button->setAccessibleName(texts.localizedString(key));
+        button->setToolTip(texts.localizedString(key));
+    }
+}
+
 void ActionsSettingsViewController::reloadUI()
 {
+    describe();
     const LocalizationManager &texts = m_dependencies.localization;
     m_model->relabel();
     m_hint->setText(texts.localizedString(u"Use {text} as placeholder"_s));
@@ -104,6 +118,7 @@ void ActionsSettingsViewController::showIconPicker(int row, const QRect &cell)
         = new IconPickerViewController({ m_dependencies.config, m_dependencies.bundle,
                                          m_dependencies.icons, m_dependencies.localization },
                                        this);
+    picker->setAccessibleName(m_dependencies.localization.localizedString(u"Icon"_s));
     m_iconPickerPopover = picker;
     connect(picker, &IconPickerViewController::didSelectIcon, this,
             [this, picker,

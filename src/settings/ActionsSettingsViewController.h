@@ -31,6 +31,7 @@ public:
 private:
     void setupUI();
     void reloadUI();
+    void describe();
     void addAction();
     void showIconPicker(int row, const QRect &cell);
 
@@ -39,6 +40,8 @@ private:
     ActionsTableView *m_tableView;
     QLabel *m_title;
     QLabel *m_hint;
+    QPushButton *m_addButton;
+    QPushButton *m_removeButton;
     QPushButton *m_resetButton;
     QPointer<IconPickerViewController> m_iconPickerPopover;
 };

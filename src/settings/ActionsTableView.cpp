@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionsTableView.h"
 
+#include "settings/AccessibleCells.h"
 #include "settings/ActionEditing.h"
 #include "settings/ActionsDelegate.h"
 #include "settings/ActionsHeaderView.h"
 #include "settings/ActionsModel.h"
 #include "settings/RowTextView.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
@@ -37,6 +39,7 @@ ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icon
     , m_header(new ActionsHeaderView(*model, this))
 {
     setModel(model);
+    AccessibleCells::readOnFocus(this);
     setItemDelegate(new ActionsDelegate(icons, this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
@@ -79,6 +82,25 @@ void ActionsTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     m_header->fit(viewport()->width());
+}
+
+/// Qt announces no changes in cells. One is told about the cell that was read out last.
+void ActionsTableView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                   const QList<int> &roles)
+{
+    QTableView::dataChanged(topLeft, bottomRight, roles);
+    const QModelIndex current = currentIndex();
+    QAccessibleInterface *cell = AccessibleCells::current(*this);
+    if (!cell || !QItemSelectionRange(topLeft, bottomRight).contains(current))
+        return;
+    QAccessibleEvent renamed(cell, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&renamed);
+    if (current.column() != ActionsModel::enabledColumn)
+        return;
+    QAccessible::State change;
+    change.checked = true;
+    QAccessibleStateChangeEvent toggled(cell, change);
+    QAccessible::updateAccessibility(&toggled);
 }
 
 void ActionsTableView::activate(const QModelIndex &index)

@@ -8,6 +8,7 @@
 #include "config/LocalizationManager.h"
 #include "config/TemplateImage.h"
 #include "platform/Workspace.h"
+#include "settings/AccessibleCells.h"
 #include "settings/SettingsLayout.h"
 
 #include <QCoreApplication>
@@ -130,6 +131,7 @@ void ApplicationChooser::setupControls(const LocalizationManager &localization)
     m_list->setIconSize({ iconExtent, iconExtent });
     m_list->setSpacing(2);
     m_list->setAccessibleName(localization.localizedString(u"Add App"_s));
+    AccessibleCells::readOnFocus(m_list);
     m_searchField->setPlaceholderText(u"Search"_s);
     m_searchField->setAccessibleName(u"Search"_s);
     m_searchField->setClearButtonEnabled(true);
@@ -153,7 +155,11 @@ void ApplicationChooser::setupControls(const LocalizationManager &localization)
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(other, &QPushButton::clicked, this, &ApplicationChooser::chooseFile);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, select,
-            [select](const QModelIndex &current) { select->setEnabled(current.isValid()); });
+            [this, select](const QModelIndex &current) {
+                select->setEnabled(current.isValid());
+                // The list has not got the focus that a screen reader follows.
+                m_searchField->setAccessibleDescription(current.data().toString());
+            });
     select->setDefault(true);
 }
 

@@ -4,6 +4,8 @@
 
 #include "config/ConfigManager.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Tessel {
 
 ExcludedAppsModel::ExcludedAppsModel(ConfigManager &config, QString title, QObject *parent)
@@ -46,6 +48,13 @@ QVariant ExcludedAppsModel::headerData(int, Qt::Orientation orientation, int rol
     if (role == Qt::TextAlignmentRole)
         return int(Qt::AlignLeft | Qt::AlignVCenter);
     return role == Qt::DisplayRole && orientation == Qt::Horizontal ? m_title : QVariant();
+}
+
+QVariant ExcludedAppsModel::data(const QModelIndex &index, int role) const
+{
+    if (role == Qt::AccessibleTextRole)
+        return QString(m_title + u": "_s + data(index, Qt::DisplayRole).toString());
+    return QStringListModel::data(index, role);
 }
 
 bool ExcludedAppsModel::setData(const QModelIndex &index, const QVariant &value, int role)

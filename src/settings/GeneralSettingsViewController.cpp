@@ -7,6 +7,7 @@
 #include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
+#include "settings/AccessibleCells.h"
 #include "settings/ApplicationChooser.h"
 #include "settings/CellField.h"
 #include "settings/ExcludedAppsModel.h"
@@ -18,6 +19,7 @@
 #include "windows/ApplicationIcon.h"
 
 #include <QComboBox>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QShortcut>
@@ -128,7 +130,7 @@ QWidget *GeneralSettingsViewController::languageRow()
         m_languageButton->findData(Manager::code(m_dependencies.localization.currentLanguage)));
     connect(m_languageButton, &QComboBox::activated, this,
             [this] { changeLanguage(m_languageButton->currentData().toString()); });
-    return row(10, { label(text("Language") + u':'), m_languageButton });
+    return row(10, { labelOf(m_languageButton, text("Language") + u':'), m_languageButton });
 }
 
 QWidget *GeneralSettingsViewController::themeRow()
@@ -144,30 +146,32 @@ QWidget *GeneralSettingsViewController::themeRow()
         config.themeMode = choices<ThemeMode>[std::size_t(index)].value;
         config.save();
     });
-    return row(10, { label(u"Theme:"_s), button });
+    return row(10, { labelOf(button, u"Theme:"_s), button });
 }
 
 QWidget *GeneralSettingsViewController::iconGrid()
 {
     auto *grid = new QWidget;
-    QBoxLayout *columns = stack(grid, Qt::Horizontal, 20);
+    auto *columns = new QGridLayout(grid);
+    columns->setContentsMargins({});
+    columns->setHorizontalSpacing(20);
+    columns->setVerticalSpacing(4);
     for (const Choice<AppIconType> &choice : choices<AppIconType>) {
         const QString title = choice.title.toString();
         auto *button = new IconSelectionButton;
         button->setAccessibleName(title);
+        button->setAccessibleDescription(u"App Icon"_s); // of which there are several
         button->setPicture(QPixmap::fromImage(applicationArtwork(
             choice.value, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
         button->setSelectedIcon(choice.value == m_dependencies.config.appIcon);
         connect(button, &QAbstractButton::clicked, this,
                 [this, type = choice.value] { changeAppIcon(type); });
         m_iconButtons.insert(choice.value, button);
-        auto *column = new QWidget;
-        QBoxLayout *parts = stack(column, Qt::Vertical, 4);
-        parts->addWidget(button, 0, Qt::AlignHCenter);
-        parts->addWidget(secondaryLabel(title, FontSize::caption), 0, Qt::AlignHCenter);
-        columns->addWidget(column);
+        const int column = columns->columnCount();
+        columns->addWidget(button, 0, column, Qt::AlignHCenter);
+        columns->addWidget(secondaryLabel(title, FontSize::caption), 1, column, Qt::AlignHCenter);
     }
-    columns->addStretch();
+    columns->setColumnStretch(columns->columnCount(), 1);
     return grid;
 }
 
@@ -184,7 +188,7 @@ QWidget *GeneralSettingsViewController::behaviorSection()
             config.*setting = isOn;
             config.save();
         });
-        column->addWidget(row(12, { control, label(title) }));
+        column->addWidget(row(12, { control, labelOf(control, title) }));
         return control;
     };
     addSwitch(u"Show Tooltips"_s, &AppConfig::showTooltips);
@@ -207,7 +211,7 @@ QWidget *GeneralSettingsViewController::triggerRow()
     m_triggerNotice = secondaryLabel({}, FontSize::note);
     auto *rows = new QWidget;
     QBoxLayout *column = stack(rows, Qt::Vertical, 6);
-    column->addWidget(row(10, { label(text("Trigger Shortcut") + u':'), recorder }));
+    column->addWidget(row(10, { labelOf(recorder, text("Trigger Shortcut") + u':'), recorder }));
     column->addWidget(m_triggerNotice);
     setTriggerNotice(m_triggerNoticeKey);
     return rows;
@@ -223,13 +227,15 @@ void GeneralSettingsViewController::setTriggerNotice(const QString &key)
 QWidget *GeneralSettingsViewController::exclusionSection()
 {
     auto *control = new SegmentedControl;
-    control->addSegment(m_dependencies.icons.image(u"plus"_s), u"Add"_s);
-    control->addSegment(m_dependencies.icons.image(u"minus"_s), u"Remove"_s);
+    const IconResolver &icons = m_dependencies.icons;
+    control->addSegment(icons.image(u"plus"_s), text("Add"), text("Add App"));
+    control->addSegment(icons.image(u"minus"_s), text("Remove"), text("Remove App"));
     connect(control, &SegmentedControl::triggered, this,
             &GeneralSettingsViewController::handleExcludedAppsAction);
-    return section(u"Exclusion"_s,
-                   { label(text("Excluded Apps"), FontSize::text, QFont::DemiBold),
-                     excludedAppsTable(), control });
+    QWidget *table = excludedAppsTable();
+    QLabel *title = label(text("Excluded Apps"), FontSize::text, QFont::DemiBold);
+    title->setBuddy(table);
+    return section(u"Exclusion"_s, { title, table, control });
 }
 
 QWidget *GeneralSettingsViewController::excludedAppsTable()
@@ -241,6 +247,7 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_tableView->setMaximumWidth(500); // less in a narrow window
     m_tableView->setFixedHeight(160);
     m_tableView->setAccessibleName(text("Excluded Apps"));
+    AccessibleCells::readOnFocus(m_tableView);
     m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tableView->setSelectionMode(QAbstractItemView::SingleSelection);
     m_tableView->setEditTriggers(QAbstractItemView::DoubleClicked
@@ -280,8 +287,6 @@ void GeneralSettingsViewController::changeAppIcon(AppIconType type)
 {
     m_dependencies.config.appIcon = type;
     m_dependencies.config.save();
-    for (auto it = m_iconButtons.cbegin(); it != m_iconButtons.cend(); ++it)
-        it.value()->setSelectedIcon(it.key() == type);
     applyApplicationIcon(type, m_dependencies.bundle);
 }
 

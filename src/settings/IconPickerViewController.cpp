@@ -9,6 +9,8 @@
 #include "config/LocalizationManager.h"
 #include "config/ResourceBundle.h"
 #include "config/TemplateImage.h"
+#include "settings/AccessibleCells.h"
+#include "settings/ActionEditing.h"
 #include "settings/IconCellDelegate.h"
 
 #include <QFileDialog>
@@ -48,6 +50,19 @@ QString imageFilter()
     return u"Images (%1 %2)"_s.arg(patterns, patterns.toUpper());
 }
 
+class IconNames final : public QStringListModel
+{
+public:
+    using QStringListModel::QStringListModel;
+
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role == Qt::AccessibleTextRole)
+            return ActionEditing::iconWords(data(index, Qt::DisplayRole).toString());
+        return QStringListModel::data(index, role);
+    }
+};
+
 QStringList offeredIcons(const ResourceBundle &bundle)
 {
     const QStringList names = bundle.iconSetNames();
@@ -64,7 +79,7 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
     , m_collectionView(new QListView(this))
 {
     m_filteredIcons->setSourceModel(
-        new QStringListModel(offeredIcons(dependencies.bundle), m_filteredIcons));
+        new IconNames(offeredIcons(dependencies.bundle), m_filteredIcons));
     m_filteredIcons->setFilterCaseSensitivity(Qt::CaseInsensitive);
     Log::print(u"DEBUG IconPicker: Loaded %1 icons"_s.arg(m_filteredIcons->rowCount()));
     setFixedSize(pickerSize);
@@ -84,7 +99,7 @@ void IconPickerViewController::setupControls()
     connect(import, &QPushButton::clicked, this, &IconPickerViewController::chooseFile);
 
     m_collectionView->setGeometry(inset, 50, 280, 340);
-    m_collectionView->setAccessibleName(u"Icons"_s);
+    AccessibleCells::readOnFocus(m_collectionView);
     m_collectionView->setFrameShape(QFrame::NoFrame);
     m_collectionView->setViewMode(QListView::IconMode);
     m_collectionView->setMovement(QListView::Static);
@@ -122,6 +137,7 @@ void IconPickerViewController::showBeside(const QRect &area)
         place.setY(area.y() - height() - distance);
     if (place.y() < available.y())
         place = { area.x() + area.width() + distance, bottom };
+    m_collectionView->setAccessibleName(accessibleName());
     move(clamped(place.x(), available.x(), available.width(), width()),
          clamped(place.y(), available.y(), available.height(), height()));
     show();

@@ -38,6 +38,8 @@ void drawGlowingRectangle(QPainter *painter, const QRectF &rect, const QColor &c
 IconSelectionButton::IconSelectionButton(QWidget *parent)
     : QAbstractButton(parent)
 {
+    setCheckable(true);
+    setAutoExclusive(true);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(sizeHint());
 }
@@ -48,18 +50,12 @@ void IconSelectionButton::setPicture(const QPixmap &picture)
     update();
 }
 
-void IconSelectionButton::setSelectedIcon(bool isSelected)
-{
-    m_isSelectedIcon = isSelected;
-    update();
-}
-
 void IconSelectionButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     const QColor accent = palette().color(QPalette::Highlight);
-    if (m_isSelectedIcon)
+    if (isSelectedIcon())
         drawGlowingRectangle(&painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset),
                              accent);
     TemplateImage::drawCentred(painter, m_picture, rect());

@@ -7,7 +7,7 @@
 
 namespace Tessel {
 
-/// A picture to choose among several; the chosen one glows in the accent colour.
+/// A picture to choose among those beside it; the chosen one glows in the accent colour.
 class IconSelectionButton final : public QAbstractButton
 {
     Q_OBJECT
@@ -16,7 +16,8 @@ public:
     explicit IconSelectionButton(QWidget *parent = nullptr);
 
     void setPicture(const QPixmap &picture);
-    void setSelectedIcon(bool isSelected);
+    void setSelectedIcon(bool isSelected) { setChecked(isSelected); }
+    [[nodiscard]] bool isSelectedIcon() const { return isChecked(); }
 
     [[nodiscard]] QSize sizeHint() const override { return { 72, 72 }; }
 
@@ -25,7 +26,6 @@ protected:
 
 private:
     QPixmap m_picture;
-    bool m_isSelectedIcon = false;
 };
 
 }

@@ -17,11 +17,12 @@ SegmentedControl::SegmentedControl(QWidget *parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void SegmentedControl::addSegment(const QImage &image, const QString &accessibleName)
+void SegmentedControl::addSegment(const QImage &image, const QString &accessibleName,
+                                  const QString &toolTip)
 {
     auto *button = new TemplateButton(image, 12, this);
     button->setAccessibleName(accessibleName);
-    button->setToolTip(accessibleName);
+    button->setToolTip(toolTip);
     button->setFixedSize(30, 22);
     const int segment = m_row->count();
     connect(button, &QAbstractButton::clicked, this,

@@ -17,8 +17,8 @@ class SegmentedControl final : public QWidget
 public:
     explicit SegmentedControl(QWidget *parent = nullptr);
 
-    /// A template image with the name that assistive technology gets.
-    void addSegment(const QImage &image, const QString &accessibleName);
+    /// A template image with the name that assistive technology gets, and what pressing it does.
+    void addSegment(const QImage &image, const QString &accessibleName, const QString &toolTip);
 
 Q_SIGNALS:
     void triggered(int segment);

@@ -72,6 +72,13 @@ QLabel *SettingsLayout::label(const QString &text, int pixels, QFont::Weight wei
     return label;
 }
 
+QLabel *SettingsLayout::labelOf(QWidget *control, const QString &text)
+{
+    QLabel *name = label(text);
+    name->setBuddy(control);
+    return name;
+}
+
 QLabel *SettingsLayout::secondaryLabel(const QString &text, int pixels, QFont::Weight weight)
 {
     QLabel *secondary = label(text, pixels, weight);

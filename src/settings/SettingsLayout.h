@@ -31,6 +31,8 @@ QBoxLayout *stack(QWidget *widget, Qt::Orientation orientation, int spacing);
 [[nodiscard]] QWidget *separator();
 [[nodiscard]] QLabel *label(const QString &text, int pixels = FontSize::text,
                             QFont::Weight weight = QFont::Normal);
+/// Names the control, for assistive technology too.
+[[nodiscard]] QLabel *labelOf(QWidget *control, const QString &text);
 [[nodiscard]] QLabel *secondaryLabel(const QString &text, int pixels,
                                      QFont::Weight weight = QFont::Normal);
 

@@ -60,11 +60,11 @@ void SettingsWindowController::setupTabs()
     FileLogger::log(u"DEBUG: Creating General Settings VC"_s);
     m_general = new GeneralSettingsViewController(m_dependencies);
     pages->addWidget(m_general);
-    m_tabs->addTab(icons.image(u"gear"_s), u"General"_s);
+    m_tabs->addTab(icons.image(u"gear"_s));
     FileLogger::log(u"DEBUG: Creating Actions Settings VC"_s);
     m_actions = new ActionsSettingsViewController(m_dependencies);
     pages->addWidget(m_actions);
-    m_tabs->addTab(icons.image(u"star"_s), u"Actions"_s);
+    m_tabs->addTab(icons.image(u"star"_s));
     connect(m_tabs, &QTabBar::currentChanged, pages, &QStackedWidget::setCurrentIndex);
     connect(m_general, &GeneralSettingsViewController::alwaysOnTopChanged, this,
             &SettingsWindowController::setFloating);
@@ -76,7 +76,6 @@ void SettingsWindowController::setupTabs()
     }
 
     auto *content = new QWidget;
-    content->setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
     QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
     column->addSpacing(4);
     column->addWidget(m_tabs, 0, Qt::AlignHCenter);
@@ -84,7 +83,8 @@ void SettingsWindowController::setupTabs()
     column->addWidget(SettingsLayout::separator());
     column->addWidget(pages);
     setCentralWidget(content);
-    content->setFocus(); // no control is marked before the keyboard is used
+    setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
+    setFocus(); // no control is marked before the keyboard is used
 }
 
 void SettingsWindowController::showWindow()

@@ -16,6 +16,7 @@ namespace Tessel {
 namespace {
 
 constexpr double radius = CornerRadius::control;
+const QString invitation = u"Click to record shortcut"_s;
 
 qint64 modifierBits(Qt::KeyboardModifiers modifiers)
 {
@@ -29,26 +30,31 @@ qint64 modifierBits(Qt::KeyboardModifiers modifiers)
 
 ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifierFlags,
                                                  QWidget *parent)
-    : QWidget(parent)
+    : QAbstractButton(parent)
     , m_keyCode(keyCode)
     , m_modifierFlags(modifierFlags & KeyCodes::modifierMask)
 {
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(120, 24);
     describe();
+    connect(this, &QAbstractButton::clicked, this, [this] { // by assistive technology
+        setFocus(Qt::MouseFocusReason);
+        setRecording(true);
+    });
 }
 
-QString ShortcutRecorderControl::text() const
+QString ShortcutRecorderControl::shownText() const
 {
     return m_isRecording ? u"Type shortcut..."_s : shortcutText(m_keyCode, m_modifierFlags);
 }
 
-/// In words, for those who do not see the symbols or do not know them.
+/// In words, for those who do not see the symbols or do not know them. A screen reader reads a
+/// description again when it changes.
 void ShortcutRecorderControl::describe()
 {
     const QString shortcut = spelledShortcut(m_keyCode, m_modifierFlags);
-    setAccessibleDescription(m_isRecording ? text() : shortcut);
-    setToolTip(shortcut + u"\nClick to record shortcut"_s);
+    setAccessibleDescription(m_isRecording ? shownText() : shortcut + u". "_s + invitation);
+    setToolTip(shortcut + u'\n' + invitation);
 }
 
 bool ShortcutRecorderControl::event(QEvent *event)
@@ -64,7 +70,7 @@ bool ShortcutRecorderControl::event(QEvent *event)
             return true;
         }
     }
-    return QWidget::event(event);
+    return QAbstractButton::event(event);
 }
 
 /// Who came by Tab wants to go on by Tab.
@@ -84,8 +90,10 @@ void ShortcutRecorderControl::mousePressEvent(QMouseEvent *)
 void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
 {
     event->accept();
+    if (!m_isRecording) // the focus came back with the window
+        return setRecording(event->key() == Qt::Key_Space || event->key() == Qt::Key_Return);
     const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
-    if (!m_isRecording || !keyCode || KeyCodes::isModifier(*keyCode))
+    if (event->isAutoRepeat() || !keyCode || KeyCodes::isModifier(*keyCode))
         return;
     if (*keyCode != KeyCodes::keyEscape) {
         m_keyCode = *keyCode;
@@ -99,7 +107,7 @@ void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
 
 void ShortcutRecorderControl::focusInEvent(QFocusEvent *event)
 {
-    QWidget::focusInEvent(event);
+    QAbstractButton::focusInEvent(event);
     if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
         return; // nobody asked for it when the window comes back
     m_cameByTab
@@ -110,7 +118,7 @@ void ShortcutRecorderControl::focusInEvent(QFocusEvent *event)
 void ShortcutRecorderControl::focusOutEvent(QFocusEvent *event)
 {
     setRecording(false);
-    QWidget::focusOutEvent(event);
+    QAbstractButton::focusOutEvent(event);
 }
 
 void ShortcutRecorderControl::hideEvent(QHideEvent *)
@@ -135,11 +143,12 @@ void ShortcutRecorderControl::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(m_isRecording ? QPalette::Highlight : QPalette::Mid));
+    const bool isMarked = m_isRecording || hasFocus();
+    painter.setPen(palette().color(isMarked ? QPalette::Highlight : QPalette::Mid));
     painter.setBrush(palette().base());
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.setPen(palette().color(m_isRecording ? QPalette::PlaceholderText : QPalette::Text));
-    painter.drawText(rect(), Qt::AlignCenter, text());
+    painter.drawText(rect(), Qt::AlignCenter, shownText());
 }
 
 }

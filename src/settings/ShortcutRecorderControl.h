@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QWidget>
+#include <QAbstractButton>
 
 #include <functional>
 
@@ -11,8 +11,8 @@ namespace Tessel {
 /// Shows a shortcut, and records another while it has the focus: the next key with its modifiers,
 /// as virtual key code and modifier bits (KeyCodes.h). Escape keeps the shortcut. It reads keys,
 /// not characters, so neither layout nor input method matters, and takes them before the window
-/// manager sees them.
-class ShortcutRecorderControl final : public QWidget
+/// manager sees them. To assistive technology it is a button whose description has the shortcut.
+class ShortcutRecorderControl final : public QAbstractButton
 {
     Q_OBJECT
 
@@ -31,10 +31,10 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    [[nodiscard]] QString text() const; ///< what it shows
-    void describe();
+    [[nodiscard]] QString shownText() const;
     [[nodiscard]] bool movesFocus(const QKeyEvent &event) const;
     void setRecording(bool isRecording);
+    void describe();
 
     qint64 m_keyCode;
     qint64 m_modifierFlags;

@@ -3,6 +3,7 @@
 #include "settings/ToolbarTabBar.h"
 
 #include "config/TemplateImage.h"
+#include "settings/AccessibleTabBar.h"
 #include "windows/Theme.h"
 
 #include <QPainter>
@@ -16,6 +17,12 @@ constexpr int iconExtent = 24;
 constexpr int iconTop = 6;
 constexpr double radius = CornerRadius::tile;
 
+QAccessibleInterface *makeInterface(const QString &, QObject *object)
+{
+    auto *bar = qobject_cast<ToolbarTabBar *>(object);
+    return bar ? new AccessibleTabBar(bar) : nullptr;
+}
+
 }
 
 ToolbarTabBar::ToolbarTabBar(QWidget *parent)
@@ -25,12 +32,13 @@ ToolbarTabBar::ToolbarTabBar(QWidget *parent)
     setExpanding(false);
     setUsesScrollButtons(false);
     setFocusPolicy(Qt::TabFocus);
+    QAccessible::installFactory(makeInterface);
 }
 
-void ToolbarTabBar::addTab(const QImage &templateImage, const QString &accessibleName)
+void ToolbarTabBar::addTab(const QImage &templateImage)
 {
     m_images.append(templateImage);
-    setAccessibleTabName(QTabBar::addTab(QString()), accessibleName);
+    QTabBar::addTab(QString());
 }
 
 QSize ToolbarTabBar::tabSizeHint(int index) const

@@ -16,8 +16,8 @@ class ToolbarTabBar final : public QTabBar
 public:
     explicit ToolbarTabBar(QWidget *parent = nullptr);
 
-    /// The name is for assistive technology; the label is set by setTabText().
-    void addTab(const QImage &templateImage, const QString &accessibleName);
+    /// The label is set by setTabText().
+    void addTab(const QImage &templateImage);
 
 protected:
     [[nodiscard]] QSize tabSizeHint(int index) const override;

@@ -76,7 +76,7 @@ private Q_SLOTS:
     {
         SettingsStage stage;
         QVERIFY(stage.prepare());
-        stage.tap(XKB_KEY_Tab, 6);
+        stage.tap(XKB_KEY_Tab, 4);
         QTest::qWait(300); // until it is drawn
         const QImage before = stage.user().screenshot(stage.settings.geometry);
         stage.tap(
@@ -86,7 +86,7 @@ private Q_SLOTS:
         stage.user().tap(XKB_KEY_F4, { XKB_KEY_Alt_L }); // the window manager's key to close
         QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 118);
         QCOMPARE(stage.tessel.configuration().value(u"triggerModifiers"_s), 0x80000);
-        stage.tap(XKB_KEY_Tab, 7); // again
+        stage.tap(XKB_KEY_Tab, 5); // again
         stage.user().tap(XKB_KEY_F6, { XKB_KEY_Control_L });
         QTRY_COMPARE(stage.tessel.configuration().value(u"triggerKeyCode"_s), 97);
         QVERIFY(stage.closeSettings());
@@ -102,7 +102,7 @@ private Q_SLOTS:
     {
         SettingsStage stage;
         QVERIFY(stage.prepare());
-        stage.tap(XKB_KEY_Tab, 12); // to "+"
+        stage.tap(XKB_KEY_Tab, 10); // to "+"
         stage.tap(XKB_KEY_space);
         QVERIFY(dialog(stage, u"Add App"_s));
         QVERIFY(stage.user().typeText(u"org.xfce.mousepad"_s));

@@ -24,6 +24,11 @@ void pressKey(QWidget *widget, int evdevCode, Qt::Key key, Qt::KeyboardModifiers
     QApplication::sendEvent(widget, &event);
 }
 
+QString shortcut(const ShortcutRecorderControl &recorder)
+{
+    return recorder.accessibleDescription().section(u". "_s, 0, 0);
+}
+
 }
 
 /// The tab of what concerns the whole program.
@@ -106,7 +111,7 @@ private Q_SLOTS:
             if (recorder->accessibleDescription() != u"Type shortcut...")
                 return u"does not record"_s;
             pressKey(recorder, evdevCode, key, modifiers);
-            return recorder->hasFocus() ? u"goes on"_s : recorder->accessibleDescription();
+            return recorder->hasFocus() ? u"goes on"_s : shortcut(*recorder);
         };
         const auto cyrillic = Qt::Key(0x424);
         QCOMPARE(record(KEY_A, cyrillic, Qt::ControlModifier | Qt::ShiftModifier),
@@ -128,17 +133,12 @@ private Q_SLOTS:
         QTest::mouseClick(recorder, Qt::LeftButton);
         QTest::mouseClick(recorder->parentWidget()->parentWidget()->parentWidget(), Qt::LeftButton,
                           {}, { 5, 5 });
-        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
+        QCOMPARE(shortcut(*recorder), u"F2"_s);
         // A window that comes back to the front records nothing.
         recorder->setFocus(Qt::ActiveWindowFocusReason);
-        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
-        recorder->clearFocus();
-        // Who comes by Tab goes on by Tab.
-        recorder->setFocus(Qt::TabFocusReason);
+        QCOMPARE(shortcut(*recorder), u"F2"_s);
+        QTest::keyClick(recorder, Qt::Key_Space); // unless it is told to
         QCOMPARE(recorder->accessibleDescription(), u"Type shortcut..."_s);
-        QTest::keyClick(recorder, Qt::Key_Tab);
-        QCOMPARE(recorder->accessibleDescription(), u"F2"_s);
-        QVERIFY(!recorder->hasFocus() && fixture.window->focusWidget());
     }
 
     void switchesAndLogos()
