@@ -12,7 +12,7 @@ build_packages=(
 run_packages=(dbus dbus-user-session file fonts-dejavu-core xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
-    dbus dbus-x11 featherpad fonts-noto-cjk i3lock mousepad openbox picom sakura tk
+    at-spi2-core dbus dbus-x11 featherpad fonts-noto-cjk i3lock mousepad openbox picom sakura tk
     trayer unicode-data vim-gtk3 x11-utils x11-xkb-utils x11-xserver-utils xdg-utils
     xfce4-clipman-plugin xfce4-panel xfconf xterm xvfb zsh
 )
