@@ -52,9 +52,11 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &,
-                          const QModelIndex &) const override
+                          const QModelIndex &index) const override
     {
-        return new CellField(parent);
+        auto *field = new CellField(parent);
+        field->setAccessibleName(index.model()->headerData(0, Qt::Horizontal).toString());
+        return field;
     }
 };
 
