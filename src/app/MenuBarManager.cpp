@@ -40,6 +40,8 @@ MenuBarManager::MenuBarManager(Dependencies dependencies)
             &MenuBarManager::updateIcon);
     connect(&dependencies.platform.statusArea(), &StatusArea::becameAvailable, this,
             &MenuBarManager::setupMenuBar);
+    connect(&dependencies.platform.statusArea(), &StatusArea::itemColorChanged, this,
+            &MenuBarManager::updateIcon);
     if (dependencies.platform.statusArea().isAvailable())
         setupMenuBar();
 }
@@ -62,7 +64,7 @@ MenuBarManager &MenuBarManager::shared()
 void MenuBarManager::setupMenuBar()
 {
     if (m_statusItem)
-        return;
+        return updateIcon(); // another tray may want another colour
     m_statusItem = std::make_unique<QSystemTrayIcon>();
     m_statusItem->setToolTip(u"Tessel"_s);
     m_statusItem->setContextMenu(&m_menu);
@@ -83,9 +85,10 @@ void MenuBarManager::popUpMenu()
 
 void MenuBarManager::updateIcon()
 {
+    Platform &platform = m_dependencies.platform;
     if (m_statusItem)
-        m_statusItem->setIcon(
-            trayIcon(m_dependencies.bundle, m_dependencies.platform.appearance().isDark()));
+        m_statusItem->setIcon(trayIcon(m_dependencies.bundle, platform.appearance().isDark(),
+                                       platform.statusArea().itemColor()));
 }
 
 void MenuBarManager::updateMenu()

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace Tessel {
 
 /// The place where resident programs show an item of their own: a tray, a menu bar.
@@ -17,8 +19,12 @@ public:
     /// Whether there is one now.
     [[nodiscard]] virtual bool isAvailable() const = 0;
 
+    /// The colour, as 0xRRGGBB, in which it wants items to be drawn, where it says so.
+    [[nodiscard]] virtual std::optional<quint32> itemColor() const { return {}; }
+
 Q_SIGNALS:
     void becameAvailable();
+    void itemColorChanged();
 };
 
 }

@@ -1,8 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/Stage.h"
+#include "support/DisplayConnection.h"
 
+#include <QDir>
 #include <QTest>
+
+#include <xcb/xcb.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -27,19 +31,29 @@ class tst_Tray : public QObject
 {
     Q_OBJECT
 
+    static QRect placeOfItem(DesktopSession &session)
+    {
+        const int right = session.user().screenshot().width();
+        return QRect(QPoint(right - itemSize.width() - 1, 2), itemSize);
+    }
+
+    static QSet<QRgb> colorsOfItem(DesktopSession &session)
+    {
+        const QImage picture = session.user().screenshot(placeOfItem(session));
+        QSet<QRgb> colors;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                colors.insert(picture.pixel(x, y));
+        }
+        return colors;
+    }
+
     /// Where the item is, or nothing when there is none.
     static std::optional<QPoint> item(DesktopSession &session)
     {
-        const int right = session.user().screenshot().width();
-        const QRect place(QPoint(right - itemSize.width() - 1, 2), itemSize);
-        const QImage picture = session.user().screenshot(place);
         // The tray is plain: more than a few colours are a picture.
-        QSet<QRgb> colours;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x)
-                colours.insert(picture.pixel(x, y));
-        }
-        return colours.size() > 4 ? std::optional(place.center()) : std::nullopt;
+        return colorsOfItem(session).size() > 4 ? std::optional(placeOfItem(session).center())
+                                                : std::nullopt;
     }
 
     /// The open menu.
@@ -74,9 +88,18 @@ private Q_SLOTS:
         Stage stage;
         DesktopSession &session = stage.session;
         QVERIFY(stage.start());
+        const auto x = connectionTo(session.display().toLatin1());
+        QVERIFY(x);
         for (int i = 0; i < 2; ++i) {
             ChildProcess &tray = startTray(session);
             QTRY_VERIFY(item(session));
+            // What it says of the colour of its items: error, warning and success come after red.
+            const quint32 colors[12] = { 0xffff };
+            xcb_change_property(
+                x->xcb(), XCB_PROP_MODE_REPLACE, x->selectionOwner(x->atom("_NET_SYSTEM_TRAY_S0")),
+                x->atom("_NET_SYSTEM_TRAY_COLORS"), XCB_ATOM_CARDINAL, 32, 12, colors);
+            xcb_flush(x->xcb());
+            QTRY_VERIFY(colorsOfItem(session).contains(0xffff0000));
             tray.end();
             QTRY_VERIFY(!item(session));
         }
@@ -102,8 +125,6 @@ private Q_SLOTS:
         QVERIFY(session.user().waitUntilUsable(settings->id));
         session.user().tap(XKB_KEY_w, { XKB_KEY_Control_L });
         QVERIFY(session.user().waitUntilGone(settings->id));
-        QVERIFY(choose(session, 2)); // a new one
-        QVERIFY(tessel.waitForWindow(u"Tessel Preferences"_s));
 
         QVERIFY(choose(session, 0));
         const auto about = tessel.waitForWindow(u"About Tessel"_s);
@@ -124,20 +145,33 @@ private Q_SLOTS:
         DesktopSession session;
         QVERIFY2(session.start(), qPrintable(session.errorString()));
         session.launchXfceSettings();
+        const QString icons = session.dataPath() + u"/icons/hicolor/symbolic/apps"_s;
+        QVERIFY(QDir().mkpath(icons));
+        QVERIFY(
+            QFile::copy(QStringLiteral(TESSEL_SYMBOLIC_ICON), icons + u"/tessel-symbolic.svg"_s));
         TesselProgram tessel(session);
         QVERIFY(tessel.start());
+        const auto property = [&session](const QString &service, const QString &path,
+                                         const QString &interface, const QString &name) {
+            ChildProcess &query = session.launch(u"dbus-send"_s,
+                                                 { u"--print-reply"_s, u"--dest="_s + service, path,
+                                                   u"org.freedesktop.DBus.Properties.Get"_s,
+                                                   u"string:"_s + interface, u"string:"_s + name });
+            return query.waitForExit() ? query.output() : QString();
+        };
         for (int i = 0; i < 2; ++i) {
             ChildProcess &host = session.launch(u"xfce4-panel"_s);
-            const auto items = [&session] {
-                ChildProcess &query = session.launch(
-                    u"dbus-send"_s,
-                    { u"--session"_s, u"--print-reply"_s, u"--dest=org.kde.StatusNotifierWatcher"_s,
-                      u"/StatusNotifierWatcher"_s, u"org.freedesktop.DBus.Properties.Get"_s,
-                      u"string:org.kde.StatusNotifierWatcher"_s,
-                      u"string:RegisteredStatusNotifierItems"_s });
-                return query.waitForExit() ? query.output() : QString();
+            const auto items = [&property] {
+                const QString watcher = u"org.kde.StatusNotifierWatcher"_s;
+                return property(watcher, u"/StatusNotifierWatcher"_s, watcher,
+                                u"RegisteredStatusNotifierItems"_s);
             };
-            QTRY_VERIFY_WITH_TIMEOUT(items().contains(u"StatusNotifierItem\""), 15000);
+            QTRY_VERIFY_WITH_TIMEOUT(items().contains(u"/StatusNotifierItem\""), 15000);
+            // Panels colour an image of that name to suit their ground.
+            const QString service = items().section(u'"', 1, 1).section(u'/', 0, 0);
+            QVERIFY(property(service, u"/StatusNotifierItem"_s, u"org.kde.StatusNotifierItem"_s,
+                             u"IconName"_s)
+                        .contains(u"\"tessel-symbolic\""));
             host.end();
             QTRY_VERIFY(items().isEmpty());
         }

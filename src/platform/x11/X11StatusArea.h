@@ -21,15 +21,18 @@ public:
 
     [[nodiscard]] bool isAvailable() const override
     {
-        return NotifierArea::isAvailable() || hasTray();
+        return NotifierArea::isAvailable() || m_tray;
     }
+    [[nodiscard]] std::optional<quint32> itemColor() const override;
 
 private:
-    [[nodiscard]] bool hasTray() const;
     void handle(const X11Event &event);
+    void follow(quint32 tray);
 
     X11Connection &m_connection;
     quint32 m_traySelection;
+    quint32 m_colors;
+    quint32 m_tray = 0; ///< window of its manager
     std::shared_ptr<void> m_subscription;
 };
 
