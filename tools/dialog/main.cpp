@@ -4,8 +4,8 @@
 #include "dialog/ListDialog.h"
 #include "dialog/MessageDialog.h"
 #include "lib/dialog/DialogProtocol.h"
+#include "platform/Appearance.h"
 #include "platform/HelperPlatform.h"
-#include "platform/freedesktop/PortalAppearance.h"
 #include "windows/WindowStyle.h"
 
 #include <QApplication>
@@ -56,9 +56,8 @@ int main(int argc, char *argv[])
     if (!input.open(stdin, QIODevice::ReadOnly))
         return EXIT_FAILURE;
     const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
-    PortalAppearance appearance;
-    WindowStyle::apply(appearance);
-    appearance.start();
+    const auto appearance = makeAppearance();
+    WindowStyle::apply(*appearance);
     const auto dialog = dialogFor(request);
     DialogParts::present(dialog.get());
     return QApplication::exec();

@@ -133,6 +133,7 @@ public:
     {
     public:
         [[nodiscard]] bool isDark() const override { return m_isDark; }
+        [[nodiscard]] double fontSize() const override { return standardFontSize; }
         void setDark(bool isDark);
 
     private:

@@ -6,9 +6,9 @@
 #include "platform/EventMonitor.h"
 #include "platform/Pasteboard.h"
 #include "platform/PopupHost.h"
+#include "platform/freedesktop/FreedesktopAppearance.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/NotifierArea.h"
-#include "platform/freedesktop/PortalAppearance.h"
 
 #include <QClipboard>
 #include <QCursor>
@@ -127,7 +127,7 @@ struct NonePlatform::Services
     OwnPasteboard pasteboard;
     OwnWorkspace workspace;
     PlainPopups popupHost;
-    PortalAppearance appearance;
+    FreedesktopAppearance appearance;
     NotifierArea statusArea;
 };
 

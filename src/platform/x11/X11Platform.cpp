@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Platform.h"
 
-#include "platform/freedesktop/PortalAppearance.h"
+#include "platform/x11/X11Appearance.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11CopyRequest.h"
 #include "platform/x11/X11CurrentLayout.h"
@@ -41,7 +41,7 @@ struct X11Platform::Services
     X11EventMonitor eventMonitor { *connection, keyGrabs,
                                    [this] { return keyboard.holdsKeyboard(); },
                                    [this] { keyboard.releaseHeldKeyboard(); } };
-    PortalAppearance appearance;
+    X11Appearance appearance { *connection };
     X11StatusArea statusArea { *connection };
 };
 
