@@ -20,6 +20,7 @@ namespace {
 constexpr int iconExtent = 18;
 constexpr int textPadding = 6;
 constexpr QPoint shortcutOffset(3, 2);
+constexpr int maxShortcutSize = 11; ///< pixels; larger ones would cover the icon
 constexpr auto flashTime = 150ms;
 
 }
@@ -30,7 +31,7 @@ HoverButton::HoverButton(PopupHost &host, QWidget *parent)
     , m_theme(&themeFor(ThemeMode::light, false))
 {
     setFocusPolicy(Qt::NoFocus);
-    setFont(sized(font(), FontSize::barText, QFont::Medium));
+    setFont(sizedExactly(font(), FontSize::barText, QFont::Medium));
 }
 
 HoverButton::~HoverButton() = default;
@@ -98,7 +99,9 @@ void HoverButton::paintEvent(QPaintEvent *)
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     }
     if (!m_shortcut.isEmpty()) {
-        painter.setFont(sized(font(), FontSize::barShortcut));
+        QFont small = sized(font(), FontSize::barShortcut);
+        small.setPixelSize(qMin(small.pixelSize(), maxShortcutSize));
+        painter.setFont(small);
         painter.setPen(m_theme->bar.shortcut);
         painter.drawText(rect().translated(shortcutOffset), Qt::AlignLeft | Qt::AlignTop,
                          m_shortcut);

@@ -27,7 +27,8 @@ namespace Tessel {
 
 namespace {
 
-constexpr QSize panelSize(340, 240);
+constexpr int panelWidth = 340;
+constexpr int panelHeight = 240;
 constexpr int messageHeight = 120;
 constexpr int distanceBelowPointer = 10;
 constexpr qsizetype maxSpokenLength = 1000;
@@ -64,7 +65,7 @@ ErrorPanel::ErrorPanel(PopupHost &host, const QImage &symbol, const QString &tit
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(title);
     setAccessibleDescription(message.left(maxSpokenLength));
-    setFixedSize(panelSize);
+    setFixedSize(roomFor(panelWidth), roomFor(panelHeight));
     setStyleSheet(lookOfParts(theme.errorPanel));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 12);
@@ -106,7 +107,7 @@ QWidget *ErrorPanel::messageBox(const QString &message)
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    box->setFixedHeight(messageHeight);
+    box->setFixedHeight(roomFor(messageHeight));
     box->setTabChangesFocus(true);
     box->setAccessibleName(u"Message"_s);
     box->setPlainText(displayable(message));

@@ -63,7 +63,7 @@ void LargeTypeWindow::layOut(const QString &text)
 {
     const double boxWidth = width() * share;
     const double boxHeight = height() * share;
-    const QFont large = sized(font(), FontSize::largeType, QFont::Bold);
+    const QFont large = sizedExactly(font(), FontSize::largeType, QFont::Bold);
     QTextOption option(Qt::AlignHCenter);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     for (const QString &paragraph : text.split(u'\n')) {

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "windows/Theme.h"
 
+#include "platform/Appearance.h"
+
+#include <QGuiApplication>
+
 #include <algorithm>
 #include <iterator>
 
@@ -108,6 +112,15 @@ constexpr Theme themes[] {
     },
 };
 
+/// By the application's font: WindowStyle gives it the desktop's size, unless the user has Qt
+/// follow a theme, which may count in pixels.
+int scaled(int pixels)
+{
+    const QFont font = QGuiApplication::font();
+    const double points = font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * 0.75;
+    return qRound(pixels * points / Appearance::standardFontSize);
+}
+
 }
 
 const Theme &themeFor(ThemeMode mode, bool isSystemDark)
@@ -119,7 +132,17 @@ const Theme &themeFor(ThemeMode mode, bool isSystemDark)
     return theme == std::end(themes) ? themes[0] : *theme;
 }
 
-QFont sized(QFont font, int pixels, QFont::Weight weight)
+int roomFor(int pixels)
+{
+    return std::max(pixels, scaled(pixels));
+}
+
+QFont sized(const QFont &font, int pixels, QFont::Weight weight)
+{
+    return sizedExactly(font, scaled(pixels), weight);
+}
+
+QFont sizedExactly(QFont font, int pixels, QFont::Weight weight)
 {
     font.setPixelSize(pixels);
     font.setWeight(weight);

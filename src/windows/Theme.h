@@ -109,7 +109,8 @@ inline constexpr int picture = 10;
 
 }
 
-/// Sizes of fonts by what is written in them, in logical pixels.
+/// Sizes of fonts by what is written in them, in logical pixels where the desktop's font has its
+/// standard size.
 namespace FontSize {
 
 inline constexpr int barText = 12;
@@ -126,6 +127,13 @@ inline constexpr int product = 22;
 
 }
 
-[[nodiscard]] QFont sized(QFont font, int pixels, QFont::Weight weight = QFont::Normal);
+/// A length that text has to fit into: grows with the desktop's font, but does not shrink with it.
+[[nodiscard]] int roomFor(int pixels);
+
+/// The font in the size, which follows that of the desktop's font.
+[[nodiscard]] QFont sized(const QFont &font, int pixels, QFont::Weight weight = QFont::Normal);
+
+/// The same for what has one size on every desktop.
+[[nodiscard]] QFont sizedExactly(QFont font, int pixels, QFont::Weight weight);
 
 }

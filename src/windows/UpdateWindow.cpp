@@ -3,6 +3,7 @@
 #include "windows/UpdateWindow.h"
 
 #include "platform/Workspace.h"
+#include "windows/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,7 +35,7 @@ QLabel *plainLabel(const QString &name)
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setFixedWidth(textWidth);
+    label->setFixedWidth(roomFor(textWidth));
     return label;
 }
 
@@ -54,7 +55,7 @@ UpdateWindow::UpdateWindow(Workspace &workspace)
     m_title->setFont(font);
     m_notes->setReadOnly(true);
     m_notes->setTabChangesFocus(true);
-    m_notes->setFixedHeight(notesHeight);
+    m_notes->setFixedHeight(roomFor(notesHeight));
     m_notes->setAccessibleName(u"Release notes"_s);
     m_linkButton->setObjectName(u"link"_s);
     connect(m_linkButton, &QPushButton::clicked, this, [this] { m_workspace.open(m_link); });

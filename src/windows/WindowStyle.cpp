@@ -166,11 +166,17 @@ WindowStyle::WindowStyle()
 
 void WindowStyle::apply(Appearance &appearance)
 {
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")
-        || qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE"))
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
         return;
-    QApplication::setStyle(new WindowStyle);
-    const auto update = [&appearance] {
+    const bool isStyled = !qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE");
+    if (isStyled)
+        QApplication::setStyle(new WindowStyle);
+    const auto update = [&appearance, isStyled] {
+        QFont font = QApplication::font();
+        font.setPointSizeF(appearance.fontSize());
+        QApplication::setFont(font);
+        if (!isStyled)
+            return;
         QApplication::setPalette(windowPalette(themeFor(ThemeMode::system, appearance.isDark())));
     };
     update();

@@ -21,8 +21,9 @@ class WindowStyle final : public QProxyStyle
 public:
     WindowStyle();
 
-    /// Gives the look to all windows and keeps them as light or dark as the desktop. A style or
-    /// theme that the user asks Qt for by its environment variables is left alone.
+    /// Gives the look to all windows and keeps them as light or dark, and their texts as large, as
+    /// the desktop has it. A style or theme that the user asks Qt for by its environment variables
+    /// is left alone.
     static void apply(Appearance &appearance);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -3,6 +3,7 @@
 #include "desktop/Stage.h"
 
 #include <QDBusConnection>
+#include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QTest>
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 using namespace Tessel::Desktop;
 
 /// The desktop portal's settings, as far as they are asked for.
-class Portal : public QObject
+class Portal : public QObject, protected QDBusContext
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
@@ -46,9 +47,10 @@ public:
 public Q_SLOTS:
     QDBusVariant Read(const QString &group, const QString &key)
     {
-        const bool isKnown = group == u"org.freedesktop.appearance" && key == u"color-scheme";
+        if (group != u"org.freedesktop.appearance" || key != u"color-scheme")
+            sendErrorReply(u"org.freedesktop.portal.Error.NotFound"_s);
         // This method wraps the value twice.
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(isKnown ? scheme : 99U)));
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
     }
 };
 
@@ -56,6 +58,13 @@ public Q_SLOTS:
 class tst_Appearance : public QObject
 {
     Q_OBJECT
+
+    static bool isDark(const Stage &stage, const WindowInfo &bar)
+    {
+        // A place where nothing stands on the ground.
+        const QRect ground(bar.geometry.topLeft() + QPoint(28, 60), QSize(1, 1));
+        return qGray(stage.user().screenshot(ground).pixel(0, 0)) < 100;
+    }
 
 private Q_SLOTS:
     void followsTheSystem_data()
@@ -89,17 +98,69 @@ private Q_SLOTS:
         const QImage before = stage.user().screenshot();
         const auto bar = stage.tessel.summon();
         QVERIFY(bar);
-        // A place in the bar where nothing stands on the ground.
-        const QPoint ground(bar->geometry.x() + 28, bar->geometry.y() + 60);
-        const auto isDark = [&] {
-            return qGray(stage.user().screenshot(QRect(ground, QSize(1, 1))).pixel(0, 0)) < 100;
-        };
         QTRY_VERIFY(stage.user().screenshot(bar->geometry) != before.copy(bar->geometry));
-        QTRY_COMPARE(isDark(), isDarkAtStart);
+        QTRY_COMPARE(isDark(stage, *bar), isDarkAtStart);
         portal.change(then);
         if (isDarkThen == isDarkAtStart)
             QTest::qWait(200);
-        QTRY_COMPARE(isDark(), isDarkThen);
+        QTRY_COMPARE(isDark(stage, *bar), isDarkThen);
+    }
+
+    void followsTheDesktopWithoutAPortal_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("darkAndLarge");
+        QTest::addColumn<QByteArray>("lightAndSmall");
+        QTest::addColumn<QStringList>("announcement");
+        // A second manager takes the place of the first.
+        QTest::newRow("XSETTINGS")
+            << u".xsettingsd"_s << "Net/ThemeName \"Arc-Dark\"\nGtk/FontName \"Sans 20\"\n"_ba
+            << "Net/ThemeName \"Arc\"\nGtk/FontName \"Sans 10\"\n"_ba
+            << QStringList { u"xsettingsd"_s };
+        QTest::newRow("KDE") << u".config/kdeglobals"_s
+                             << "[General]\nColorScheme=BreezeDark\nfont=Sans,20,-1\n"_ba
+                             << "[General]\nColorScheme=Breeze\nfont=Sans,10,-1\n"_ba
+                             << QStringList { u"dbus-send"_s, u"--type=signal"_s,
+                                              u"/KGlobalSettings"_s,
+                                              u"org.kde.KGlobalSettings.notifyChange"_s };
+    }
+
+    void followsTheDesktopWithoutAPortal()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, darkAndLarge);
+        QFETCH(QByteArray, lightAndSmall);
+        QFETCH(QStringList, announcement);
+        Stage stage;
+        QVERIFY(stage.session.start());
+        const auto set = [&](const QByteArray &settings) {
+            QFile target(stage.session.homePath() + u'/' + file);
+            const bool isSet
+                = target.open(QFile::WriteOnly) && target.write(settings) == settings.size();
+            target.close();
+            stage.session.launch(announcement[0], announcement.mid(1));
+            return isSet;
+        };
+        QVERIFY(set(darkAndLarge));
+        QVERIFY(stage.tessel.start());
+        QVERIFY(stage.offer(u"word"_s));
+        stage.user().movePointer({ 640, 400 });
+        const auto bar = stage.tessel.summon();
+        QVERIFY(bar);
+        const auto bubbleHeight = [&] {
+            stage.user().movePointer({ 10, 10 });
+            stage.user().movePointer(TesselProgram::button(*bar, 0));
+            const auto bubble = stage.user().waitForWindow([&](const WindowInfo &window) {
+                return window.className == u"Tessel" && window.overrideRedirect
+                    && window.id != bar->id;
+            });
+            return bubble ? bubble->geometry.height() : 0;
+        };
+        QTRY_VERIFY(isDark(stage, *bar));
+        const int large = bubbleHeight();
+        QVERIFY(set(lightAndSmall));
+        QTRY_VERIFY(!isDark(stage, *bar));
+        QCOMPARE_GE(large, bubbleHeight() + 10); // 11 pixels became 22
     }
 };
 
