@@ -30,6 +30,7 @@ namespace {
 constexpr int panelWidth = 340;
 constexpr int panelHeight = 240;
 constexpr int messageHeight = 120;
+constexpr int textHeight = messageHeight + 40; ///< with those of the title and the buttons
 constexpr int distanceBelowPointer = 10;
 constexpr qsizetype maxSpokenLength = 1000;
 
@@ -45,7 +46,7 @@ QString lookOfParts(const Theme::ErrorPanel &theme)
            "QPushButton { color: %1; background: %4; border: 1px solid %5; border-radius: %9px;"
            " padding: 5px 10px; }"
            "QPushButton:hover { background: %5; }"
-           "QPushButton:focus { border: 2px solid %6; padding: 4px 9px; }"
+           "QPushButton:focus { border: 2px solid %6; padding: 4px 9px; outline: none; }"
            "QPushButton:default { color: %7; background: %8; }"_s.arg(
                theme.text.name(), theme.field.name(), theme.scrollBar.name(), theme.button.name(),
                theme.buttonBorder.name(), theme.focus.name(), theme.defaultButtonText.name(),
@@ -65,7 +66,7 @@ ErrorPanel::ErrorPanel(PopupHost &host, const QImage &symbol, const QString &tit
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(title);
     setAccessibleDescription(message.left(maxSpokenLength));
-    setFixedSize(roomFor(panelWidth), roomFor(panelHeight));
+    setFixedSize(roomFor(panelWidth), panelHeight - textHeight + roomFor(textHeight));
     setStyleSheet(lookOfParts(theme.errorPanel));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 12);
