@@ -128,7 +128,7 @@ void ActionsDelegate::paintIcon(QPainter *painter, const QStyleOptionViewItem &o
 
 QRect ActionsDelegate::buttonRect(const QRect &cell)
 {
-    QRect button(0, 0, cell.width() - 6, 22);
+    QRect button(0, 0, cell.width() - 6, roomFor(22));
     button.moveCenter(cell.center());
     return button;
 }

@@ -51,7 +51,7 @@ ActionsHeaderView::ActionsHeaderView(const ActionsModel &model, QWidget *parent)
     , m_model(model)
 {
     setFont(sized(font(), FontSize::caption));
-    setFixedHeight(headerHeight);
+    setFixedHeight(roomFor(headerHeight));
     setHighlightSections(false);
     setMinimumSectionSize(30);
     connect(&model, &QAbstractItemModel::headerDataChanged, this,

@@ -8,6 +8,7 @@
 #include "settings/ActionsHeaderView.h"
 #include "settings/ActionsModel.h"
 #include "settings/RowTextView.h"
+#include "windows/Theme.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -54,8 +55,8 @@ ActionsTableView::ActionsTableView(ActionsModel *model, const IconResolver &icon
     setDragEnabled(true);
     setAcceptDrops(true);
     verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(plainRowHeight);
-    verticalHeader()->setDefaultSectionSize(plainRowHeight);
+    verticalHeader()->setMinimumSectionSize(roomFor(plainRowHeight));
+    verticalHeader()->setDefaultSectionSize(roomFor(plainRowHeight));
     setHorizontalHeader(m_header);
     m_header->setSectionsClickable(false);
     m_header->layoutColumns(fontMetrics());
@@ -174,7 +175,7 @@ void ActionsTableView::editScript(int row)
     if (m_scriptEditor && indexWidget(cell) == m_scriptEditor)
         return;
     endEditing();
-    setRowHeight(row, expandedRowHeight);
+    setRowHeight(row, roomFor(expandedRowHeight));
     const QPointer editor = new RowTextView(m_model->action(row)->templateText);
     editor->setAccessibleName(
         m_model->headerData(cell.column(), Qt::Horizontal, Qt::DisplayRole).toString());
@@ -201,7 +202,7 @@ void ActionsTableView::collapse(const QModelIndex &cell, const RowTextView *edit
         return;
     const bool hadFocus = editor->hasFocus();
     setIndexWidget(cell, nullptr);
-    setRowHeight(cell.row(), plainRowHeight);
+    setRowHeight(cell.row(), roomFor(plainRowHeight));
     if (hadFocus)
         setFocus();
 }

@@ -262,7 +262,7 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
     m_tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_tableView->horizontalHeader()->setHighlightSections(false);
     m_tableView->verticalHeader()->hide();
-    m_tableView->verticalHeader()->setDefaultSectionSize(24);
+    m_tableView->verticalHeader()->setDefaultSectionSize(roomFor(24));
     auto *edit = new QShortcut(Qt::Key_Return, m_tableView);
     edit->setContext(Qt::WidgetShortcut);
     connect(edit, &QShortcut::activated, m_tableView,

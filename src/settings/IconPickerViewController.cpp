@@ -12,6 +12,7 @@
 #include "settings/AccessibleCells.h"
 #include "settings/ActionEditing.h"
 #include "settings/IconCellDelegate.h"
+#include "windows/Theme.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -88,14 +89,15 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
 
 void IconPickerViewController::setupControls()
 {
-    m_searchField->setGeometry(inset, inset, 200, 30);
+    const int importWidth = roomFor(70);
+    m_searchField->setGeometry(inset, inset, 270 - importWidth, 30);
     m_searchField->setPlaceholderText(u"Search %1 icons..."_s.arg(m_filteredIcons->rowCount()));
     m_searchField->setAccessibleName(m_searchField->placeholderText());
     connect(m_searchField, &QLineEdit::textChanged, m_filteredIcons,
             &QSortFilterProxyModel::setFilterFixedString);
 
     auto *import = new QPushButton(u"Import..."_s, this);
-    import->setGeometry(220, inset, 70, 30);
+    import->setGeometry(290 - importWidth, inset, importWidth, 30);
     connect(import, &QPushButton::clicked, this, &IconPickerViewController::chooseFile);
 
     m_collectionView->setGeometry(inset, 50, 280, 340);

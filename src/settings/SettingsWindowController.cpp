@@ -31,7 +31,11 @@ namespace Tessel {
 
 namespace {
 
-constexpr QSize windowSize(810, 450); ///< at first, and at least
+/// At first, and at least.
+QSize windowSize()
+{
+    return { roomFor(810), roomFor(450) };
+}
 
 }
 
@@ -114,7 +118,7 @@ void SettingsWindowController::showWindow()
 /// Only where the work area is smaller may the window be, too.
 void SettingsWindowController::fitInto(const QScreen &screen)
 {
-    setMinimumSize(SettingsLayout::fitted(windowSize, screen.availableSize()));
+    setMinimumSize(SettingsLayout::fitted(windowSize(), screen.availableSize()));
 }
 
 void SettingsWindowController::setFloating(bool isFloating)

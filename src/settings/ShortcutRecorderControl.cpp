@@ -35,7 +35,7 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
     , m_modifierFlags(modifierFlags & KeyCodes::modifierMask)
 {
     setFocusPolicy(Qt::StrongFocus);
-    setFixedSize(120, 24);
+    setFixedSize(roomFor(120), roomFor(24));
     describe();
     connect(this, &QAbstractButton::clicked, this, [this] { // by assistive technology
         setFocus(Qt::MouseFocusReason);

@@ -15,6 +15,8 @@ namespace {
 constexpr QSize minTabSize(84, 54);
 constexpr int iconExtent = 24;
 constexpr int iconTop = 6;
+constexpr int textTop = iconTop + iconExtent + 2;
+constexpr int textBottom = 3;
 constexpr double radius = CornerRadius::tile;
 
 QAccessibleInterface *makeInterface(const QString &, QObject *object)
@@ -43,7 +45,9 @@ void ToolbarTabBar::addTab(const QImage &templateImage)
 
 QSize ToolbarTabBar::tabSizeHint(int index) const
 {
-    return minTabSize.expandedTo({ fontMetrics().horizontalAdvance(tabText(index)) + 24, 0 });
+    const QFontMetrics metrics = fontMetrics();
+    return minTabSize.expandedTo({ metrics.horizontalAdvance(tabText(index)) + 24,
+                                   textTop + metrics.height() + textBottom });
 }
 
 void ToolbarTabBar::paintEvent(QPaintEvent *)
@@ -71,8 +75,7 @@ void ToolbarTabBar::drawTab(QPainter &painter, int index) const
         tab.x() + (tab.width() - iconExtent) / 2, tab.y() + iconTop,
         TemplateImage::tintedPixmap(m_images[index], color, iconExtent, devicePixelRatioF()));
     painter.setPen(isCurrent ? palette().color(QPalette::WindowText) : color);
-    painter.drawText(tab.adjusted(0, iconTop + iconExtent + 2, 0, -3), Qt::AlignCenter,
-                     tabText(index));
+    painter.drawText(tab.adjusted(0, textTop, 0, -textBottom), Qt::AlignCenter, tabText(index));
 }
 
 }
