@@ -124,7 +124,7 @@ void MenuBarManager::openSettings()
         m_settingsWindowController = new SettingsWindowController(
             { m_dependencies.config, m_dependencies.localization, m_dependencies.notifications,
               m_dependencies.bundle, m_icons, m_dependencies.platform.workspace(),
-              m_dependencies.platform.popupHost() });
+              m_dependencies.platform.eventMonitor(), m_dependencies.platform.popupHost() });
         m_settingsWindowController->onClose = [manager = QPointer(this)] {
             FileLogger::log(u"DEBUG: Settings window closing - performing cleanup"_s);
             if (manager)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "settings/GeneralSettingsViewController.h"
+#include "platform/EventMonitor.h"
 
 #include "base/Log.h"
 #include "config/ConfigManager.h"
@@ -215,15 +216,17 @@ QWidget *GeneralSettingsViewController::triggerRow()
     QBoxLayout *column = stack(rows, Qt::Vertical, 6);
     column->addWidget(row(10, { labelOf(recorder, text("Trigger Shortcut") + u':'), recorder }));
     column->addWidget(m_triggerNotice);
-    setTriggerNotice(m_triggerNoticeKey);
+    showTriggerNotice();
+    connect(&m_dependencies.eventMonitor, &EventMonitor::triggerSharedChanged, m_triggerNotice,
+            [this] { showTriggerNotice(); });
     return rows;
 }
 
-void GeneralSettingsViewController::setTriggerNotice(const QString &key)
+void GeneralSettingsViewController::showTriggerNotice()
 {
-    m_triggerNoticeKey = key;
-    m_triggerNotice->setText(m_dependencies.localization.localizedString(key));
-    m_triggerNotice->setHidden(key.isEmpty());
+    m_triggerNotice->setText(
+        text("Another program uses this key too: it also gets the key press."));
+    m_triggerNotice->setHidden(!m_dependencies.eventMonitor.isTriggerShared());
 }
 
 QWidget *GeneralSettingsViewController::exclusionSection()

@@ -27,10 +27,6 @@ public:
     explicit GeneralSettingsViewController(SettingsDependencies dependencies,
                                            QWidget *parent = nullptr);
 
-    /// Says something about the trigger below its recorder: a key of the localised texts, or
-    /// nothing.
-    void setTriggerNotice(const QString &key);
-
     /// Drops the pictures; for a window that is about to go.
     void clearIconCache();
 
@@ -50,6 +46,7 @@ private:
     [[nodiscard]] QWidget *excludedAppsTable();
     [[nodiscard]] QString text(const char *key) const;
 
+    void showTriggerNotice();
     void changeLanguage(const QString &code);
     void changeAppIcon(AppIconType type);
     void handleExcludedAppsAction(int segment);
@@ -59,7 +56,6 @@ private:
     QScrollArea *m_scrollArea = nullptr;
     QComboBox *m_languageButton = nullptr;
     QLabel *m_triggerNotice = nullptr;
-    QString m_triggerNoticeKey;
     QTableView *m_tableView = nullptr;
     ExcludedAppsModel *m_excludedApps = nullptr;
     QHash<AppIconType, IconSelectionButton *> m_iconButtons;

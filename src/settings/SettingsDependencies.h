@@ -5,6 +5,7 @@
 namespace Tessel {
 
 class ConfigManager;
+class EventMonitor;
 class IconResolver;
 class LocalizationManager;
 class NotificationCenter;
@@ -21,6 +22,7 @@ struct SettingsDependencies
     const ResourceBundle &bundle;
     const IconResolver &icons;
     Workspace &workspace;
+    EventMonitor &eventMonitor;
     PopupHost &popupHost;
 };
 

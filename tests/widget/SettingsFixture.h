@@ -27,9 +27,9 @@ struct SettingsFixture : PanelFixture
 
     void open()
     {
-        window = std::make_unique<SettingsWindowController>(
-            SettingsDependencies { config, texts, notifications, bundle, icons,
-                                   platform.workspace(), platform.popupHost() });
+        window = std::make_unique<SettingsWindowController>(SettingsDependencies {
+            config, texts, notifications, bundle, icons, platform.workspace(),
+            platform.eventMonitor(), platform.popupHost() });
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->showWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));

@@ -46,8 +46,8 @@ private Q_SLOTS:
     void languageShowsAtOnceAndIsKept()
     {
         SettingsFixture fixture;
-        fixture.window->findChild<GeneralSettingsViewController *>()->setTriggerNotice(
-            u"Another program uses this key too: it also gets the key press."_s);
+        fixture.platform.eventMonitor().isShared = true;
+        Q_EMIT fixture.platform.eventMonitor().triggerSharedChanged();
         auto *language = fixture.control<QComboBox>(u"Language"_s);
         QVERIFY(language);
         language->setFocus();

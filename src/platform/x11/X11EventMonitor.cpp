@@ -165,8 +165,10 @@ void X11EventMonitor::handleRawKey(quint8 key)
 {
     if (hasFocus() || m_popupHasKeyboard() || m_grabs.holds({ key, m_modifiers }))
         return;
-    const KeyChord pressed { KeyCodes::virtualFromScanCode(key).value_or(-1),
-                             X11Modifiers::bits(m_modifiers) };
+    const auto keyCode = KeyCodes::virtualFromScanCode(key);
+    if (keyCode && KeyCodes::isModifier(*keyCode))
+        return; // on its way to another key
+    const KeyChord pressed { keyCode.value_or(-1), X11Modifiers::bits(m_modifiers) };
     deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
     if (pressed == m_trigger.chord())
         updateTrigger([this] { m_trigger.retry(); });

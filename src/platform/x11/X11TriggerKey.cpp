@@ -61,15 +61,11 @@ void X11TriggerKey::retry()
 void X11TriggerKey::grab()
 {
     m_hold.reset();
-    m_isShared = false;
-    const auto strokes = strokesOf(m_chord);
-    if (!m_isWatching || strokes.isEmpty())
-        return;
-    m_hold = m_grabs.take(strokes, [this](const X11Stroke &stroke, X11KeyGrabs::Change change) {
-        handle(stroke, change);
-    });
+    m_hold = m_grabs.take(
+        strokesOf(m_chord),
+        [this](const X11Stroke &stroke, X11KeyGrabs::Change change) { handle(stroke, change); });
     m_isShared = !m_hold || !m_hold->isComplete();
-    if (m_isShared)
+    if (m_isShared || !m_isWatching)
         m_hold.reset(); // not in some states of the locks only
 }
 
