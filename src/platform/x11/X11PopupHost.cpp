@@ -144,6 +144,7 @@ Qt::WindowFlags X11PopupHost::windowFlags() const
 
 void X11PopupHost::adopt(QWindow *window)
 {
+    m_keyboard.prepare();
     if (!window->flags().testFlag(Qt::BypassWindowManagerHint)) {
         // What the window manager does not leave alone is to be on all desktops (EWMH).
         const quint32 allDesktops = 0xFFFFFFFF;

@@ -11,6 +11,10 @@
 
 #include <xcb/screensaver.h>
 #include <xcb/xcb.h>
+// A member's name in this C header.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
 
 using namespace std::chrono_literals;
 
@@ -70,6 +74,10 @@ void X11PopupKeyboard::handle(const X11Event &event)
         const quint32 active = m_windowManager.activeWindow();
         if (active && active != m_activeWindow)
             releaseHeldKeyboard();
+    } else if (event.type() == m_services.connection.xkb().firstEvent && m_keysWindow) {
+        const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
+        if (notify.xkbType == XCB_XKB_STATE_NOTIFY && (notify.lockedMods & locks) != m_locks)
+            grabWantedKeys(notify.lockedMods);
     } else if (m_screenSaverEvent && event.type() == m_screenSaverEvent) {
         const auto &notify = event.as<xcb_screensaver_notify_event_t>();
         if (notify.state == XCB_SCREENSAVER_STATE_ON)
@@ -77,14 +85,26 @@ void X11PopupKeyboard::handle(const X11Event &event)
     }
 }
 
-void X11PopupKeyboard::takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants)
+void X11PopupKeyboard::takeKeys(QWindow *window, const Wants &wants)
 {
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
-    m_keys.reset();
     m_keysWindow = window;
+    m_wants = wants;
+    xcb_connection_t *xcb = m_services.connection.xcb();
+    const XcbPtr<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(xcb, xcb_xkb_get_state(xcb, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    grabWantedKeys(state ? state->lockedMods : 0);
+}
+
+/// Only with the locks as they are: for all their states the server would take milliseconds.
+void X11PopupKeyboard::grabWantedKeys(quint8 lockedModifiers)
+{
+    prepare();
+    m_keys.reset();
+    m_locks = lockedModifiers & locks;
     QList<X11Stroke> wanted;
-    for (const auto &[stroke, key] : keyboard()) {
-        if (wants(key))
+    for (const auto &[stroke, key] : std::as_const(m_keyboard)) {
+        if ((stroke.modifiers & locks) == m_locks && m_wants(key))
             wanted += stroke;
     }
     m_keys = m_services.grabs.take(
@@ -92,11 +112,11 @@ void X11PopupKeyboard::takeKeys(QWindow *window, const std::function<bool(const 
         [this](const X11Stroke &stroke, X11KeyGrabs::Change change) { deliver(stroke, change); });
 }
 
-const QList<std::pair<X11Stroke, PopupKey>> &X11PopupKeyboard::keyboard()
+void X11PopupKeyboard::prepare()
 {
     const X11KeyLayout *layout = m_services.layout.get();
     if (!layout || m_keyboardRevision == m_services.layout.revision())
-        return m_keyboard;
+        return;
     m_keyboardRevision = m_services.layout.revision();
     m_keyboard.clear();
     for (quint32 key = 8; key <= 255; ++key) {
@@ -109,7 +129,6 @@ const QList<std::pair<X11Stroke, PopupKey>> &X11PopupKeyboard::keyboard()
             m_keyboard.append({ stroke, { *keyCode, text, isCommand } });
         }
     }
-    return m_keyboard;
 }
 
 void X11PopupKeyboard::releaseKeys(QWindow *window)

@@ -32,7 +32,12 @@ public:
 
     explicit X11PopupKeyboard(const Services &services);
 
-    void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants);
+    using Wants = std::function<bool(const PopupKey &)>;
+
+    /// Learns the keyboard, so that the first popup is quick.
+    void prepare();
+
+    void takeKeys(QWindow *window, const Wants &wants);
     void releaseKeys(QWindow *window);
 
     bool takeKeyboard(QWindow *window);
@@ -49,7 +54,7 @@ Q_SIGNALS:
 
 private:
     void handle(const X11Event &event);
-    [[nodiscard]] const QList<std::pair<X11Stroke, PopupKey>> &keyboard();
+    void grabWantedKeys(quint8 lockedModifiers);
     void deliver(const X11Stroke &stroke, X11KeyGrabs::Change change);
 
     Services m_services;
@@ -62,6 +67,8 @@ private:
     QList<std::pair<X11Stroke, PopupKey>> m_keyboard; ///< all keys that a popup could want
     int m_keyboardRevision = -1; ///< of the layout that they are of
     QPointer<QWindow> m_keysWindow; ///< that single keys go to
+    Wants m_wants;
+    quint8 m_locks = 0; ///< those that are on, of the keys that are taken
     std::unique_ptr<X11KeyGrabs::Hold> m_keys;
 
     QPointer<QWindow> m_keyboardWindow; ///< that has the whole keyboard
