@@ -34,18 +34,41 @@ void X11CurrentLayout::handle(const X11Event &event)
     if (event.type() != m_connection.xkb().firstEvent)
         return;
     const auto &notify = event.as<xcb_xkb_state_notify_event_t>();
-    const bool isSameGroup = notify.xkbType == XCB_XKB_STATE_NOTIFY
-        && !(notify.changed & XCB_XKB_STATE_PART_GROUP_STATE);
-    if (isSameGroup)
-        return;
-    m_layout.reset();
-    ++m_revision;
+    if (notify.xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY)
+        m_isSuspect = true;
+    else if (notify.xkbType != XCB_XKB_STATE_NOTIFY
+             || (notify.changed & XCB_XKB_STATE_PART_GROUP_STATE))
+        m_layout.reset();
+}
+
+/// What setxkbmap(1) and desktops make the layout of, such as "pc+de+inet(evdev)"; an atom.
+quint32 X11CurrentLayout::symbolsName() const
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const XcbPtr<xcb_xkb_get_names_reply_t> names(xcb_xkb_get_names_reply(
+        xcb, xcb_xkb_get_names(xcb, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_NAME_DETAIL_SYMBOLS),
+        nullptr));
+    if (!names || !(names->which & XCB_XKB_NAME_DETAIL_SYMBOLS))
+        return XCB_ATOM_NONE;
+    xcb_xkb_get_names_value_list_t values = {};
+    xcb_xkb_get_names_value_list_unpack(xcb_xkb_get_names_value_list(names.get()), names->nTypes,
+                                        names->indicators, names->virtualMods, names->groupNames,
+                                        names->nKeys, names->nKeyAliases, names->nRadioGroups,
+                                        names->which, &values);
+    return values.symbolsName;
 }
 
 const X11KeyLayout *X11CurrentLayout::get()
 {
-    if (!m_layout)
+    if (std::exchange(m_isSuspect, false)) {
+        const quint32 name = symbolsName();
+        if (std::exchange(m_symbolsName, name) != name || name == XCB_ATOM_NONE)
+            m_layout.reset();
+    }
+    if (!m_layout) {
         m_layout = X11KeyLayout::read(m_connection);
+        ++m_revision;
+    }
     return m_layout ? &*m_layout : nullptr;
 }
 
