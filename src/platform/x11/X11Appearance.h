@@ -3,11 +3,9 @@
 #pragma once
 
 #include "platform/freedesktop/FreedesktopAppearance.h"
+#include "platform/x11/X11Manager.h"
 
 namespace Tessel {
-
-class X11Connection;
-class X11Event;
 
 /// Also what the desktop's XSETTINGS manager says; when it is gone, what it said last.
 class X11Appearance final : public FreedesktopAppearance
@@ -18,15 +16,10 @@ public:
     explicit X11Appearance(X11Connection &connection);
 
 private:
-    void handle(const X11Event &event);
-    void follow(quint32 manager);
     void read();
 
     X11Connection &m_connection;
-    quint32 m_selection;
-    quint32 m_settings;
-    quint32 m_manager = 0;
-    std::shared_ptr<void> m_subscription;
+    X11Manager m_manager;
 };
 
 }

@@ -3,14 +3,12 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
-
-#include <memory>
+#include "platform/x11/X11SelectionWatch.h"
 
 namespace Tessel {
 
 class X11Connection;
 class X11SelectionReader;
-class X11Event;
 
 /// The CLIPBOARD selection. Changes are counted by XFixes, which tells of each new owner.
 class X11Pasteboard final : public Pasteboard
@@ -24,13 +22,10 @@ public:
     void setString(const QString &text) override;
 
 private:
-    void handle(const X11Event &event);
-
-    X11Connection &m_connection;
     X11SelectionReader &m_reader;
     quint32 m_clipboard;
     qint64 m_changeCount = 0;
-    std::shared_ptr<void> m_subscription;
+    X11SelectionWatch m_watch;
 };
 
 }

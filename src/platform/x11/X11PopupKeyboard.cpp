@@ -88,6 +88,8 @@ void X11PopupKeyboard::handle(const X11Event &event)
 void X11PopupKeyboard::takeKeys(QWindow *window, const Wants &wants)
 {
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
+    if (!m_services.layout.get())
+        return; // without XKB
     m_keysWindow = window;
     m_wants = wants;
     xcb_connection_t *xcb = m_services.connection.xcb();

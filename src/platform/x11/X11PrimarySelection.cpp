@@ -8,37 +8,33 @@
 #include "platform/x11/X11WindowManager.h"
 
 #include <xcb/xcb.h>
-#include <xcb/xfixes.h>
 
 namespace Tessel {
 
 X11PrimarySelection::X11PrimarySelection(X11Connection &connection)
     : m_connection(connection)
+    , m_watch(connection, XCB_ATOM_PRIMARY,
+              [this](quint32 owner, quint32 time) {
+                  if (owner)
+                      m_takenAt = time;
+              })
+    , m_rootEvents(connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE))
+    , m_subscription(connection.subscribe([this](const X11Event &event) { handle(event); }))
 {
-    if (!connection.xfixes().present)
-        return;
-    xcb_xfixes_select_selection_input(connection.xcb(), connection.root(), XCB_ATOM_PRIMARY,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
-    m_rootEvents = connection.listenToRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
 }
 
 void X11PrimarySelection::handle(const X11Event &event)
 {
-    if (event.type() == m_connection.xfixes().firstEvent + XCB_XFIXES_SELECTION_NOTIFY) {
-        const auto &notify = event.as<xcb_xfixes_selection_notify_event_t>();
-        if (notify.selection == XCB_ATOM_PRIMARY && notify.owner != XCB_NONE)
-            m_takenAt = notify.timestamp;
-    } else if (event.type() == XCB_PROPERTY_NOTIFY) {
-        const auto &notify = event.as<xcb_property_notify_event_t>();
-        if (notify.window != m_connection.root()
-            || notify.atom != m_connection.atom("_NET_ACTIVE_WINDOW"))
-            return;
-        // Window managers write it again, or take it away for a moment, when a key is grabbed.
-        const quint32 active = X11WindowManager(m_connection).activeWindow();
-        if (active && std::exchange(m_activeWindow, active) != active)
-            m_activeSince = notify.time;
-    }
+    if (event.type() != XCB_PROPERTY_NOTIFY)
+        return;
+    const auto &notify = event.as<xcb_property_notify_event_t>();
+    if (notify.window != m_connection.root()
+        || notify.atom != m_connection.atom("_NET_ACTIVE_WINDOW"))
+        return;
+    // Window managers write it again, or take it away for a moment, when a key is grabbed.
+    const quint32 active = X11WindowManager(m_connection).activeWindow();
+    if (active && std::exchange(m_activeWindow, active) != active)
+        m_activeSince = notify.time;
 }
 
 bool X11PrimarySelection::isNewerThanFocus() const

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include "platform/x11/X11SelectionWatch.h"
 
 #include <memory>
 #include <optional>
 
 namespace Tessel {
 
-class X11Connection;
 class X11Event;
 
 /// Whose text the PRIMARY selection is, and since when. Whatever is marked with the mouse or by
@@ -34,6 +33,7 @@ private:
     quint32 m_activeWindow = 0;
     std::optional<quint32> m_activeSince; ///< server time, as below; nothing: before our start
     std::optional<quint32> m_takenAt;
+    X11SelectionWatch m_watch;
     std::shared_ptr<void> m_rootEvents;
     std::shared_ptr<void> m_subscription;
 };

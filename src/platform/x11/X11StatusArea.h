@@ -3,13 +3,9 @@
 #pragma once
 
 #include "platform/freedesktop/NotifierArea.h"
-
-#include <memory>
+#include "platform/x11/X11Manager.h"
 
 namespace Tessel {
-
-class X11Connection;
-class X11Event;
 
 /// Also a tray that embeds windows (System Tray Protocol Specification).
 class X11StatusArea final : public NotifierArea
@@ -21,19 +17,13 @@ public:
 
     [[nodiscard]] bool isAvailable() const override
     {
-        return NotifierArea::isAvailable() || m_tray;
+        return NotifierArea::isAvailable() || m_tray.window();
     }
     [[nodiscard]] std::optional<quint32> itemColor() const override;
 
 private:
-    void handle(const X11Event &event);
-    void follow(quint32 tray);
-
     X11Connection &m_connection;
-    quint32 m_traySelection;
-    quint32 m_colors;
-    quint32 m_tray = 0; ///< window of its manager
-    std::shared_ptr<void> m_subscription;
+    X11Manager m_tray;
 };
 
 }
