@@ -95,7 +95,7 @@ applications = (
                 "soffice --nologo --norestore --calc {document}", title="text",
                 document=documents.spreadsheet, select=("ctrl+Home",), copies_unselected=True,
                 uppercase=False, line_end=True, sign=Sign.formula),
-    Application("emacs", ("emacs-gtk",), "emacs -Q {document}",
+    Application("emacs", ("emacs-gtk",), "emacs -Q {document}", title="text",
                 select=("ctrl+g", "ctrl+x", "h"), copy=("alt+w",), deselect=("ctrl+g",),
                 copies_unselected=True, uppercase=False),
     Application("gvim", ("vim-gtk3",), "gvim -f {document}",
