@@ -17,27 +17,38 @@ columns = {kind: text_columns for kind in Kind} | {
 
 introduction = """# Applications
 
-What `scripts/try-applications --markdown` found: on an X11 desktop with openbox and picom, each
-application is opened with a text, the text is selected and the trigger pressed, as a user would.
+Tessel was tried with each of these, as you would use it, on an X11 desktop with openbox and picom: open
+a text, select it, press the trigger, press the key of an action. A dash is where there is nothing to try;
+[the columns](#columns) and [what is particular](#particulars) are explained below the tables.
+"""
 
-- **text right**: the bar appears, and the key 1 runs the first action on exactly what was selected
-- **selection kept**: copying by the application's own keys after that still gives the text
-- **focus kept**: the active window and the keyboard's focus are the same while the bar is shown
-- **nothing leaked**: neither the trigger nor the key 1 changed the text or reached the application
-- **alive**: its window is still there, and a program in a terminal was never interrupted
-- **without selection**: no bar, the clipboard as before, the text unchanged; and F2 does what it does
-  there where that can be seen: in file managers (Rename), Calc (edit the cell), terminals (the program reads
-  it), the browsers' page, Swing and Tk
-- **other triggers**: the same text with Super+T and Ctrl+Shift+Space, which replace nothing
-- **Uppercase**: the default action replaces the selection by capital letters
-- **ms**: from the trigger to the bar, with the time xdotool takes to start
+notes = """## Columns
 
-KWrite copies the line, and Emacs the text between mark and point, when nothing looks selected: there
-the bar appears. IDLE and Calc copy nothing then, which empties the clipboard, as their own keys do.
-A dash is where there is nothing to try: viewers and terminals have nothing to replace, Ctrl+V is another
-command in Emacs and gvim, Tk pastes beside the selection, and Calc asks before it overwrites a cell.
-Dolphin's terminal panel is not known as a terminal; the program in it reads the copy shortcut, Ctrl+Insert.
-A locker that does not lock without Tessel either (as root, who has no password) "cannot lock here".
+- **text right**: the bar appears, and its first action gets exactly what is selected
+- **selection kept**: the text is still selected, as copying it by the application's own keys shows
+- **focus kept**: the window and its keyboard focus stay as they are while the bar is shown
+- **nothing leaked**: the application gets neither the trigger nor the action's key
+- **alive**: its window is still there, and no program in a terminal was interrupted
+- **without selection**: no bar, and clipboard and text are as before; F2 does what the application has it for
+  (looked at in Calc, which edits the cell, file managers, which rename, terminals, browsers, Swing and Tk)
+- **other triggers**: the same holds for Super+T and Ctrl+Shift+Space
+- **Uppercase**: the action replaces the selection by capital letters
+- **ms**: milliseconds from the trigger's key to the bar; Tessel looks for the text after the first 100
+- **locks above the bar, large type**: the locker gets the keyboard while these are shown
+
+## Particulars
+
+- "swing" and "tk" are a text field of these toolkits, "dolphin-panel" is Dolphin's terminal panel.
+- KWrite copies the line that the cursor is in, and Emacs the text between mark and point, when nothing looks
+  selected: the bar appears with that.
+- IDLE and Calc copy nothing then, which empties the clipboard, as their own shortcuts do.
+- File managers: a selected file is no text, so F2 renames it; text in the location bar is.
+- Uppercase pastes with Ctrl+V, which is another command in Emacs and gvim; Tk pastes beside the selection,
+  and Calc asks before it overwrites a cell.
+- Dolphin's terminal panel is not known as a terminal: the bar takes longer, and the program in it reads
+  the copy shortcut, Ctrl+Insert.
+- A locker that "cannot lock here" did not lock without Tessel either, so nothing is known of it: it was
+  tried by root, who has no password.
 """
 
 
@@ -77,6 +88,7 @@ def print_markdown(rows):
         for line in lines:
             print(f"| {' | '.join(line)} |")
         print()
+    print(notes, end="")
 
 
 def print_plain(rows):
