@@ -20,6 +20,9 @@ namespace {
 constexpr int terminalRows = 24;
 constexpr int terminalBorder = 2;
 constexpr std::chrono::milliseconds retryAfter { 500 };
+// What is clicked again passes through the selection of one word, which must not be what a late
+// answer to the clicks before is taken for.
+constexpr std::chrono::milliseconds clickAgainAfter { 3000 };
 
 struct Program
 {
@@ -118,12 +121,14 @@ bool Editor::selectAll()
     // apart than the clicks of a double click.
     const QDeadlineTimer deadline(defaultTimeout);
     const QString selected = m_kind == EditorKind::Sakura ? m_text + u'\n' : m_text;
+    const bool byMouse = isTerminal(m_kind);
     do {
-        if (isTerminal(m_kind))
+        if (byMouse)
             selectLinesByMouse();
         else
             selectByKeyboard();
-        if (m_session.clipboard().waitForText(selected, XClipboard::Selection::Primary, retryAfter))
+        if (m_session.clipboard().waitForText(selected, XClipboard::Selection::Primary,
+                                              byMouse ? clickAgainAfter : retryAfter))
             return true;
     } while (!deadline.hasExpired());
     return false;
