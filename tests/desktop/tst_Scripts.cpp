@@ -66,6 +66,9 @@ private Q_SLOTS:
         QVERIFY(stage.runAction());
         const QString upper = u"ONE É ЖУК 한글 IT'S\n\"TWO\" \\"_s;
         QVERIFY(stage.session.clipboard().waitForText(upper));
+        // Looking at the content selects it anew, which must not come before the paste.
+        const quint32 editor = stage.editor->window().id;
+        QTRY_VERIFY_WITH_TIMEOUT(stage.user().window(editor)->title.contains(u'*'), 15000);
         QTRY_COMPARE_WITH_TIMEOUT(stage.editor->content(), upper, 15000);
     }
 
