@@ -46,9 +46,9 @@ bool isDone(const QFuture<void> &future)
     return future.isFinished() && !future.isCanceled();
 }
 
-bool isFalse(const QFuture<bool> &future)
+bool isFalse(const std::optional<QFuture<bool>> &future)
 {
-    return future.isResultReadyAt(0) && !future.resultAt(0);
+    return future && future->isResultReadyAt(0) && !future->resultAt(0);
 }
 
 }
@@ -116,7 +116,7 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application,
     const qint64 start = m_dependencies.clock();
     m_lastSimulationTime = start;
     QFuture<void> seen;
-    QFuture<bool> marked;
+    std::optional<QFuture<bool>> marked; // once it was asked for
     const bool isSentKeys = !application.isTerminal && !application.isModal;
     if (isSentKeys)
         seen = copyRequest.copySelection(application);
@@ -131,7 +131,7 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application,
             tellOnce(nothingSelected);
         co_await sleepFor(poll * pollInterval - elapsed());
         if (pasteboard.changeCount() <= before) {
-            if (poll == secondSourcePoll && isSentKeys)
+            if (poll >= secondSourcePoll && !marked)
                 marked = copyRequest.copyMarkedText(application, Marked::sinceFocus);
             continue;
         }
