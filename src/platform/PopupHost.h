@@ -57,9 +57,9 @@ public:
     /// compositor can; the rest lets clicks through.
     virtual void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) = 0;
 
-    /// Sends the keys that it wants to the shown window, as key events, until they are released or
-    /// it is hidden. All others go to the application in front as ever, where the desktop can tell
-    /// them apart.
+    /// Sends the keys that it wants to the window, which is shown or about to be, as key events,
+    /// until they are released. All others go to the application in front as ever, where the
+    /// desktop can tell them apart.
     virtual void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants) = 0;
     virtual void releaseKeys(QWindow *window) = 0;
 

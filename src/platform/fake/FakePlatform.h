@@ -121,7 +121,6 @@ public:
 
         PopupLocation location { { 400, 300 }, QRect(0, 0, 800, 600), QRect(0, 0, 800, 600) };
         bool compositing = true;
-        bool refusesKeyboard = false;
         QList<QWindow *> adopted;
         QRect active;
         QWindow *keyboard = nullptr;
