@@ -53,10 +53,13 @@ Program programOf(EditorKind kind, const QString &file)
     Q_UNREACHABLE();
 }
 
+// The terminal answers where its cursor is (ECMA-48, DSR) once it has drawn the text before.
 QString terminalProgram(const QString &textFile, const QString &interruptsFile)
 {
     return u"cat '%1'\n"
            "trap 'echo interrupted >>\"%2\"' INT\n"
+           "stty -echo -icanon; printf '\\033[6n'; head -c 1 >/dev/null; stty sane\n"
+           ">'%2'\n"
            "while :; do sleep 0.1; done\n"_s.arg(textFile, interruptsFile);
 }
 
@@ -112,7 +115,9 @@ bool Editor::open(const QString &text)
     if (!window || !m_session.user().waitUntilUsable(window->id))
         return false;
     m_window = m_session.user().window(window->id).value_or(m_window);
-    return true;
+    return !isTerminal(m_kind)
+        || QTest::qWaitFor([this] { return QFile::exists(m_interruptsFile); },
+                           static_cast<int>(defaultTimeout.count()));
 }
 
 bool Editor::selectAll()
@@ -122,15 +127,18 @@ bool Editor::selectAll()
     const QDeadlineTimer deadline(defaultTimeout);
     const QString selected = m_kind == EditorKind::Sakura ? m_text + u'\n' : m_text;
     const bool byMouse = isTerminal(m_kind);
+    XClipboard &clipboard = m_session.clipboard();
     do {
         if (byMouse)
             selectLinesByMouse();
         else
             selectByKeyboard();
-        if (m_session.clipboard().waitForText(selected, XClipboard::Selection::Primary,
-                                              byMouse ? clickAgainAfter : retryAfter))
+        if (clipboard.waitForText(selected, XClipboard::Selection::Primary,
+                                  byMouse ? clickAgainAfter : retryAfter))
             return true;
     } while (!deadline.hasExpired());
+    qWarning("selected: %s",
+             qPrintable(clipboard.text(XClipboard::Selection::Primary).value_or(u"nothing"_s)));
     return false;
 }
 
@@ -162,6 +170,7 @@ void Editor::selectByKeyboard()
 void Editor::selectLinesByMouse()
 {
     auto &user = m_session.user();
+    m_window = user.window(m_window.id).value_or(m_window); // it may have moved since it came
     const int lineHeight = (m_window.geometry.height() - 2 * terminalBorder) / terminalRows;
     const auto lines = static_cast<int>(m_text.count(u'\n')) + 1;
     const QPoint first = m_window.geometry.topLeft()
