@@ -19,8 +19,9 @@ public:
     /// Rises each time that somebody puts something on the pasteboard, the same text included.
     [[nodiscard]] virtual qint64 changeCount() const = 0;
 
-    /// The plain text on the pasteboard; nothing when there is none, as for copied files, or when
-    /// its owner makes no progress for as long as `patience`. The future always finishes; the main thread never waits.
+    /// The plain text on the pasteboard; nothing when there is none, as for copied files, when a
+    /// password manager marks it as secret, or when its owner makes no progress for as long as
+    /// `patience`. The future always finishes; the main thread never waits.
     [[nodiscard]] virtual QFuture<std::optional<QString>> string(std::chrono::milliseconds patience)
         = 0;
 

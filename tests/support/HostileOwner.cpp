@@ -12,6 +12,7 @@
 //     dies-while-sending   sends the first part of a transfer in parts (INCR) and exits
 //     incr SIZE            sends SIZE bytes, a to z over and over, in parts
 //     files                offers copied files, and their paths as text
+//     secret               gives text as a password manager does, which marks it as secret
 //     latin1-only          offers "café" as STRING (ISO 8859-1) alone
 //     empty-first          gives no bytes at first, takes CLIPBOARD again and gives "late"
 //
@@ -84,6 +85,7 @@ private:
     xcb_window_t m_window = XCB_NONE;
     xcb_atom_t m_clipboard;
     xcb_atom_t m_targets;
+    xcb_atom_t m_passwordHint;
     xcb_atom_t m_offered; // the one type of data that is given
     bool m_isReady = false;
     std::vector<Transfer> m_transfers;
@@ -96,6 +98,7 @@ Owner::Owner(const std::string &mode, const std::string &argument)
     , m_c(m_connection.get())
     , m_clipboard(Xcb::atom(m_c, "CLIPBOARD"))
     , m_targets(Xcb::atom(m_c, "TARGETS"))
+    , m_passwordHint(Xcb::atom(m_c, "x-kde-passwordManagerHint"))
     , m_offered(mode == "latin1-only" ? xcb_atom_t { XCB_ATOM_STRING }
                                       : Xcb::atom(m_c, "UTF8_STRING"))
 {
@@ -107,6 +110,8 @@ Owner::Owner(const std::string &mode, const std::string &argument)
         m_text = "caf\xe9";
     else if (mode == "files")
         m_text = "/a/path";
+    else if (mode == "secret")
+        m_text = "hunter2";
 }
 
 void Owner::show()
@@ -208,9 +213,14 @@ bool Owner::answer(const xcb_selection_request_event_t &request)
 {
     if (request.target == m_targets) {
         const xcb_atom_t targets[] = { m_targets, m_offered,
-                                       m_mode == "files" ? Xcb::atom(m_c, "text/uri-list")
-                                                         : m_offered };
+                                       m_mode == "files"        ? Xcb::atom(m_c, "text/uri-list")
+                                           : m_mode == "secret" ? m_passwordHint
+                                                                : m_offered };
         put(request.requestor, request.property, XCB_ATOM_ATOM, 32, targets, std::size(targets));
+        return true;
+    }
+    if (m_mode == "secret" && request.target == m_passwordHint) {
+        put(request.requestor, request.property, m_passwordHint, 8, "secret", 6);
         return true;
     }
     if (request.target != m_offered)

@@ -15,22 +15,25 @@ namespace {
 constexpr quint32 maxBytes = 64 << 20;
 
 /// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
-struct Target
+struct Format
 {
-    const char *name;
+    const char *target;
     bool isUtf8;
 };
-constexpr Target targets[] = {
+constexpr Format formats[] = {
     { "UTF8_STRING", true },
     { "text/plain;charset=utf-8", true },
     { "STRING", false },
 };
 
+/// Offered, with the value "secret", by password managers (KDE's clipboard introduced it).
+constexpr const char *passwordHint = "x-kde-passwordManagerHint";
+
 }
 
 X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 selection,
                                            std::chrono::milliseconds patience,
-                                           std::chrono::milliseconds limit, Files files)
+                                           std::chrono::milliseconds limit, Accept accept)
     : m_connection(connection)
     , m_selection(selection)
     , m_owner(connection.selectionOwner(selection))
@@ -44,10 +47,10 @@ X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 se
     }
     m_patience.setInterval(patience);
     m_limit.start(limit);
-    if (files == Files::areNoText)
-        request("TARGETS");
+    if (accept == Accept::selectedText)
+        request(Asked::targets, "TARGETS");
     else
-        requestNextTarget();
+        requestNextFormat();
 }
 
 X11SelectionTransfer::~X11SelectionTransfer()
@@ -56,17 +59,17 @@ X11SelectionTransfer::~X11SelectionTransfer()
     xcb_flush(m_connection.xcb());
 }
 
-void X11SelectionTransfer::requestNextTarget()
+void X11SelectionTransfer::requestNextFormat()
 {
-    if (++m_target == int(std::size(targets))) {
+    if (++m_format == int(std::size(formats)))
         finish({});
-        return;
-    }
-    request(targets[m_target].name);
+    else
+        request(Asked::text, formats[m_format].target);
 }
 
-void X11SelectionTransfer::request(const char *target)
+void X11SelectionTransfer::request(Asked what, const char *target)
 {
+    m_asked = what;
     xcb_convert_selection(m_connection.xcb(), m_window, m_selection, m_connection.atom(target),
                           m_property, XCB_CURRENT_TIME);
     xcb_flush(m_connection.xcb());
@@ -98,19 +101,33 @@ void X11SelectionTransfer::handle(const X11Event &event)
 
 void X11SelectionTransfer::takeAnswer(quint32 property)
 {
-    if (m_target < 0) {
-        const bool areFiles = property != XCB_NONE
-            && m_connection.items(m_window, property).contains(m_connection.atom("text/uri-list"));
-        if (areFiles)
-            finish({});
-        else
-            requestNextTarget();
-        return;
+    switch (m_asked) {
+    case Asked::targets:
+        return takeTargets(property);
+    case Asked::passwordHint:
+        if (property != XCB_NONE && m_connection.property(m_window, property, 16) == "secret")
+            return finish({});
+        return requestNextFormat();
+    case Asked::text:
+        return property == XCB_NONE ? requestNextFormat() : takeText(property);
     }
-    if (property == XCB_NONE) {
-        requestNextTarget();
-        return;
-    }
+}
+
+/// Owners that do not answer this are older than the targets that matter here.
+void X11SelectionTransfer::takeTargets(quint32 property)
+{
+    const auto targets
+        = property == XCB_NONE ? QList<quint32>() : m_connection.items(m_window, property);
+    if (targets.contains(m_connection.atom("text/uri-list")))
+        finish({});
+    else if (targets.contains(m_connection.atom(passwordHint)))
+        request(Asked::passwordHint, passwordHint);
+    else
+        requestNextFormat();
+}
+
+void X11SelectionTransfer::takeText(quint32 property)
+{
     const XcbPtr<xcb_get_property_reply_t> type(
         xcb_get_property_reply(m_connection.xcb(),
                                xcb_get_property(m_connection.xcb(), 0, m_window, property,
@@ -158,7 +175,7 @@ void X11SelectionTransfer::finish(const std::optional<QByteArray> &text)
 
 QByteArray X11SelectionTransfer::utf8() const
 {
-    return targets[m_target].isUtf8 ? m_bytes : QString::fromLatin1(m_bytes).toUtf8();
+    return formats[m_format].isUtf8 ? m_bytes : QString::fromLatin1(m_bytes).toUtf8();
 }
 
 }

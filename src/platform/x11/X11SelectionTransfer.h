@@ -22,13 +22,15 @@ class X11SelectionTransfer final : public QObject
     Q_OBJECT
 
 public:
-    /// File managers give the paths of copied files as text, too.
-    enum class Files { areText, areNoText };
+    /// What counts as text: all that can be had as text, or not that which nobody selected as such:
+    /// the paths that file managers give for copied files, and what a password manager marks as
+    /// secret.
+    enum class Accept { anyText, selectedText };
 
     /// Gives up when the owner does nothing for `patience`, or after `limit` in all.
     X11SelectionTransfer(X11Connection &connection, quint32 selection,
                          std::chrono::milliseconds patience, std::chrono::milliseconds limit,
-                         Files files = Files::areText);
+                         Accept accept = Accept::anyText);
     ~X11SelectionTransfer() override;
 
 Q_SIGNALS:
@@ -36,10 +38,15 @@ Q_SIGNALS:
     void finished(const std::optional<QByteArray> &text);
 
 private:
-    void request(const char *target);
-    void requestNextTarget();
+    /// What was asked for last.
+    enum class Asked { targets, passwordHint, text };
+
+    void request(Asked what, const char *target);
+    void requestNextFormat();
     void handle(const X11Event &event);
     void takeAnswer(quint32 property);
+    void takeTargets(quint32 property);
+    void takeText(quint32 property);
     void takePiece();
     void finish(const std::optional<QByteArray> &text);
     [[nodiscard]] QByteArray utf8() const;
@@ -49,7 +56,8 @@ private:
     quint32 m_owner; ///< of the selection, when it was asked
     quint32 m_window; ///< the requestor; an own one keeps concurrent requests apart
     quint32 m_property;
-    int m_target = -1; ///< index of the text format that was asked for last; -1: none yet
+    Asked m_asked = Asked::text;
+    int m_format = -1; ///< index of the text format that was asked for last; -1: none yet
     bool m_incremental = false;
     bool m_isFinished = false;
     QByteArray m_bytes;
