@@ -4,6 +4,7 @@
 
 #include "base/KeyCodes.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FakeKeys.h"
 #include "platform/x11/X11Modifiers.h"
 
 #include <QGuiApplication>
@@ -20,6 +21,8 @@ namespace Tessel {
 
 namespace {
 
+/// From the raw event of a key that is ours to its press; they leave the server together.
+constexpr std::chrono::milliseconds grabbedPressLimit { 50 };
 constexpr quint32 leftButton = 1;
 constexpr quint32 firstScrollButton = 4;
 constexpr quint32 lastScrollButton = 7;
@@ -61,6 +64,7 @@ X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
     , m_grabs(grabs)
     , m_trigger(connection, grabs,
                 [this] {
+                    m_patience.stop();
                     const KeyChord &trigger = m_trigger.chord();
                     deliver({ InputEvent::Kind::keyDown, trigger.keyCode, trigger.modifiers });
                 })
@@ -69,6 +73,8 @@ X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
 {
     if (!connection.xinput().present || !connection.xkb().present)
         return;
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &X11EventMonitor::missTrigger);
     selectEvents();
     m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
 }
@@ -163,15 +169,39 @@ void X11EventMonitor::handleRaw(const X11Event &event)
 /// has the whole keyboard, they are meant for that one.
 void X11EventMonitor::handleRawKey(quint8 key)
 {
-    if (hasFocus() || m_popupHasKeyboard() || m_grabs.holds({ key, m_modifiers }))
+    if (hasFocus() || m_popupHasKeyboard())
         return;
     const auto keyCode = KeyCodes::virtualFromScanCode(key);
     if (keyCode && KeyCodes::isModifier(*keyCode))
         return; // on its way to another key
     const KeyChord pressed { keyCode.value_or(-1), X11Modifiers::bits(m_modifiers) };
-    deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
-    if (pressed == m_trigger.chord())
-        updateTrigger([this] { m_trigger.retry(); });
+    const bool isTrigger = pressed == m_trigger.chord();
+    if (!m_grabs.holds({ key, m_modifiers })) {
+        if (isTrigger)
+            deliverShared(key);
+        else
+            deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
+    } else if (isTrigger) {
+        m_expectedKey = key;
+        m_patience.start(grabbedPressLimit);
+    }
+}
+
+/// Another client has the whole keyboard, or has grabbed the trigger after us.
+void X11EventMonitor::missTrigger()
+{
+    updateTrigger([this] { m_trigger.retry(); });
+    if (m_trigger.isShared())
+        deliverShared(m_expectedKey);
+}
+
+/// While the key is down, all keys go to the client that has grabbed it.
+void X11EventMonitor::deliverShared(quint8 key)
+{
+    X11FakeKeys(m_connection).lift({ key });
+    const KeyChord &trigger = m_trigger.chord();
+    deliver({ InputEvent::Kind::keyDown, trigger.keyCode, trigger.modifiers });
+    updateTrigger([this] { m_trigger.retry(); });
 }
 
 void X11EventMonitor::deliver(const InputEvent &event)

@@ -6,6 +6,7 @@
 #include "platform/x11/X11TriggerKey.h"
 
 #include <QList>
+#include <QTimer>
 
 namespace Tessel {
 
@@ -40,6 +41,8 @@ private:
     void handle(const X11Event &event);
     void handleRaw(const X11Event &event);
     void handleRawKey(quint8 key);
+    void missTrigger();
+    void deliverShared(quint8 key);
     void deliver(const InputEvent &event);
     template <typename Change> void updateTrigger(Change change);
     [[nodiscard]] bool isPointerOverOwnWindow() const;
@@ -50,6 +53,8 @@ private:
     std::function<bool()> m_popupHasKeyboard;
     std::function<void()> m_pressedElsewhere;
     std::shared_ptr<void> m_subscription;
+    QTimer m_patience; ///< from the raw event of the trigger until its press
+    quint8 m_expectedKey = 0; ///< that it waits for
     quint8 m_modifiers = 0; ///< mask as of the last state change that the server told
     QList<Token *> m_tokens;
 };

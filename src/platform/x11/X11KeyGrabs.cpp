@@ -86,7 +86,26 @@ public:
     {
         for (const auto &[key, answer] : std::exchange(m_answers, {}))
             removeRefused(key, answer);
-        return strokes.size() == m_wanted;
+        return strokes.size() == m_wanted && !isGrabbedByCoreClient();
+    }
+
+    /// Grabs of the core protocol, which most programs use, and ours do not see each other: whoever
+    /// grabs last gets the key. Only a grab of the same kind is refused.
+    [[nodiscard]] bool isGrabbedByCoreClient() const
+    {
+        xcb_connection_t *xcb = m_grabs.m_connection.xcb();
+        const quint32 root = m_grabs.m_connection.root();
+        QList<xcb_void_cookie_t> attempts;
+        for (const X11Stroke &stroke : strokes)
+            attempts += xcb_grab_key_checked(xcb, 1, root, stroke.modifiers, stroke.key,
+                                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        bool isRefused = false;
+        for (const xcb_void_cookie_t attempt : attempts)
+            isRefused |= XcbPtr<xcb_generic_error_t>(xcb_request_check(xcb, attempt)) != nullptr;
+        for (const X11Stroke &stroke : strokes)
+            xcb_ungrab_key(xcb, stroke.key, root, stroke.modifiers);
+        xcb_flush(xcb);
+        return isRefused;
     }
 
     QList<X11Stroke> strokes; ///< those that are ours

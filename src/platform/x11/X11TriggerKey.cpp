@@ -54,8 +54,7 @@ void X11TriggerKey::setWatching(bool isWatching)
 
 void X11TriggerKey::retry()
 {
-    if (m_isShared)
-        grab();
+    grab();
 }
 
 void X11TriggerKey::grab()

@@ -26,7 +26,7 @@ public:
     /// Another client has the key: it can only be observed.
     [[nodiscard]] bool isShared() const { return m_isShared; }
 
-    /// Tries again after another client had the key.
+    /// Tries again: another client may have let the key go, or taken it.
     void retry();
 
     /// Presses the key that was kept last for the application, once.
