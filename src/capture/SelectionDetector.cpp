@@ -114,6 +114,9 @@ QCoro::Task<> SelectionDetector::runTriggerCycle()
         if (self)
             self->passTriggerOn();
     };
+    PopupHost &popupHost = m_dependencies.popupHost;
+    if (popupHost.isScreenLocked())
+        co_return;
     const auto selected
         = co_await m_dependencies.accessibility.getSelectedTextInfo(nothingSelected);
     if (!self)
@@ -130,8 +133,8 @@ QCoro::Task<> SelectionDetector::runTriggerCycle()
         co_return;
     }
     printCapture(*selected);
-    const PopupLocation location = co_await m_dependencies.popupHost.locate();
-    if (!self)
+    const PopupLocation location = co_await popupHost.locate();
+    if (!self || popupHost.isScreenLocked())
         co_return;
     Log::print(
         u"DEBUG: Mouse Location: (%1, %2)"_s.arg(location.pointer.x()).arg(location.pointer.y()));

@@ -43,6 +43,9 @@ public:
     /// May take a moment on desktops where the pointer is not known at any time.
     [[nodiscard]] virtual QFuture<PopupLocation> locate() = 0;
 
+    /// Whether a screen locker covers everything: nothing is shown above it.
+    [[nodiscard]] virtual bool isScreenLocked() const = 0;
+
     /// Whether translucent pixels are blended; else they would show black.
     [[nodiscard]] virtual bool isCompositing() const = 0;
 

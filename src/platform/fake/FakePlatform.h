@@ -106,6 +106,7 @@ public:
     {
     public:
         [[nodiscard]] QFuture<PopupLocation> locate() override;
+        [[nodiscard]] bool isScreenLocked() const override { return false; }
         [[nodiscard]] bool isCompositing() const override { return compositing; }
         [[nodiscard]] Qt::WindowFlags windowFlags() const override
         {

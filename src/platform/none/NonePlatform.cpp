@@ -96,6 +96,7 @@ public:
     {
         return Qt::ToolTip | Qt::FramelessWindowHint;
     }
+    [[nodiscard]] bool isScreenLocked() const override { return false; }
     [[nodiscard]] bool isCompositing() const override { return false; }
     void adopt(QWindow *) override { }
     void setActiveRegion(QWindow *, const QRect &, int) override { }

@@ -4,6 +4,7 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11PopupKeyboard.h"
+#include "platform/x11/X11ScreenLocker.h"
 #include "platform/x11/X11WorkArea.h"
 #include "platform/x11/X11Workspace.h"
 
@@ -12,6 +13,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
 #include <cstring>
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
@@ -127,6 +129,16 @@ QRect X11PopupHost::visibleFrame(const QRect &nativeScreen) const
     return x11WorkArea(nativeScreen,
                        QSize(desktop.x() + desktop.width(), desktop.y() + desktop.height()),
                        struts(m_connection));
+}
+
+bool X11PopupHost::isScreenLocked() const
+{
+    if (m_keyboard.holdsKeyboard())
+        return false;
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [this](const QScreen *screen) {
+        return isCoveredByLocker(m_connection, nativeGeometry(screen));
+    });
 }
 
 bool X11PopupHost::isCompositing() const

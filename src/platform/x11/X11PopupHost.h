@@ -17,6 +17,7 @@ public:
     X11PopupHost(X11Connection &connection, X11Workspace &workspace, X11PopupKeyboard &keyboard);
 
     [[nodiscard]] QFuture<PopupLocation> locate() override;
+    [[nodiscard]] bool isScreenLocked() const override;
     [[nodiscard]] bool isCompositing() const override;
     [[nodiscard]] Qt::WindowFlags windowFlags() const override;
     void adopt(QWindow *window) override;
