@@ -7,7 +7,6 @@
 #include "platform/CopyRequest.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
-#include "platform/PopupHost.h"
 #include "platform/Workspace.h"
 
 #include <QCoroFuture>
@@ -65,7 +64,7 @@ AccessibilityManager &AccessibilityManager::shared()
         QElapsedTimer sinceStart;
         sinceStart.start();
         return new AccessibilityManager({ platform.workspace(), platform.copyRequest(),
-                                          platform.pasteboard(), platform.popupHost(),
+                                          platform.pasteboard(),
                                           [sinceStart] { return sinceStart.elapsed(); } });
     }();
     return *instance;
@@ -98,8 +97,7 @@ AccessibilityManager::getSelectedTextInfo(std::function<void()> nothingSelected)
         co_return std::nullopt;
     }
     Log::print(u"DEBUG: Cmd+C simulation succeeded.");
-    const PopupLocation location = co_await m_dependencies.popupHost.locate();
-    co_return SelectedText { *text, location.pointer, application->bundleIdentifier };
+    co_return SelectedText { *text, application->bundleIdentifier };
 }
 
 /// Terminals and modal editors are never sent anything: their marked text counts, or nothing is

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QCoroTask>
-#include <QPoint>
 #include <QString>
 
 #include <functional>
@@ -13,7 +12,6 @@ namespace Tessel {
 
 class CopyRequest;
 class Pasteboard;
-class PopupHost;
 class Workspace;
 struct FrontApplication;
 
@@ -21,7 +19,6 @@ struct FrontApplication;
 struct SelectedText
 {
     QString text; ///< not empty, lines end with a line feed
-    QPoint pointer; ///< at the end of the capture
     std::optional<QString> bundleId; ///< of the application in front at the start of the capture
 };
 
@@ -38,7 +35,6 @@ public:
         Workspace &workspace;
         CopyRequest &copyRequest;
         Pasteboard &pasteboard;
-        PopupHost &popupHost;
         Clock clock;
     };
 

@@ -23,12 +23,12 @@ namespace {
 /// Our own copy keystroke, and what is typed right after it, are not the user's wish.
 constexpr qint64 selfSuppression = 1000; // milliseconds
 
-void printCapture(const SelectedText &selected)
+void printCapture(const QString &text, QPoint pointer)
 {
     const QString rule(50, u'-');
     Log::print(rule);
-    Log::print(u"SELECTED TEXT: "_s + selected.text);
-    Log::print(u"BOUNDS: (%1, %2, 0, 0)"_s.arg(selected.pointer.x()).arg(selected.pointer.y()));
+    Log::print(u"SELECTED TEXT: "_s + text);
+    Log::print(u"BOUNDS: (%1, %2, 0, 0)"_s.arg(pointer.x()).arg(pointer.y()));
     Log::print(rule);
 }
 
@@ -132,10 +132,10 @@ QCoro::Task<> SelectionDetector::runTriggerCycle()
         passTriggerOn();
         co_return;
     }
-    printCapture(*selected);
     const PopupLocation location = co_await popupHost.locate();
     if (!self || popupHost.isScreenLocked())
         co_return;
+    printCapture(selected->text, location.pointer);
     Log::print(
         u"DEBUG: Mouse Location: (%1, %2)"_s.arg(location.pointer.x()).arg(location.pointer.y()));
     m_dependencies.bar.show(location, selected->text,

@@ -33,7 +33,7 @@ class tst_AccessibilityManager : public QObject
     AccessibilityManager manager()
     {
         return AccessibilityManager({ m_platform.workspace(), m_platform.copyRequest(),
-                                      m_platform.pasteboard(), m_platform.popupHost(),
+                                      m_platform.pasteboard(),
                                       [this] { return m_clock.elapsed(); } });
     }
 
@@ -77,7 +77,6 @@ private Q_SLOTS:
         QCOMPARE(captured.has_value(), !expected.isNull());
         if (captured) {
             QCOMPARE(captured->text, expected);
-            QCOMPARE(captured->pointer, m_platform.popupHost().location.pointer);
             QCOMPARE(captured->bundleId, u"org.test.Editor"_s);
         }
         QVERIFY2(took >= poll * 100 - 5, qPrintable(QString::number(took)));
@@ -114,7 +113,7 @@ private Q_SLOTS:
             return isMarked;
         };
         AccessibilityManager accessibility({ platform.workspace(), platform.copyRequest(),
-                                             platform.pasteboard(), platform.popupHost(),
+                                             platform.pasteboard(),
                                              [this] { return m_clock.elapsed(); } });
         int toldAfter = -1;
         const qint64 start = m_clock.elapsed();

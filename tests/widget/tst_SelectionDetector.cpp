@@ -42,7 +42,7 @@ struct Fixture
     qint64 offset = 0;
     QElapsedTimer timer;
     AccessibilityManager accessibility { { platform.workspace(), platform.copyRequest(),
-                                           platform.pasteboard(), platform.popupHost(),
+                                           platform.pasteboard(),
                                            [this] { return timer.elapsed() + offset; } } };
     std::unique_ptr<SelectionDetector> detector
         = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
