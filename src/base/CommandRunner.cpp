@@ -5,17 +5,22 @@
 #include "base/ChildProcess.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <array>
+#include <chrono>
 #include <utility>
 
 #include <unistd.h>
+
+using namespace std::chrono_literals;
 
 namespace Tessel {
 
 namespace {
 
-/// Reads a pipe until nobody has it open for writing, then deletes itself.
+/// Reads a pipe until nobody has it open for writing, then deletes itself. With pauses: a program
+/// that writes without end is held up, instead of taking the computer's time together with us.
 class Drain final : public QObject
 {
 public:
@@ -30,12 +35,15 @@ public:
 private:
     void drop()
     {
-        std::array<char, 16384> bytes;
-        if (read(m_pipe.number(), bytes.data(), bytes.size()) > 0)
-            return;
+        std::array<char, 65536> bytes;
         m_notifier.setEnabled(false);
-        deleteLater();
+        if (read(m_pipe.number(), bytes.data(), bytes.size()) > 0)
+            QTimer::singleShot(pause, this, [this] { m_notifier.setEnabled(true); });
+        else
+            deleteLater();
     }
+
+    static constexpr auto pause = 100ms;
 
     Descriptor m_pipe;
     QSocketNotifier m_notifier;

@@ -19,7 +19,7 @@ namespace Tessel {
 ///
 /// Programs that a command leaves in the background do not delay its result, which has what was
 /// written until the command itself exited. What they write later is read and dropped, so that they
-/// neither block nor die of SIGPIPE.
+/// do not die of SIGPIPE and get on, by 640 KiB a second.
 ///
 /// Destroying the runner forgets the children; they live on. Main thread only.
 class CommandRunner final : public QObject

@@ -3,6 +3,7 @@
 #include "base/ChildProcess.h"
 #include "base/CommandRunner.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -301,9 +302,13 @@ private Q_SLOTS:
         start(script("yes & yes >&2 &"));
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
         QVERIFY(m_results.constFirst().output.size() <= 65536);
-        start(script("echo other"));
+        int awakenings = 0;
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &*m_runner,
+                [&awakenings] { ++awakenings; });
+        start(script("sleep 0.3; echo other"));
         QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 2, bound);
         QCOMPARE(m_results.constLast().output, QByteArray("other\n"));
+        QVERIFY2(awakenings < 300, qPrintable(QString::number(awakenings)));
         QCOMPARE(unreadOutput(pid), 65536);
     }
 
