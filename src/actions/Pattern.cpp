@@ -3,6 +3,7 @@
 #include "actions/Pattern.h"
 
 #include "actions/RequiredLiteral.h"
+#include "actions/TimedText.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,28 +14,24 @@ namespace Tessel {
 
 namespace {
 
-using Clock = MatchBudget::Clock;
-
 /// What the callbacks of a search know.
 struct Watch
 {
-    Clock::time_point deadline;
+    const TimedText &text;
     unsigned startsTried = 0;
-
-    [[nodiscard]] bool hasTimeLeft() const { return Clock::now() < deadline; }
 };
 
 /// Called after each ten thousand steps or so.
 UBool mayGoOn(const void *context, int32_t)
 {
-    return static_cast<const Watch *>(context)->hasTimeLeft() ? 1 : 0;
+    return static_cast<const Watch *>(context)->text.hasTimeLeft() ? 1 : 0;
 }
 
 /// Called at each place where a match might start.
 UBool mayTryNext(const void *context, int64_t)
 {
     auto *watch = static_cast<Watch *>(const_cast<void *>(context));
-    return ++watch->startsTried % 256 != 0 || watch->hasTimeLeft() ? 1 : 0;
+    return ++watch->startsTried % 256 != 0 || watch->text.hasTimeLeft() ? 1 : 0;
 }
 
 /// Refers to the text, does not copy it.
@@ -52,16 +49,19 @@ std::unique_ptr<const icu::RegexPattern> compiled(const QString &expression)
     return U_SUCCESS(error) ? std::move(pattern) : nullptr;
 }
 
-std::optional<QString> search(const icu::RegexPattern &pattern, const QString &text, Watch watch)
+std::optional<QString> search(const icu::RegexPattern &pattern, const QString &text,
+                              MatchBudget::Clock::time_point deadline)
 {
     UErrorCode error = U_ZERO_ERROR;
-    const icu::UnicodeString input = aliasOf(text);
-    const std::unique_ptr<icu::RegexMatcher> matcher(pattern.matcher(input, error));
+    TimedText input(text, deadline);
+    Watch watch { input };
+    const std::unique_ptr<icu::RegexMatcher> matcher(pattern.matcher(error));
     if (U_FAILURE(error))
         return std::nullopt;
+    matcher->reset(input.get());
     matcher->setMatchCallback(mayGoOn, &watch, error);
     matcher->setFindProgressCallback(mayTryNext, &watch, error);
-    if (!matcher->find(error) || U_FAILURE(error))
+    if (!matcher->find(error) || U_FAILURE(error) || !input.hasTimeLeft())
         return std::nullopt;
     const int32_t start = matcher->start(error);
     return text.mid(start, matcher->end(error) - start);
@@ -112,17 +112,17 @@ bool Pattern::isValid(const QString &expression)
 
 std::optional<QString> Pattern::firstMatch(const QString &text, MatchBudget &budget) const
 {
-    const Watch watch { budget.deadline() };
-    if (!watch.hasTimeLeft() || text.size() > std::numeric_limits<int32_t>::max()
+    const auto deadline = budget.deadline();
+    if (MatchBudget::Clock::now() >= deadline || text.size() > std::numeric_limits<int32_t>::max()
         || !text.contains(m_compiled->literal)) {
         return std::nullopt;
     }
     if (m_compiled->kept)
-        return search(*m_compiled->kept, text, watch);
+        return search(*m_compiled->kept, text, deadline);
     std::unique_ptr<const icu::RegexPattern> pattern = compiled(m_compiled->expression);
     if (!pattern)
         return std::nullopt;
-    std::optional<QString> match = search(*pattern, text, watch);
+    std::optional<QString> match = search(*pattern, text, deadline);
     if (Compiled::keptCount < Compiled::maxKept) {
         m_compiled->kept = std::move(pattern);
         ++Compiled::keptCount;
