@@ -130,7 +130,7 @@ QStringList UserShortcuts::names()
     QStringList names;
     const QList<Entry> known = entries();
     for (const Entry &entry : known) {
-        if (checkTrust(entry.path))
+        if (!entry.isOwn || checkTrust(entry.path))
             names += entry.name;
     }
     return names;
@@ -141,14 +141,17 @@ QList<UserShortcuts::Entry> UserShortcuts::entries()
 {
     offerSamples();
     QList<Entry> entries;
-    const QFileInfoList files
-        = QDir(m_folder).entryInfoList(QDir::Files | QDir::Executable, QDir::Name);
-    for (const QFileInfo &file : files) {
-        const QString name = nfc(file.completeBaseName());
-        const bool isKnown = std::any_of(entries.cbegin(), entries.cend(),
-                                         [&name](const Entry &e) { return e.name == name; });
-        if (!file.fileName().endsWith(u'~') && !hasControls(name) && !isKnown)
-            entries.append({ name, file.filePath() });
+    for (const bool isOwn : { true, false }) {
+        const QDir folder(isOwn ? m_folder : sampleFolder(m_helperFolder) + u"/builtin"_s);
+        const QFileInfoList files
+            = folder.entryInfoList(QDir::Files | QDir::Executable, QDir::Name);
+        for (const QFileInfo &file : files) {
+            const QString name = nfc(file.completeBaseName());
+            const bool isKnown = std::any_of(entries.cbegin(), entries.cend(),
+                                             [&name](const Entry &e) { return e.name == name; });
+            if (!file.fileName().endsWith(u'~') && !hasControls(name) && !isKnown)
+                entries.append({ name, file.filePath(), isOwn });
+        }
     }
     std::sort(entries.begin(), entries.end(),
               [](const Entry &a, const Entry &b) { return a.name < b.name; });
@@ -184,7 +187,8 @@ UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray 
                                     [&wanted](const Entry &e) { return e.name == wanted; });
     if (entry == known.cend())
         return { Failure { u"There is no shortcut “%1” in %2."_s.arg(wanted, m_folder) } };
-    if (const auto trust = checkTrust(entry->path); !trust)
+    const auto trust = entry->isOwn ? checkTrust(entry->path) : Result<void>();
+    if (!trust)
         return { Failure { u"The shortcut “%1” is not run: "_s.arg(wanted)
                            + trust.error().reason } };
     return execute(*entry, input);

@@ -18,7 +18,8 @@ namespace Tessel {
 /// Of several files of one name the first counts. Text without a "#!" line is run by /bin/sh.
 ///
 /// When the folder does not exist yet, it is made with copies of the samples: deleted ones do not
-/// come back.
+/// come back. Those that the default actions need are there without a copy, unless the user has one
+/// of that name.
 class UserShortcuts final : public Osascript::ShortcutLibrary
 {
 public:
@@ -47,6 +48,7 @@ private:
     {
         QString name;
         QString path;
+        bool isOwn; ///< not one that comes with the program, which is trusted as that is
     };
 
     [[nodiscard]] QList<Entry> entries();
