@@ -73,7 +73,7 @@ void LargeTypeWindow::layOut(const QString &text)
         for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
             line.setLineWidth(boxWidth);
             if (m_textHeight + line.height() > boxHeight) {
-                line.setNumColumns(0); // cut off here
+                line.setPosition({ 0, m_textHeight }); // below what is painted
                 layout->endLayout();
                 m_paragraphs.push_back(std::move(layout));
                 return;

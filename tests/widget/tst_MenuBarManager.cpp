@@ -130,6 +130,18 @@ private Q_SLOTS:
         }
     }
 
+    void largeTypeIsCutOffBelow()
+    {
+        PanelFixture fixture;
+        LargeTypeWindow::show(fixture.platform.popupHost(), u"i\n"_s.repeated(100),
+                              themeFor(ThemeMode::system, false));
+        QTRY_VERIFY(shownWindow<LargeTypeWindow>());
+        const QImage picture = shownWindow<LargeTypeWindow>()->grab().toImage();
+        const QImage besideTheLines = picture.copy(0, 0, picture.width() / 3, picture.height());
+        QCOMPARE(besideTheLines, besideTheLines.copy(0, 0, 1, 1).scaled(besideTheLines.size()));
+        LargeTypeWindow::closeShown();
+    }
+
     void debugLogAppends()
     {
         MenuFixture fixture;
