@@ -18,7 +18,7 @@ class IconCellDelegate final : public QStyledItemDelegate
 
 public:
     static constexpr QSize cellSize { 40, 40 };
-    static constexpr QSize gridSize { 52, 45 };
+    static constexpr QSize gridSize { 45, 45 };
 
     /// Borrows the icons.
     explicit IconCellDelegate(const IconResolver &icons, QObject *parent = nullptr);

@@ -14,6 +14,7 @@
 #include "settings/IconCellDelegate.h"
 #include "windows/Theme.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -100,7 +101,9 @@ void IconPickerViewController::setupControls()
     import->setGeometry(290 - importWidth, inset, importWidth, 30);
     connect(import, &QPushButton::clicked, this, &IconPickerViewController::chooseFile);
 
-    m_collectionView->setGeometry(inset, 50, 280, 340);
+    // A pixel to the left, without which Qt would put five icons in a row: it wants one more than
+    // six need.
+    m_collectionView->setGeometry(inset - 1, 50, 281, 340);
     AccessibleCells::readOnFocus(m_collectionView);
     m_collectionView->setFrameShape(QFrame::NoFrame);
     m_collectionView->setViewMode(QListView::IconMode);
@@ -162,9 +165,10 @@ void IconPickerViewController::choose(const QString &iconName)
 /// The picker hides behind the dialog and lives until that is done.
 void IconPickerViewController::chooseFile()
 {
-    auto *dialog = new QFileDialog(
-        parentWidget()->window(), u"Import"_s,
-        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), imageFilter());
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    auto *dialog
+        = new QFileDialog(parentWidget()->window(), u"Import"_s,
+                          QFileInfo(pictures).isDir() ? pictures : QDir::homePath(), imageFilter());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &IconPickerViewController::importIcon);

@@ -6,8 +6,10 @@
 #include "settings/IconPickerViewController.h"
 #include "widget/CpuTime.h"
 #include "widget/SettingsFixture.h"
+#include "windows/WindowStyle.h"
 
 #include <QDragEnterEvent>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QListView>
 #include <QMessageBox>
@@ -38,6 +40,8 @@ class tst_ActionsSettings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QApplication::setStyle(new WindowStyle); }
+
     void init()
     {
         Log::setSink([](QStringView) {});
@@ -228,6 +232,10 @@ private Q_SLOTS:
         const auto *grid = picker->findChild<QListView *>();
         auto *search = picker->findChild<QLineEdit *>();
         QCOMPARE(search->placeholderText(), u"Search 1512 icons..."_s);
+        const auto rowOf
+            = [grid](int icon) { return grid->visualRect(grid->model()->index(icon, 0)).y(); };
+        QTRY_COMPARE(rowOf(5), rowOf(0));
+        QVERIFY(rowOf(6) > rowOf(0));
         search->setText(u"."_s); // stands for itself
         QCOMPARE(grid->model()->rowCount(), 0);
         search->setText(u"BELL-z"_s);
@@ -235,6 +243,14 @@ private Q_SLOTS:
                           grid->visualRect(grid->model()->index(0, 0)).center());
         QTRY_VERIFY(!picker);
         QCOMPARE(fixture.saved(0).iconName, u"phosphor_bell-z"_s);
+
+        fixture.click(0, ActionsModel::iconColumn);
+        picker = fixture.window->findChild<IconPickerViewController *>();
+        picker->findChild<QPushButton *>()->click();
+        auto *dialog = fixture.window->findChild<QFileDialog *>();
+        QVERIFY(dialog->selectedFiles().isEmpty()); // where there is no folder Pictures
+        dialog->reject();
+        QTRY_VERIFY(!picker);
     }
 
     void importedIcons()
