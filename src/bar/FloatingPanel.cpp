@@ -124,7 +124,7 @@ void FloatingPanel::updateTheme()
 {
     reloadButtons();
     m_window.setTheme(themeFor(m_dependencies.config.themeMode, m_dependencies.appearance.isDark()),
-                      m_dependencies.popupHost.isCompositing());
+                      m_dependencies.popupHost.backdrop());
 }
 
 void FloatingPanel::reloadButtons()

@@ -4,6 +4,7 @@
 
 #include "bar/HoverButton.h"
 #include "bar/PopEffect.h"
+#include "bar/Shadow.h"
 #include "base/KeyCodes.h"
 #include "platform/PopupHost.h"
 #include "windows/AccessibleWindows.h"
@@ -15,9 +16,6 @@
 #include <QPainter>
 #include <qdrawutil.h>
 
-#include <algorithm>
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -26,6 +24,7 @@ namespace Tessel {
 namespace {
 
 constexpr int cornerRadius = CornerRadius::bar;
+constexpr int shadowDepth = 17;
 constexpr auto fadeInTime = 200ms;
 constexpr auto fadeOutTime = 150ms;
 constexpr auto popTime = 250ms;
@@ -40,38 +39,6 @@ QEasingCurve cubicBezier(QPointF first, QPointF second)
     return curve;
 }
 
-/// Signed distance from a point to the edge of a rounded rectangle, negative inside.
-double distanceToEdge(QPointF point, const QRectF &rect)
-{
-    const QPointF center = rect.center();
-    const double x = std::abs(point.x() - center.x()) - rect.width() / 2 + cornerRadius;
-    const double y = std::abs(point.y() - center.y()) - rect.height() / 2 + cornerRadius;
-    return std::hypot(std::max(x, 0.0), std::max(y, 0.0)) + std::min(std::max(x, y), 0.0)
-        - cornerRadius;
-}
-
-/// The soft shadow around a bar, with a hole where the translucent bar itself is. Made pixel by
-/// pixel: paths of this kind would start Qt's painting threads.
-QImage shadow(QSize extent, const QRectF &bar, QRgb color, double scale)
-{
-    constexpr double depth = 17;
-    constexpr double drop = 2;
-    QImage image(extent * scale, QImage::Format_ARGB32_Premultiplied);
-    for (int row = 0; row < image.height(); ++row) {
-        auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(row));
-        for (int column = 0; column < image.width(); ++column) {
-            const QPointF point((column + 0.5) / scale, (row + 0.5) / scale);
-            const double away = distanceToEdge(point - QPointF(0, drop), bar);
-            const double nearness = std::clamp(1 - away / depth, 0.0, 1.0);
-            const double outside = std::clamp(distanceToEdge(point, bar) * scale + 0.5, 0.0, 1.0);
-            const int alpha = int(qAlpha(color) * nearness * nearness * outside);
-            pixels[column] = qPremultiply(qRgba(qRed(color), qGreen(color), qBlue(color), alpha));
-        }
-    }
-    image.setDevicePixelRatio(scale);
-    return image;
-}
-
 }
 
 /// The window's only child, so that an effect can move all that is drawn. Its picture is stretched
@@ -82,12 +49,12 @@ class PanelWindow::Ground final : public QWidget
 public:
     using QWidget::QWidget;
 
-    void set(const Theme::Bar &theme, bool isTranslucent)
+    void set(const Theme::Bar &theme, Backdrop backdrop)
     {
-        if (m_theme == &theme && m_isTranslucent == isTranslucent)
+        if (m_theme == &theme && m_backdrop == backdrop)
             return;
         m_theme = &theme;
-        m_isTranslucent = isTranslucent;
+        m_backdrop = backdrop;
         m_tile = {};
         update();
     }
@@ -111,9 +78,13 @@ private:
     {
         const QSize extent(2 * corner + 2, 2 * corner + 2);
         const QRectF bar = QRect(QPoint(), extent).marginsRemoved(PanelLayout::barMargins);
-        QPixmap pixmap = QPixmap::fromImage(shadow(extent, bar, m_theme->shadow.rgba(), scale));
-        const QColor &ground = m_theme->ground.color(m_isTranslucent);
-        if (!m_isTranslucent)
+        QPixmap pixmap = QPixmap::fromImage(
+            shadowAround(bar, cornerRadius, shadowDepth, m_theme->shadow, extent, scale));
+        const bool isTranslucent = m_backdrop != Backdrop::none;
+        const QColor &ground = m_backdrop == Backdrop::blurred
+            ? m_theme->groundOverBlur
+            : m_theme->ground.color(isTranslucent);
+        if (!isTranslucent)
             pixmap.fill(ground);
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -128,7 +99,7 @@ private:
     }
 
     const Theme::Bar *m_theme = nullptr; ///< set before the first painting
-    bool m_isTranslucent = true;
+    Backdrop m_backdrop = Backdrop::sharp;
     QPixmap m_tile;
 };
 
@@ -183,10 +154,10 @@ void PanelWindow::arrange()
     m_ground->resize(m_layout.window);
 }
 
-void PanelWindow::setTheme(const Theme &theme, bool isCompositing)
+void PanelWindow::setTheme(const Theme &theme, Backdrop backdrop)
 {
-    m_isCompositing = isCompositing;
-    m_ground->set(theme.bar, m_isCompositing);
+    m_isCompositing = backdrop != Backdrop::none;
+    m_ground->set(theme.bar, backdrop);
     for (HoverButton *button : std::as_const(m_buttons))
         button->setTheme(theme);
 }

@@ -16,6 +16,7 @@ namespace Tessel {
 class HoverButton;
 class PopEffect;
 class PopupHost;
+enum class Backdrop;
 struct PopupKey;
 struct Theme;
 
@@ -34,7 +35,7 @@ public:
     /// Arranges the buttons in use by their preferred widths.
     void arrange();
 
-    void setTheme(const Theme &theme, bool isCompositing);
+    void setTheme(const Theme &theme, Backdrop backdrop);
 
     void create(); ///< needed before anything that concerns its windowHandle()
 

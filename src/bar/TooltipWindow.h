@@ -23,10 +23,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] bool isCompositing() const { return m_margin > 0; }
+    [[nodiscard]] QMargins margins() const;
+    [[nodiscard]] QRectF box() const;
     [[nodiscard]] QPainterPath bubble() const;
 
     QString m_text;
-    bool m_isCompositing;
+    int m_margin; ///< around the bubble, for its shadow
     Theme::Bubble m_theme;
 };
 

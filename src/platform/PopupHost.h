@@ -23,6 +23,10 @@ struct PopupLocation
     std::optional<QRect> visibleFrame; ///< the same without panels and docks
 };
 
+/// What shows through translucent pixels of a popup: nothing, as they would be black, what is
+/// behind it, or that blurred, in the popup's active region.
+enum class Backdrop { none, sharp, blurred };
+
 /// A key that could go to a popup.
 struct PopupKey
 {
@@ -46,8 +50,8 @@ public:
     /// Whether a screen locker covers everything: nothing is shown above it.
     [[nodiscard]] virtual bool isScreenLocked() const = 0;
 
-    /// Whether translucent pixels are blended; else they would show black.
-    [[nodiscard]] virtual bool isCompositing() const = 0;
+    [[nodiscard]] virtual Backdrop backdrop() const = 0;
+    [[nodiscard]] bool isCompositing() const { return backdrop() != Backdrop::none; }
 
     /// The flags that Qt has to make a popup window with.
     [[nodiscard]] virtual Qt::WindowFlags windowFlags() const = 0;

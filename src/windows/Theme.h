@@ -27,6 +27,7 @@ struct Theme
     struct Bar
     {
         Ground ground;
+        QColor groundOverBlur; ///< where what is behind is blurred
         QColor shadow; ///< where it is darkest
         QColor border;
         QColor icon; ///< tint of template images and text
@@ -36,6 +37,7 @@ struct Theme
     struct Bubble
     {
         Ground ground;
+        QColor shadow; ///< where it is darkest
         QColor text;
     };
     struct LargeType

@@ -88,13 +88,17 @@ private Q_SLOTS:
 
     void comesBackWhileItHides()
     {
-        for (const bool isCompositing : { true, false }) {
+        for (const auto &[behind, opacity] : { std::pair { Backdrop::none, 255 },
+                                               { Backdrop::sharp, 247 },
+                                               { Backdrop::blurred, 204 } }) {
             PanelFixture fixture;
             auto &host = fixture.platform.popupHost();
-            host.compositing = isCompositing;
+            host.behind = behind;
             fixture.panel.hide(); // never shown: nothing happens
-            const PanelWindow *bar = fixture.show(u"text"_s);
-            QCOMPARE(bar->mask().isEmpty(), isCompositing);
+            PanelWindow *bar = fixture.show(u"text"_s);
+            QCOMPARE(bar->mask().isEmpty(), behind != Backdrop::none);
+            const QPoint ground(PanelLayout::barMargins.left() + 5, bar->height() / 2);
+            QTRY_COMPARE(bar->grab().toImage().pixelColor(ground).alpha(), opacity);
             fixture.panel.hide();
             fixture.panel.hide();
             QVERIFY(!host.keys);
@@ -115,16 +119,22 @@ private Q_SLOTS:
             QEnterEvent event(QPointF(5, 5), QPointF(5, 5), button->mapToGlobal(QPointF(5, 5)));
             QApplication::sendEvent(button, &event);
         };
-        enter(first);
-        QVERIFY(shownWindow<TooltipWindow>());
-        // The arrow's tip is on the middle of the button's top edge.
-        const QRect bubble = shownWindow<TooltipWindow>()->geometry();
-        const QPoint tip = first->mapToGlobal(QPoint(first->width() / 2, 0));
-        QCOMPARE(bubble.y() + bubble.height(), tip.y());
-        QVERIFY(qAbs(bubble.x() + bubble.width() / 2 - tip.x()) <= 1);
-        QEvent leaving(QEvent::Leave);
-        QApplication::sendEvent(first, &leaving);
-        QVERIFY(!shownWindow<TooltipWindow>());
+        for (const int shadow : { 0, 10 }) {
+            fixture.platform.popupHost().behind = shadow == 0 ? Backdrop::none : Backdrop::sharp;
+            enter(first);
+            auto *tooltip = shownWindow<TooltipWindow>();
+            QVERIFY(tooltip);
+            // The arrow's tip is on the middle of the button's top edge.
+            const QRect bubble = tooltip->geometry().adjusted(shadow, shadow, -shadow, -shadow);
+            const QPoint tip = first->mapToGlobal(QPoint(first->width() / 2, 0));
+            QCOMPARE(bubble.y() + bubble.height(), tip.y());
+            QVERIFY(qAbs(bubble.x() + bubble.width() / 2 - tip.x()) <= 1);
+            const QColor edge = tooltip->grab().toImage().pixelColor(shadow / 2, shadow * 2);
+            QCOMPARE(edge.alpha() > 0 && edge.alpha() < 100, shadow > 0);
+            QEvent leaving(QEvent::Leave);
+            QApplication::sendEvent(first, &leaving);
+            QVERIFY(!shownWindow<TooltipWindow>());
+        }
 
         const QImage labelled = first->grab().toImage();
         fixture.config.showTooltips = false;

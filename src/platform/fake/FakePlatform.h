@@ -107,7 +107,7 @@ public:
     public:
         [[nodiscard]] QFuture<PopupLocation> locate() override;
         [[nodiscard]] bool isScreenLocked() const override { return false; }
-        [[nodiscard]] bool isCompositing() const override { return compositing; }
+        [[nodiscard]] Backdrop backdrop() const override { return behind; }
         [[nodiscard]] Qt::WindowFlags windowFlags() const override
         {
             return Qt::ToolTip | Qt::FramelessWindowHint;
@@ -121,7 +121,7 @@ public:
         void releaseKeyboard(QWindow *window) override;
 
         PopupLocation location { { 400, 300 }, QRect(0, 0, 800, 600), QRect(0, 0, 800, 600) };
-        bool compositing = true;
+        Backdrop behind = Backdrop::sharp;
         QList<QWindow *> adopted;
         QRect active;
         QWindow *keyboard = nullptr;

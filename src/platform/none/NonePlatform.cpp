@@ -97,7 +97,7 @@ public:
         return Qt::ToolTip | Qt::FramelessWindowHint;
     }
     [[nodiscard]] bool isScreenLocked() const override { return false; }
-    [[nodiscard]] bool isCompositing() const override { return false; }
+    [[nodiscard]] Backdrop backdrop() const override { return Backdrop::none; }
     void adopt(QWindow *) override { }
     void setActiveRegion(QWindow *, const QRect &, int) override { }
     void takeKeys(QWindow *, const std::function<bool(const PopupKey &)> &) override { }

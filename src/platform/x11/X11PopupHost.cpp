@@ -89,6 +89,10 @@ QList<X11Strut> struts(const X11Connection &connection)
     return result;
 }
 
+/// On a window: the region that is to be blurred behind it, as KWindowSystem has it. On the root
+/// window: the sign that KWin's blur is on.
+constexpr auto blurProperty = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+
 QRect scaled(const QRect &rect, double scale)
 {
     return QRectF(rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
@@ -141,11 +145,15 @@ bool X11PopupHost::isScreenLocked() const
     });
 }
 
-bool X11PopupHost::isCompositing() const
+Backdrop X11PopupHost::backdrop() const
 {
     // The compositing manager of a screen owns this selection (EWMH, section "Compositing").
     const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(m_connection.screenNumber());
-    return m_connection.selectionOwner(m_connection.atom(name.constData())) != XCB_NONE;
+    if (m_connection.selectionOwner(m_connection.atom(name.constData())) == XCB_NONE)
+        return Backdrop::none;
+    const bool blurs
+        = !m_connection.property(m_connection.root(), m_connection.atom(blurProperty), 4).isEmpty();
+    return blurs ? Backdrop::blurred : Backdrop::sharp;
 }
 
 Qt::WindowFlags X11PopupHost::windowFlags() const
@@ -192,9 +200,8 @@ void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cor
     const quint32 blurred[]
         = { quint32(native.x() + inset), quint32(native.y() + inset),
             quint32(native.width() - 2 * inset), quint32(native.height() - 2 * inset) };
-    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id,
-                        m_connection.atom("_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
-                        4, blurred);
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id, m_connection.atom(blurProperty),
+                        XCB_ATOM_CARDINAL, 32, 4, blurred);
     xcb_flush(xcb);
 }
 

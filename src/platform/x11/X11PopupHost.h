@@ -18,7 +18,7 @@ public:
 
     [[nodiscard]] QFuture<PopupLocation> locate() override;
     [[nodiscard]] bool isScreenLocked() const override;
-    [[nodiscard]] bool isCompositing() const override;
+    [[nodiscard]] Backdrop backdrop() const override;
     [[nodiscard]] Qt::WindowFlags windowFlags() const override;
     void adopt(QWindow *window) override;
     void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) override;
