@@ -102,12 +102,29 @@ bool isUri(QStringView text)
     return consistsOf(rest, u":@/");
 }
 
-QString percentEncodedNonAscii(const QString &text)
+/// Behind the scheme's colon: where the path of a URL begins.
+qsizetype pathStart(QStringView text)
 {
+    const qsizetype start = Url::schemeOf(text).size() + 1;
+    if (!text.mid(start).startsWith(u"//"))
+        return start;
+    const auto *end = std::find_if(text.begin() + start + 2, text.end(),
+                                   [](QChar c) { return QStringView(u"/?#").contains(c); });
+    return end - text.begin();
+}
+
+/// Encodes non-ASCII characters, and in path, query and fragment those ASCII ones that browsers
+/// accept there and RFC 3986 does not. Spaces and control characters are not among them.
+QString percentEncoded(const QString &text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    const qsizetype path = text.first(std::min(pathStart(text), text.size())).toUtf8().size();
     QByteArray encoded;
-    for (const char byte : text.toUtf8()) {
-        const bool isAscii = static_cast<unsigned char>(byte) < 0x80;
-        encoded += isAscii ? QByteArray(1, byte) : QByteArray(1, byte).toPercentEncoding();
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        const char byte = utf8[i];
+        const bool isEncoded = static_cast<unsigned char>(byte) >= 0x80
+            || (i >= path && QByteArrayView("\"<>[\\]^`{|}").contains(byte));
+        encoded += isEncoded ? QByteArray(1, byte).toPercentEncoding() : QByteArray(1, byte);
     }
     return QString::fromLatin1(encoded);
 }
@@ -131,7 +148,7 @@ std::optional<QString> Url::validated(const QString &text)
 {
     if (!text.isValidUtf16())
         return std::nullopt;
-    const QString url = percentEncodedNonAscii(text);
+    const QString url = percentEncoded(text);
     if (!isUri(url))
         return std::nullopt;
     return url;

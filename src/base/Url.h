@@ -14,8 +14,9 @@ namespace Url {
 /// The scheme (section 3.1) that stands before the text's first colon; empty when there is none.
 [[nodiscard]] QStringView schemeOf(QStringView text);
 
-/// An absolute URL as it may be handed to a handler: RFC 3986 characters only, non-ASCII ones
-/// percent-encoded (RFC 3987, section 3.1). Nothing when the text is not a URL.
+/// An absolute URL as it may be handed to a handler: RFC 3986 characters only. Non-ASCII ones are
+/// percent-encoded (RFC 3987, section 3.1), and so are brackets, braces, quotation marks and the
+/// like behind the host. Nothing when the text is not a URL.
 [[nodiscard]] std::optional<QString> validated(const QString &text);
 
 }
