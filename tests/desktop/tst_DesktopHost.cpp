@@ -60,7 +60,7 @@ private Q_SLOTS:
         HostStage stage;
         QVERIFY2(stage.prepare(), qPrintable(stage.stage.session.errorString()));
         QCOMPARE(stage.host().clipboard.text(), std::nullopt);
-        const QString text = u"한글 \"é\"\n\\"_s;
+        const QString text = u"\ufeff한글 \"é\"\n\\"_s;
         QCOMPARE(reason(stage.host().clipboard.setText(text)), QString());
         QCOMPARE(stage.host().clipboard.text(), text);
         stage.owner.reset(); // it stays
@@ -105,6 +105,7 @@ private Q_SLOTS:
         QCOMPARE(reason(desktop.open(u"tessel-test://a?b=c%20d"_s, QString())), QString());
         QCOMPARE(urls.waitForUrls(1), QStringList { u"tessel-test://a?b=c%20d"_s });
         QVERIFY(!desktop.open(u"/no/such file"_s, QString()));
+        QVERIFY(!desktop.open(u"--help"_s, QString()));
         qputenv("BROWSER", "/nowhere");
         QVERIFY(reason(desktop.open(u"nobody-knows:x"_s, {})).startsWith(u"No application opens"));
 

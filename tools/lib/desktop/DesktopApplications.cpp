@@ -138,6 +138,8 @@ Result<void> DesktopApplications::quit(const QString &application)
 
 Result<void> DesktopApplications::existing(const QString &target)
 {
+    if (target.startsWith(u'-'))
+        return Failure { u"“%1” is neither an address nor the path of a file."_s.arg(target) };
     if (target.startsWith(u'/') && !QFileInfo::exists(target))
         return Failure { u"The file %1 does not exist."_s.arg(target) };
     return {};

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] Result<void> start(const QString &application, const QStringList &targets,
                                      const QStringList &arguments = {});
 
-    /// Fails when the target is a path at which there is nothing.
+    /// Fails when the target is a path at which there is nothing, or would be taken for an option.
     [[nodiscard]] static Result<void> existing(const QString &target);
 
 private:
