@@ -94,6 +94,12 @@ template <typename Visitor> void visitLongCharacters(QStringView text, CrLf crLf
 
 }
 
+QString exactText(QByteArrayView utf8)
+{
+    const QString text = QString::fromUtf8(utf8);
+    return utf8.startsWith("\xEF\xBB\xBF") ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
 QString withNormalizedLineEnds(const QString &text)
 {
     if (!text.contains(u'\r'))

@@ -7,6 +7,10 @@
 
 namespace Tessel {
 
+/// The text that the bytes are. QString::fromUtf8() takes U+FEFF at the start for a byte order
+/// mark, which a text that somebody selected does not have: there it is a part of the text.
+[[nodiscard]] QString exactText(QByteArrayView utf8);
+
 /// CR LF becomes LF, then each CR that is left does.
 [[nodiscard]] QString withNormalizedLineEnds(const QString &text);
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "config/AppConfig.h"
 
+#include "base/TextRules.h"
+
 #include <QSet>
 
 #include <nlohmann/json.hpp>
@@ -55,16 +57,6 @@ struct Place
         throw DecodingError { path + u": "_s + problem };
     }
 };
-
-/// QString::fromUtf8() takes U+FEFF at the start for a byte order mark; here it is part of the
-/// text.
-QString exactText(const std::string &utf8)
-{
-    QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-    if (utf8.starts_with("\xEF\xBB\xBF"))
-        text.prepend(QChar(QChar::ByteOrderMark));
-    return text;
-}
 
 void read(QString &field, const Json &value, const Place &place)
 {

@@ -164,7 +164,7 @@ private Q_SLOTS:
         row({ u"latin1-only"_s }, u"café"_s);
         row({ u"files"_s }, {});
         row({ u"secret"_s }, {});
-        row({ u"empty-first"_s }, u"late"_s);
+        row({ u"empty-first"_s }, u"\ufefflate"_s);
         row({ u"incr"_s, u"16777216"_s }, u"abcdefghijkl"_s);
     }
 

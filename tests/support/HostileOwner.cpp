@@ -14,7 +14,7 @@
 //     files                offers copied files, and their paths as text
 //     secret               gives text as a password manager does, which marks it as secret
 //     latin1-only          offers "café" as STRING (ISO 8859-1) alone
-//     empty-first          gives no bytes at first, takes CLIPBOARD again and gives "late"
+//     empty-first          gives no bytes at first, takes CLIPBOARD again and gives U+FEFF "late"
 //
 // Lines on standard output: "ready WINDOW" (decimal) once it can be seen, "key KEYSYM STATE" (hex,
 // unshifted symbol and core modifier mask) for a key that it gets, "taken" when it takes CLIPBOARD,
@@ -203,7 +203,7 @@ void Owner::onRequest(const xcb_selection_request_event_t &request)
     xcb_send_event(m_c, 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&notify));
     if (m_mode == "empty-first" && request.target == m_offered && m_text.empty()) {
-        m_text = "late";
+        m_text = "\uFEFFlate";
         take(XCB_CURRENT_TIME);
     }
 }

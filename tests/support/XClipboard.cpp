@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/XClipboard.h"
 
+#include "base/TextRules.h"
 #include "platform/x11/X11SelectionTransfer.h"
 #include "support/DisplayConnection.h"
 #include "support/XcbSupport.h"
@@ -182,7 +183,7 @@ std::optional<QString> XClipboard::text(Selection selection, std::chrono::millis
                      });
     if (!QTest::qWaitFor([&isDone] { return isDone; }, milliseconds(timeout)) || !text)
         return std::nullopt;
-    return QString::fromUtf8(*text);
+    return exactText(*text);
 }
 
 bool XClipboard::waitForText(const QString &expected, Selection selection,

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/TextRules.h"
 #include "lib/desktop/DesktopHost.h"
 #include "osascript/CommandLine.h"
 
@@ -11,7 +12,7 @@ int main(int argc, char *argv[])
 {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromUtf8(argv[i]));
+        arguments.append(exactText(argv[i]));
     const QCoreApplication application(argc, argv);
     DesktopHost desktop;
     Osascript::Host host = desktop.host();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11SelectionOwner.h"
 
+#include "base/TextRules.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QString>
@@ -19,7 +20,7 @@ constexpr qsizetype maxTargetPairs = 1 << 10;
 
 std::optional<QByteArray> latin1(const QByteArray &utf8)
 {
-    const QString text = QString::fromUtf8(utf8);
+    const QString text = exactText(utf8);
     const bool fits = utf8.isValidUtf8()
         && std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
     return fits ? std::optional(text.toLatin1()) : std::nullopt;

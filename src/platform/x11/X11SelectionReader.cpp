@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11SelectionReader.h"
 
+#include "base/TextRules.h"
 #include "platform/x11/X11SelectionTransfer.h"
 
 #include <QPromise>
@@ -16,7 +17,7 @@ QString decoded(QByteArrayView utf8)
 {
     while (utf8.endsWith('\0')) // some owners count the terminator
         utf8.chop(1);
-    return QString::fromUtf8(utf8);
+    return exactText(utf8);
 }
 
 }

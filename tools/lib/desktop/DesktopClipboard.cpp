@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "lib/desktop/DesktopClipboard.h"
 
+#include "base/TextRules.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/support/RunProgram.h"
 #include "platform/TextClipboard.h"
@@ -20,7 +21,7 @@ std::optional<QString> DesktopClipboard::text()
 {
     HelperPlatform *desktop = m_display.platform().valueOr(nullptr);
     const auto bytes = desktop ? desktop->clipboard().text() : std::nullopt;
-    return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
+    return bytes ? std::optional(exactText(*bytes)) : std::nullopt;
 }
 
 Result<void> DesktopClipboard::setText(const QString &text)
