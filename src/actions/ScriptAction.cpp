@@ -3,7 +3,9 @@
 #include "actions/ScriptAction.h"
 
 #include "actions/Placeholder.h"
+#include "base/ChildProcess.h"
 #include "base/HelperFolder.h"
+#include "base/TextRules.h"
 
 #include <QFileInfo>
 
@@ -13,8 +15,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr QStringView shortcutScript = uR"(on run {t, n}
-    tell application "Shortcuts"
+const auto shortcutScript = uR"(    tell application "Shortcuts"
         -- The shortcut of exactly this name comes first.
         try
             set targetShortcut to first shortcut whose name is n
@@ -33,15 +34,24 @@ constexpr QStringView shortcutScript = uR"(on run {t, n}
     end tell
     return "Error: Shortcut not found"
 end run
-)";
+)"_s;
 
-CommandRequest request(const QString &runner, const QStringList &arguments)
+/// Runners may quote the text several times in what they print.
+CommandRequest request(const QString &runner, const QStringList &arguments, const QString &text)
 {
-    constexpr int pipeSize = 256 << 10; // runners quote their input, up to 128 KiB
+    constexpr qsizetype least = 256 << 10;
     return { .program = runner,
              .arguments = arguments,
              .errorOutput = CommandRequest::Output::merged,
-             .pipeSize = pipeSize };
+             .pipeSize = static_cast<int>(least + 8 * text.size()) };
+}
+
+/// A script that is too long for an argument is a file for the runner.
+CommandRequest inFile(CommandRequest request, const QString &script, const QStringList &arguments)
+{
+    request.arguments = QStringList { u"/dev/fd/3"_s } + arguments;
+    request.furtherInput = script.toUtf8();
+    return request;
 }
 
 }
@@ -54,9 +64,10 @@ QString scriptRunner()
 
 CommandRequest appleScriptRequest(const QString &script, const QString &text, const QString &runner)
 {
-    return request(
-        runner,
-        { u"-e"_s, Placeholder::substitute(script, Placeholder::escapedForAppleScript(text)) });
+    const QString source
+        = Placeholder::substitute(script, Placeholder::escapedForAppleScript(text));
+    const CommandRequest direct = request(runner, { u"-e"_s, source }, text);
+    return canBeHandedOver(direct) ? direct : inFile(direct, source, {});
 }
 
 QString shortcutName(const QString &typed)
@@ -66,10 +77,15 @@ QString shortcutName(const QString &typed)
 
 CommandRequest shortcutRequest(const QString &name, const QString &text, const QString &runner)
 {
-    QStringList arguments { u"-e"_s, shortcutScript.toString() };
+    QStringList arguments { u"-e"_s, u"on run {t, n}\n"_s + shortcutScript };
     if (text.startsWith(u'-') || name.startsWith(u'-'))
         arguments += u"--"_s; // or the runner would take them for options, "-e" among them
-    return request(runner, arguments + QStringList { text, name });
+    const CommandRequest direct = request(runner, arguments + QStringList { text, name }, text);
+    if (canBeHandedOver(direct))
+        return direct;
+    const QString start = u"on run {n}\n    set t to \"%1\"\n"_s;
+    return inFile(direct, start.arg(Placeholder::escapedForAppleScript(text)) + shortcutScript,
+                  { name });
 }
 
 QString scriptLogLine(const QString &what, const Result<CommandResult> &result)
@@ -79,7 +95,7 @@ QString scriptLogLine(const QString &what, const Result<CommandResult> &result)
     const QString title = what == u"Shortcut" ? u"Shortcut Result: "_s : what + u" Output: "_s;
     if (!result->output.isValidUtf8() || result->output.isEmpty())
         return {};
-    return title + QString::fromUtf8(result->output).trimmed();
+    return title + exactText(result->output).trimmed();
 }
 
 }

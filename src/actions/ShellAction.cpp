@@ -3,6 +3,9 @@
 #include "actions/ShellAction.h"
 
 #include "actions/Placeholder.h"
+#include "base/ChildProcess.h"
+#include "base/ShellRequest.h"
+#include "base/TextRules.h"
 
 #include <QFileInfo>
 
@@ -12,9 +15,11 @@ namespace Tessel {
 
 namespace {
 
+const auto textVariable = u"TESSEL_TEXT"_s;
+
 std::optional<QString> decoded(const QByteArray &bytes)
 {
-    return bytes.isValidUtf8() ? std::optional(QString::fromUtf8(bytes)) : std::nullopt;
+    return bytes.isValidUtf8() ? std::optional(exactText(bytes)) : std::nullopt;
 }
 
 }
@@ -28,12 +33,13 @@ QString defaultShell()
 CommandRequest shellCommandRequest(const QString &commandTemplate, const QString &text,
                                    const QString &shell)
 {
-    return {
-        .program = shell,
-        .arguments
-        = { u"-c"_s, Placeholder::substitute(commandTemplate, Placeholder::escapedForShell(text)) },
-        .environment = { { u"LANG"_s, u"en_US.UTF-8"_s }, { u"TESSEL_TEXT"_s, text } },
-    };
+    CommandRequest request { .program = shell,
+                             .environment
+                             = { { u"LANG"_s, u"en_US.UTF-8"_s }, { textVariable, text } } };
+    if (!commandTemplate.contains(textVariable) && !canBeHandedOver(request))
+        request.environment[textVariable] = std::nullopt;
+    return shellRequest(
+        request, Placeholder::substitute(commandTemplate, Placeholder::escapedForShell(text)));
 }
 
 ShellReport shellReport(const Result<CommandResult> &result)

@@ -15,7 +15,8 @@ namespace Tessel {
 [[nodiscard]] QString defaultShell();
 
 /// A command with the text built into it. "{text}" in the template is meant to stand between single
-/// quotes; the variable TESSEL_TEXT has the text as it is.
+/// quotes; the variable TESSEL_TEXT has the text as it is. It is left out when no variable can have
+/// the text and the template does not name it.
 [[nodiscard]] CommandRequest shellCommandRequest(const QString &commandTemplate,
                                                  const QString &text, const QString &shell);
 

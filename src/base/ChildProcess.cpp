@@ -3,9 +3,9 @@
 #include "base/ChildProcess.h"
 
 #include "base/ChildStreams.h"
+#include "base/ExecStrings.h"
 #include "base/Spawn.h"
 
-#include <QList>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -26,50 +26,8 @@ namespace Tessel {
 
 namespace {
 
-QList<QByteArray> argumentsOf(const QString &path, const CommandRequest &request)
-{
-    QList<QByteArray> arguments { path.toUtf8() };
-    for (const QString &argument : request.arguments)
-        arguments.append(argument.toUtf8());
-    return arguments;
-}
-
-/// The process's own variables, byte for byte, but for those that are changed.
-QList<QByteArray> environmentWith(const QMap<QString, std::optional<QString>> &changes)
-{
-    QList<QByteArray> entries;
-    for (char **entry = environ; entry && *entry; ++entry) {
-        const QByteArray own(*entry);
-        if (!changes.contains(QString::fromUtf8(own.left(own.indexOf('=')))))
-            entries.append(own);
-    }
-    for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
-        if (*it)
-            entries.append((it.key() + u'=' + **it).toUtf8());
-    }
-    return entries;
-}
-
-/// As exec(3) wants them; they point into the list.
-std::vector<char *> nullTerminated(QList<QByteArray> &strings)
-{
-    std::vector<char *> pointers;
-    for (QByteArray &string : strings)
-        pointers.push_back(string.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-bool hasNul(const QList<QByteArray> &strings)
-{
-    return std::any_of(strings.cbegin(), strings.cend(),
-                       [](const QByteArray &string) { return string.contains('\0'); });
-}
-
 Failure failure(int error, const QString &program)
 {
-    if (error == E2BIG)
-        return { u"The text is too large to be handed to a program."_s };
     return { program + u": "_s + QString::fromLocal8Bit(std::strerror(error)) };
 }
 
@@ -88,15 +46,12 @@ Result<pid_t> launch(const CommandRequest &request, SpawnPlan plan)
     const QString path = isPath ? request.program : QStandardPaths::findExecutable(request.program);
     if (path.isEmpty())
         return failure(ENOENT, request.program);
-    QList<QByteArray> arguments = argumentsOf(path, request);
-    QList<QByteArray> environment = environmentWith(request.environment);
-    if (hasNul(arguments) || hasNul(environment))
-        return Failure {
-            u"The text contains a NUL character, which cannot be handed to a program."_s
-        };
+    ExecStrings strings(path, request);
+    if (const auto checked = strings.check(); !checked)
+        return checked.error();
     const QByteArray folder = request.workingFolder.toUtf8();
-    std::vector<char *> argv = nullTerminated(arguments);
-    std::vector<char *> envp = nullTerminated(environment);
+    std::vector<char *> argv = nullTerminated(strings.arguments);
+    std::vector<char *> envp = nullTerminated(strings.environment);
     plan.arguments = argv.data();
     plan.environment = envp.data();
     plan.workingFolder = folder.isEmpty() ? nullptr : folder.constData();
@@ -119,6 +74,11 @@ QByteArray content(const Descriptor &pipe)
     return bytes;
 }
 
+}
+
+bool canBeHandedOver(const CommandRequest &request)
+{
+    return bool(ExecStrings(request.program, request).check());
 }
 
 Result<ChildProcess> ChildProcess::start(const CommandRequest &request)

@@ -12,6 +12,10 @@
 
 namespace Tessel {
 
+/// Whether a program can get the request's arguments and variables: their size has limits, for each
+/// and for all of them, and a NUL would end one.
+[[nodiscard]] bool canBeHandedOver(const CommandRequest &request);
+
 /// A program that was started. Destroying it forgets the program, which lives on.
 ///
 /// Not QProcess, which hands its own descriptors and ignored signals on, reads without a bound

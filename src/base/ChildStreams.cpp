@@ -12,14 +12,14 @@ namespace {
 
 using Output = CommandRequest::Output;
 
-/// Where this process has closed a standard stream, a new descriptor would take its place, and in
-/// the child be replaced by another stream.
+/// A descriptor with the number of one that the child gets would be replaced there by another.
 Descriptor aboveStreams(int number)
 {
+    constexpr int furtherInput = STDERR_FILENO + 1;
     Descriptor descriptor(number);
-    if (number < 0 || number > STDERR_FILENO)
+    if (number < 0 || number > furtherInput)
         return descriptor;
-    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, furtherInput + 1));
 }
 
 Descriptor openNothing()
@@ -44,7 +44,15 @@ Descriptor openBytes(const QByteArray &bytes)
 }
 
 /// False, with errno set, on failure.
-bool openOutput(Output output, int pipeSize, Descriptor &child, Descriptor &own)
+bool openInput(const std::optional<QByteArray> &input, Descriptor &child)
+{
+    if (input)
+        child = openBytes(*input);
+    return !input || child.isValid();
+}
+
+/// False, with errno set, on failure.
+bool openOutput(Output output, Descriptor &child, Descriptor &own)
 {
     if (output == Output::inherited || output == Output::merged)
         return true;
@@ -53,7 +61,6 @@ bool openOutput(Output output, int pipeSize, Descriptor &child, Descriptor &own)
     } else if (std::array<int, 2> pipe {}; pipe2(pipe.data(), O_CLOEXEC) == 0) {
         own = aboveStreams(pipe[0]);
         child = aboveStreams(pipe[1]);
-        fcntl(child.number(), F_SETPIPE_SZ, pipeSize);
     }
     return child.isValid();
 }
@@ -63,20 +70,18 @@ bool openOutput(Output output, int pipeSize, Descriptor &child, Descriptor &own)
 std::optional<ChildStreams> ChildStreams::open(const CommandRequest &request)
 {
     ChildStreams streams { .isMerged = request.errorOutput == Output::merged };
-    if (request.input)
-        streams.childInput = openBytes(*request.input);
-    if ((request.input && !streams.childInput.isValid())
-        || !openOutput(request.output, request.pipeSize, streams.childOutput, streams.output)
-        || !openOutput(request.errorOutput, request.pipeSize, streams.childErrorOutput,
-                       streams.errorOutput))
+    if (!openInput(request.input, streams.childInput)
+        || !openInput(request.furtherInput, streams.childFurtherInput)
+        || !openOutput(request.output, streams.childOutput, streams.output)
+        || !openOutput(request.errorOutput, streams.childErrorOutput, streams.errorOutput))
         return {};
     return streams;
 }
 
-std::array<int, 3> ChildStreams::numbers() const
+std::array<int, 4> ChildStreams::numbers() const
 {
     return { childInput.number(), childOutput.number(),
-             isMerged ? STDOUT_FILENO : childErrorOutput.number() };
+             isMerged ? STDOUT_FILENO : childErrorOutput.number(), childFurtherInput.number() };
 }
 
 }

@@ -9,19 +9,20 @@
 
 namespace Tessel {
 
-/// What a child gets as its standard streams, and our ends of those that are captured. Descriptors
+/// What a child gets as its first descriptors, and our ends of those that are captured. Descriptors
 /// are not valid where the child has the process's own stream.
 struct ChildStreams
 {
     /// Nothing, with errno set, on failure.
     [[nodiscard]] static std::optional<ChildStreams> open(const CommandRequest &request);
 
-    /// Standard input, output and error as a SpawnPlan has them.
-    [[nodiscard]] std::array<int, 3> numbers() const;
+    /// As a SpawnPlan has them.
+    [[nodiscard]] std::array<int, 4> numbers() const;
 
     Descriptor childInput = {};
     Descriptor childOutput = {};
     Descriptor childErrorOutput = {};
+    Descriptor childFurtherInput = {};
     bool isMerged = false; ///< standard error is standard output
     Descriptor output = {};
     Descriptor errorOutput = {};

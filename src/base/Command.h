@@ -11,7 +11,7 @@
 
 namespace Tessel {
 
-/// A program to run and what it gets. It has no descriptors but the standard streams, and no signal
+/// A program to run and what it gets. It has no descriptors but those named here, and no signal
 /// ignored or blocked.
 struct CommandRequest
 {
@@ -27,11 +27,13 @@ struct CommandRequest
     QMap<QString, std::optional<QString>> environment = {};
     QString workingFolder = {}; ///< empty: the process's own
     std::optional<QByteArray> input = {}; ///< on standard input; without: the process's own
+    std::optional<QByteArray> furtherInput = {}; ///< on descriptor 3, which is closed without
     Output output = Output::captured;
     Output errorOutput = Output::captured;
     Group group = Group::inherited;
     bool endsWithParent = false; ///< by SIGTERM, however this process ends
-    int pipeSize = 64 << 10; ///< bytes that can wait to be read, as far as the system allows it
+    /// Bytes that a stream takes, or some more, before the program has to wait for a reader.
+    int pipeSize = 64 << 10;
 };
 
 /// What became of a program that was started.

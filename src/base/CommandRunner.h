@@ -14,8 +14,8 @@ namespace Tessel {
 /// Runs programs side by side, as many as are asked for, on the event loop: without a thread, and
 /// without waiting.
 ///
-/// There is no time limit, and nothing is read before the child has exited: one that writes more
-/// than a pipe holds never does.
+/// There is no time limit, and no more than the request's `pipeSize` is read of a stream before the
+/// child has exited: one that writes more, and more than a pipe holds, never does.
 ///
 /// Programs that a command leaves in the background do not delay its result, which has what was
 /// written until the command itself exited. What they write later is read and dropped, so that they

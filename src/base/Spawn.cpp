@@ -32,12 +32,14 @@ void resetSignals()
 /// False, with errno set, when something cannot be had.
 bool prepare(const SpawnPlan &plan, pid_t parent)
 {
-    for (int stream = 0; stream <= STDERR_FILENO; ++stream) {
-        const int source = plan.streams.at(static_cast<std::size_t>(stream));
+    int stream = 0;
+    for (const int source : plan.streams) {
         if (source >= 0 && dup2(source, stream) < 0)
             return false;
+        ++stream;
     }
-    closefrom(STDERR_FILENO + 1); // libraries open some without close-on-exec
+    // Libraries open some without close-on-exec.
+    closefrom(plan.streams.back() >= 0 ? stream : STDERR_FILENO + 1);
     if (plan.group == CommandRequest::Group::own)
         setpgid(0, 0);
     else if (plan.group == CommandRequest::Group::ownSession)

@@ -16,9 +16,9 @@ struct SpawnPlan
     char **arguments = nullptr; ///< ends with null; the first is the path
     char **environment = nullptr; ///< ends with null
     const char *workingFolder = nullptr; ///< null: the process's own
-    /// What becomes standard input, output and error in this order; above 2, or one that became a
-    /// stream before, or -1: the process's own.
-    std::array<int, 3> streams { -1, -1, -1 };
+    /// What becomes standard input, output and error and descriptor 3, in this order; above 3, or
+    /// one that became another before, or -1: the process's own, and none for the last.
+    std::array<int, 4> streams { -1, -1, -1, -1 };
     CommandRequest::Group group = CommandRequest::Group::inherited;
     bool endsWithParent = false;
     bool isDetached = false; ///< becomes nobody's child

@@ -135,10 +135,10 @@ private Q_SLOTS:
             "일정 '||");
         row("a full pipe", script("head -c 65536 /dev/zero"), 0, QByteArray(65536, '\0'));
 
-        CommandRequest merged = script("echo a; echo b >&2; head -c 200000 /dev/zero >&2");
+        CommandRequest merged = script("echo a; echo b >&2; head -c 2000000 /dev/zero >&2");
         merged.errorOutput = CommandRequest::Output::merged;
-        merged.pipeSize = 256 << 10;
-        row("merged", merged, 0, "a\nb\n" + QByteArray(200000, '\0'));
+        merged.pipeSize = 4 << 20; // more than the system gives a pipe
+        row("merged", merged, 0, "a\nb\n" + QByteArray(2000000, '\0'));
 
         CommandRequest environment = script("env | LC_ALL=C grep -a ^OWN_ | LC_ALL=C sort");
         environment.environment

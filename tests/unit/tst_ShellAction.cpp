@@ -61,6 +61,15 @@ QString randomText(QRandomGenerator &random, int pieces)
     return text;
 }
 
+/// Of so many bytes in UTF-8, or some more.
+QString largeText(QRandomGenerator &random, qsizetype size)
+{
+    QString text;
+    while (text.toUtf8().size() < size)
+        text += randomText(random, 5000);
+    return text;
+}
+
 QStringList randomTexts(QRandomGenerator &random, int count)
 {
     QStringList texts;
@@ -77,17 +86,24 @@ class tst_ShellAction : public QObject
 
     QTemporaryDir m_folder;
 
-    /// What the command wrote to the file that "$OUT" names.
-    static QByteArray written(const CommandRequest &request)
+    static Result<CommandResult> outcome(const CommandRequest &request)
     {
         QTestEventLoop loop;
-        QByteArray failure = "takes too long";
+        Result<CommandResult> outcome = Failure { u"takes too long"_s };
         CommandRunner runner;
         runner.run(request, [&](const Result<CommandResult> &result) {
-            failure = result ? result->errorOutput : result.error().reason.toUtf8();
+            outcome = result;
             loop.exitLoop();
         });
         loop.enterLoopMSecs(bound);
+        return outcome;
+    }
+
+    /// What the command wrote to the file that "$OUT" names.
+    static QByteArray written(const CommandRequest &request)
+    {
+        const auto result = outcome(request);
+        const QByteArray failure = result ? result->errorOutput : result.error().reason.toUtf8();
         if (!failure.isEmpty())
             return "failed: " + failure;
         QFile file(qEnvironmentVariable("OUT"));
@@ -137,12 +153,29 @@ private Q_SLOTS:
                 QCOMPARE(got.value(i), texts[i].toUtf8());
         }
 
-        QString large;
-        while (Placeholder::escapedForShell(large).toUtf8().size() < 125000)
-            large += randomText(random, 40);
-        const CommandRequest request = shellCommandRequest(
-            u"printf %s '{text}' > $OUT; printf %s \"$TESSEL_TEXT\" >> $OUT"_s, large, shell);
-        QCOMPARE(written(request), (large + large).toUtf8());
+        for (const qsizetype size : { 100000, 1 << 20 }) {
+            const QString large = largeText(random, size);
+            QCOMPARE(written(shellCommandRequest(u"printf %s '{text}' > $OUT"_s, large, shell)),
+                     large.toUtf8());
+            const auto byVariable = outcome(
+                shellCommandRequest(u"printf %s \"$TESSEL_TEXT\" > $OUT"_s, large, shell));
+            QCOMPARE(bool(byVariable), size < 1 << 17);
+            QVERIFY(byVariable || byVariable.error().reason.contains(u"TESSEL_TEXT"));
+        }
+    }
+
+    /// Where a command is too long for an argument, it is none the wiser.
+    void largeCommandsRunAsOthers()
+    {
+        for (const QString &text : { u"a"_s, QString(1 << 20, u'a') }) {
+            CommandRequest request = shellCommandRequest(
+                u": '{text}'; printf '%s ' \"$0\" $#; cat; ls /proc/self/fd; return 3"_s, text,
+                u"/bin/zsh"_s);
+            request.input = "input\n";
+            const auto result = outcome(request).valueOr({});
+            QCOMPARE(result.output, QByteArray("/bin/zsh 0 input\n0\n1\n2\n3\n"));
+            QCOMPARE(result.exitStatus, 3);
+        }
     }
 
     /// The shell is the judge of what is said about a template.
@@ -207,8 +240,8 @@ private Q_SLOTS:
                   QTest::newRow(name) << exitStatus << QByteArray(output) << QByteArray(errorOutput)
                                       << QString::fromUtf8(logLine) << QString::fromUtf8(message);
               };
-        row("output", 0, " \n일정\nb\t\r\n\u0085\u2028", "", "Shell Output: 일정\nb");
-        row("blank output", 0, "\n", "", "Shell Output: ");
+        row("output", 0, "\ufeff일정\nb\t\r\n\u0085\u2028", "", "Shell Output: \ufeff일정\nb");
+        row("blank output", 0, " \n", "", "Shell Output: ");
         row("invalid output", 0, "a\xff", "", "");
         row("failure", 3, "out\n", " err\nor\n",
             "ERROR: Shell command failed with status 3:  err\nor\n",
@@ -282,15 +315,31 @@ private Q_SLOTS:
         CommandRequest request = shortcutRequest(name, text, helperFolder() + u"/osascript"_s);
         QCOMPARE(request.arguments.size() > 4, text.startsWith(u'-') || name.startsWith(u'-'));
         request.arguments[1] = u"on run {t, n}\nreturn t & \"|\" & n\nend run"_s;
-        QByteArray output;
-        QTestEventLoop loop;
-        CommandRunner runner;
-        runner.run(request, [&](const Result<CommandResult> &result) {
-            output = result.valueOr({}).output;
-            loop.exitLoop();
-        });
-        loop.enterLoopMSecs(bound);
-        QCOMPARE(output, (text + u'|' + name + u'\n').toUtf8());
+        QCOMPARE(outcome(request).valueOr({}).output, (text + u'|' + name + u'\n').toUtf8());
+    }
+
+    void scriptsGetLargeTexts()
+    {
+        const QString runner = helperFolder() + u"/osascript"_s;
+        QRandomGenerator random(2);
+        const QString text = u"\ufeff-e\n"_s + largeText(random, 1 << 20);
+        QCOMPARE(written(appleScriptRequest(u"do shell script \"printf %s \" & quoted form of "
+                                            "\"{text}\" & \" > $OUT\""_s,
+                                            text, runner)),
+                 text.toUtf8());
+
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
+        QVERIFY(QDir().mkpath(m_folder.filePath(u"tessel/shortcuts"_s)));
+        QFile shortcut(m_folder.filePath(u"tessel/shortcuts/s"_s));
+        QVERIFY(shortcut.open(QIODevice::WriteOnly) && shortcut.write("cat > $OUT") > 0
+                && shortcut.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        shortcut.close();
+        const auto ran = outcome(shortcutRequest(u"s"_s, text, runner));
+        QCOMPARE(scriptLogLine(u"Shortcut"_s, ran),
+                 u"Shortcut Result: Success: Ran 's' with Input: ["_s + text + u']');
+        QFile out(qEnvironmentVariable("OUT"));
+        QVERIFY(out.open(QIODevice::ReadOnly));
+        QCOMPARE(out.readAll(), text.toUtf8());
     }
 };
 

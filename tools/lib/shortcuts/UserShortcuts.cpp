@@ -3,6 +3,7 @@
 #include "lib/shortcuts/UserShortcuts.h"
 
 #include "base/RunCommand.h"
+#include "base/TextRules.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -21,8 +22,6 @@ namespace Tessel {
 namespace {
 
 const auto inputVariable = u"SHORTCUT_INPUT"_s;
-/// Of a variable with its name and the ending zero (execve(2), MAX_ARG_STRLEN).
-constexpr qsizetype maxVariableSize = 128 << 10;
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
@@ -93,22 +92,22 @@ bool isShellScript(const QString &path)
     return !start.startsWith("#!") && !start.isEmpty() && !firstLine.contains('\0');
 }
 
-bool fitsVariable(const QByteArray &input)
+/// Whether the variable with the input is named where it is looked for, in a script's text.
+bool namesInputVariable(const QString &path)
 {
-    return inputVariable.size() + 1 + input.size() + 1 <= maxVariableSize && !input.contains('\0');
+    constexpr qint64 maxScript = 1 << 20;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+        && file.read(maxScript).contains(inputVariable.toLatin1());
 }
 
-QMap<QString, std::optional<QString>> environmentFor(const QByteArray &input,
-                                                     const QString &helperFolder)
+void leaveInputVariableOut(CommandRequest &request, const QString &path)
 {
-    const QString path = qEnvironmentVariable("PATH", u"/usr/local/bin:/usr/bin:/bin"_s);
-    const bool fits = fitsVariable(input);
-    if (!fits)
+    request.environment[inputVariable] = std::nullopt;
+    if (namesInputVariable(path))
         std::fputs("SHORTCUT_INPUT is not set: the text is too large or has a NUL character. "
                    "Standard input has it.\n",
                    stderr);
-    return { { u"PATH"_s, helperFolder + u':' + path },
-             { inputVariable, fits ? std::optional(QString::fromUtf8(input)) : std::nullopt } };
 }
 
 }
@@ -176,7 +175,7 @@ Result<QString> UserShortcuts::run(const QString &name, const QString &input)
     const Outcome outcome = run(name, input.toUtf8());
     if (!outcome.result)
         return outcome.result.error();
-    return QString::fromUtf8(outcome.output);
+    return exactText(outcome.output);
 }
 
 UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray &input)
@@ -196,8 +195,10 @@ UserShortcuts::Outcome UserShortcuts::run(const QString &name, const QByteArray 
 
 UserShortcuts::Outcome UserShortcuts::execute(const Entry &entry, const QByteArray &input) const
 {
+    const QString path = qEnvironmentVariable("PATH", u"/usr/local/bin:/usr/bin:/bin"_s);
     CommandRequest request { .program = entry.path,
-                             .environment = environmentFor(input, m_helperFolder),
+                             .environment = { { u"PATH"_s, m_helperFolder + u':' + path },
+                                              { inputVariable, exactText(input) } },
                              .input = input,
                              .errorOutput = CommandRequest::Output::inherited,
                              .endsWithParent = true };
@@ -205,6 +206,8 @@ UserShortcuts::Outcome UserShortcuts::execute(const Entry &entry, const QByteArr
         request.program = u"/bin/sh"_s;
         request.arguments = { entry.path };
     }
+    if (!canBeHandedOver(request))
+        leaveInputVariableOut(request, entry.path);
     const auto result = runCommand(request);
     if (!result)
         return { Failure { u"The shortcut “%1” cannot be run: "_s.arg(entry.name)

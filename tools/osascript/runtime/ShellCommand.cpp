@@ -3,6 +3,8 @@
 #include "osascript/runtime/ShellCommand.h"
 
 #include "base/RunCommand.h"
+#include "base/ShellRequest.h"
+#include "base/TextRules.h"
 #include "osascript/values/ScriptError.h"
 #include "osascript/values/Value.h"
 
@@ -41,13 +43,14 @@ void installHandlers()
 CommandResult run(const QString &command)
 {
     installHandlers();
-    auto child = ChildProcess::start({
+    const CommandRequest shell {
         .program = u"/bin/sh"_s,
-        .arguments = { u"-c"_s, command, u"sh"_s }, // the last is what messages begin with
+        .arguments = { u"sh"_s }, // what messages begin with
         .input = QByteArray(),
         .group = CommandRequest::Group::own,
         .endsWithParent = true,
-    });
+    };
+    auto child = ChildProcess::start(shellRequest(shell, command));
     if (!child)
         fail(ScriptError::failed, u"The command cannot be started. "_s + child.error().reason);
     runningGroup = child->id();
@@ -71,11 +74,11 @@ QString shellOutput(const QString &command, LineEndings lineEndings)
 {
     const CommandResult result = run(command);
     if (result.exitStatus != 0) {
-        const QString message = withoutLastLineBreak(QString::fromUtf8(result.errorOutput));
+        const QString message = withoutLastLineBreak(exactText(result.errorOutput));
         failWith(result.exitStatus,
                  message.isEmpty() ? u"The command exited with a non-zero status."_s : message);
     }
-    const QString text = QString::fromUtf8(result.output);
+    const QString text = exactText(result.output);
     checkTextSize(text.size());
     return lineEndings == LineEndings::kept ? text
                                             : withoutLastLineBreak(text).replace(u'\n', u'\r');
