@@ -51,7 +51,7 @@ std::optional<Remark> ActionEditing::templateRemark(const ActionConfig &action)
         return {};
     return Remark { Remark::Kind::doubtful,
                     u"The shell would interpret the text here: "
-                    "write '{text}' or \"$TESSEL_TEXT\""_s };
+                    "write \"$TESSEL_TEXT\" or '{text}'"_s };
 }
 
 std::optional<Remark> ActionEditing::regexRemark(const ActionConfig &action)

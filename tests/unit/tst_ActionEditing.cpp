@@ -47,7 +47,7 @@ private Q_SLOTS:
     void changesOfType()
     {
         const QString doubt
-            = u"The shell would interpret the text here: write '{text}' or \"$TESSEL_TEXT\""_s;
+            = u"The shell would interpret the text here: write \"$TESSEL_TEXT\" or '{text}'"_s;
         for (const auto &[before, type, after, problem] : {
                  std::tuple { u"a://b"_s, ActionType::builtin, u"COPY"_s, u""_s },
                  { u""_s, ActionType::url, u"https://"_s, u""_s },
