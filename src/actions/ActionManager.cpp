@@ -5,10 +5,12 @@
 #include "actions/Placeholder.h"
 #include "actions/ScriptAction.h"
 #include "actions/ShellAction.h"
+#include "base/ChildProcess.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "base/Url.h"
 #include "config/ConfigManager.h"
+#include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
@@ -93,6 +95,14 @@ void ActionManager::performURLAction(const QString &urlTemplate, const QString &
     const auto url = Url::validated(Placeholder::substitute(urlTemplate, *encoded));
     if (!url)
         return;
+    if (!canBeHandedOver({ .program = {}, .arguments = { *url } })) {
+        const LocalizationManager &texts = LocalizationManager::shared();
+        const QString title = u"The address is too long"_s;
+        const QString message = u"Applications take addresses of up to 128 KB. Select less text."_s;
+        Log::print(u"ERROR: "_s + title);
+        Q_EMIT commandFailed(texts.localizedString(title), texts.localizedString(message));
+        return;
+    }
     m_dependencies.workspace.open(*url);
     Log::print(u"Action: Opened URL "_s + *url);
 }

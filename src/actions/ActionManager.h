@@ -39,7 +39,8 @@ public:
     [[nodiscard]] const QList<GlintAction> &actions() const { return m_actions; }
     void reloadActions();
 
-    /// Opens the URL; texts and templates that do not make one are passed over in silence.
+    /// Opens the URL; texts and templates that do not make one are passed over in silence. One that
+    /// is too long for an application is announced.
     void performURLAction(const QString &urlTemplate, const QString &text);
     /// Runs a shell command; its outcome is logged, its failure announced.
     void performShellScript(const QString &commandTemplate, const QString &text);

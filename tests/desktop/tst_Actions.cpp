@@ -80,6 +80,29 @@ private Q_SLOTS:
         }
     }
 
+    void mebibyte()
+    {
+        Stage stage;
+        stage.tessel.actions = { TesselProgram::urlAction(u"url"_s, u"tessel-test://{text}"_s),
+                                 TesselProgram::action(u"copy"_s, u"builtin"_s, u"COPY"_s) };
+        QVERIFY(stage.start() && launchHostileOwner(stage.session, { u"incr"_s, u"1048576"_s }));
+        QVERIFY(stage.runAction());
+        const auto panel = stage.tessel.waitForWindow(u"The address is too long"_s);
+        QVERIFY(panel && stage.user().waitUntilUsable(panel->id));
+        stage.user().tap(XKB_KEY_Return);
+        QVERIFY(stage.user().waitUntilGone(panel->id));
+        QVERIFY(!stage.tessel.process().output().contains(u"Opened URL"_s));
+
+        XClipboard &clipboard = stage.session.clipboard();
+        QVERIFY(stage.tessel.summon());
+        const QString text = clipboard.text().value_or(QString());
+        const quint32 owner = clipboard.owner();
+        stage.user().tap(XKB_KEY_2);
+        QTRY_VERIFY(clipboard.owner() != owner);
+        QCOMPARE(text.size(), 1 << 20);
+        QCOMPARE(clipboard.text(), text);
+    }
+
     void largeTypeClosesOnAnything_data()
     {
         QTest::addColumn<bool>("byMouse");
