@@ -23,6 +23,7 @@
 #include "platform/Workspace.h"
 #include "windows/AccessibleWindows.h"
 #include "windows/ApplicationIcon.h"
+#include "windows/EditingKeys.h"
 #include "windows/LargeTypeWindow.h"
 #include "windows/Theme.h"
 #include "windows/WindowStyle.h"
@@ -49,6 +50,7 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
     describeWindowsToAssistiveTechnology();
+    installEditingKeys();
     const QStringList missing = platform.workspace().missingAccess();
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "

@@ -128,7 +128,8 @@ private Q_SLOTS:
         const QImage before = stage.user().screenshot(below);
         stage.user().click(stage.cell(0, templateText), 2);
         QTRY_VERIFY(stage.user().screenshot(below) != before); // the row has grown
-        stage.user().tap(XKB_KEY_a, { XKB_KEY_Control_L });
+        stage.user().tap(XKB_KEY_x, { XKB_KEY_Super_L }); // nothing is selected yet
+        stage.user().tap(XKB_KEY_a, { XKB_KEY_Super_L });
         QVERIFY(stage.user().typeText(u"out=result"_s));
         stage.tap(XKB_KEY_Return);
         QVERIFY(stage.user().typeText(u"printf %s '{text}' > $out"_s));

@@ -6,6 +6,7 @@
 #include "settings/IconPickerViewController.h"
 #include "widget/CpuTime.h"
 #include "widget/SettingsFixture.h"
+#include "windows/EditingKeys.h"
 #include "windows/WindowStyle.h"
 
 #include <QDragEnterEvent>
@@ -47,6 +48,7 @@ private Q_SLOTS:
         Log::setSink([](QStringView) {});
     }
     void cleanup() { Log::setSink({}); }
+    void initTestCase() { installEditingKeys(); }
 
     void singleLineFields()
     {
@@ -86,6 +88,7 @@ private Q_SLOTS:
         QVERIFY(field->toolTip().isEmpty() && color() == valid);
         for (const Qt::Key key : { Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Home })
             QTest::keyClick(field, key, Qt::ControlModifier);
+        QTest::keyClick(field, Qt::Key_B, Qt::MetaModifier); // types nothing
         QTest::keyClicks(field, u"a"_s);
         QTest::keyClick(field, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClick(field, Qt::Key_PageUp);

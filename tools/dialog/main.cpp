@@ -6,6 +6,7 @@
 #include "lib/dialog/DialogProtocol.h"
 #include "platform/Appearance.h"
 #include "platform/HelperPlatform.h"
+#include "windows/EditingKeys.h"
 #include "windows/WindowStyle.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ int main(int argc, char *argv[])
     const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
     const auto appearance = makeAppearance();
     WindowStyle::apply(*appearance);
+    installEditingKeys();
     const auto dialog = dialogFor(request);
     DialogParts::present(dialog.get());
     return QApplication::exec();
