@@ -17,6 +17,29 @@ constexpr int evdevOffset = 8; ///< scan code = Linux input event code + 8
 constexpr qint64 firstModifier = 54;
 constexpr qint64 lastModifier = 63;
 
+constexpr int locks[] = { KEY_NUMLOCK, KEY_SCROLLLOCK }; // Caps Lock counts as a modifier
+
+constexpr int mediaKeys[] = {
+    KEY_MUTE,         KEY_VOLUMEDOWN,       KEY_VOLUMEUP,        KEY_BRIGHTNESSDOWN,
+    KEY_BRIGHTNESSUP, KEY_BRIGHTNESS_CYCLE, KEY_BRIGHTNESS_AUTO, KEY_KBDILLUMTOGGLE,
+    KEY_KBDILLUMDOWN, KEY_KBDILLUMUP,       KEY_PLAYPAUSE,       KEY_PLAY,
+    KEY_PLAYCD,       KEY_PAUSECD,          KEY_STOPCD,          KEY_NEXTSONG,
+    KEY_PREVIOUSSONG, KEY_REWIND,           KEY_FASTFORWARD,     KEY_EJECTCD,
+};
+
+struct SymbolRange
+{
+    quint32 first;
+    quint32 last;
+};
+
+constexpr SymbolRange modifierSymbols[] = {
+    { 0xfe01, 0xfe13 }, // ISO_Lock to ISO_Level5_Lock
+    { 0xff14, 0xff14 }, // Scroll_Lock
+    { 0xff7e, 0xff7f }, // Mode_switch, Num_Lock
+    { 0xffe1, 0xffee }, // Shift_L to Hyper_R
+};
+
 struct Key
 {
     qint64 virtualCode;
@@ -71,6 +94,13 @@ constexpr Key keys[] = {
 };
 // clang-format on
 
+template <std::size_t size> bool isOneOf(const int (&evdevCodes)[size], quint32 scanCode)
+{
+    const int evdevCode = static_cast<int>(scanCode) - evdevOffset;
+    return std::find(std::begin(evdevCodes), std::end(evdevCodes), evdevCode)
+        != std::end(evdevCodes);
+}
+
 const Key *keyWithVirtualCode(qint64 virtualCode)
 {
     const auto *key = std::find_if(std::begin(keys), std::end(keys), [=](const Key &candidate) {
@@ -96,9 +126,25 @@ std::optional<quint32> KeyCodes::scanCodeFromVirtual(qint64 virtualCode)
     return key ? std::optional(static_cast<quint32>(key->evdevCode + evdevOffset)) : std::nullopt;
 }
 
-bool KeyCodes::isModifier(qint64 virtualCode)
+bool KeyCodes::isModifierOrLock(quint32 scanCode)
 {
-    return virtualCode >= firstModifier && virtualCode <= lastModifier;
+    if (isOneOf(locks, scanCode))
+        return true;
+    const auto virtualCode = virtualFromScanCode(scanCode);
+    return virtualCode && *virtualCode >= firstModifier && *virtualCode <= lastModifier;
+}
+
+bool KeyCodes::isModifierOrLockSymbol(quint32 keysym)
+{
+    const auto isIn = [keysym](const SymbolRange &range) {
+        return keysym >= range.first && keysym <= range.last;
+    };
+    return std::any_of(std::begin(modifierSymbols), std::end(modifierSymbols), isIn);
+}
+
+bool KeyCodes::isMediaKey(quint32 scanCode)
+{
+    return isOneOf(mediaKeys, scanCode);
 }
 
 std::optional<char> KeyCodes::ansiCharacter(qint64 virtualCode)

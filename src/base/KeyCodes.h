@@ -30,8 +30,15 @@ inline constexpr qint64 modifierMask = 0x1E0000;
 [[nodiscard]] std::optional<qint64> virtualFromScanCode(quint32 scanCode);
 [[nodiscard]] std::optional<quint32> scanCodeFromVirtual(qint64 virtualCode);
 
-/// Whether the key does nothing but modify others.
-[[nodiscard]] bool isModifier(qint64 virtualCode);
+/// Whether the key does nothing by itself: modifiers, and locks such as Num Lock. By the native
+/// scan code, as Scroll Lock shares its virtual key code with F14.
+[[nodiscard]] bool isModifierOrLock(quint32 scanCode);
+
+/// Whether a layout makes the key such a one, by the X keysym (X11/Xutil.h, IsModifierKey).
+[[nodiscard]] bool isModifierOrLockSymbol(quint32 keysym);
+
+/// Whether the key is for the computer and not for an application: sound, brightness, playback.
+[[nodiscard]] bool isMediaKey(quint32 scanCode);
 
 /// The letter or digit, upper case, that a key of the typing block gives on an ANSI keyboard.
 [[nodiscard]] std::optional<char> ansiCharacter(qint64 virtualCode);

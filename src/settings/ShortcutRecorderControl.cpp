@@ -92,8 +92,10 @@ void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
     event->accept();
     if (!m_isRecording) // the focus came back with the window
         return setRecording(event->key() == Qt::Key_Space || event->key() == Qt::Key_Return);
-    const auto keyCode = KeyCodes::virtualFromScanCode(event->nativeScanCode());
-    if (event->isAutoRepeat() || !keyCode || KeyCodes::isModifier(*keyCode))
+    const quint32 scanCode = event->nativeScanCode();
+    const auto keyCode = KeyCodes::virtualFromScanCode(scanCode);
+    if (event->isAutoRepeat() || !keyCode || KeyCodes::isModifierOrLock(scanCode)
+        || KeyCodes::isModifierOrLockSymbol(event->nativeVirtualKey()))
         return;
     if (*keyCode != KeyCodes::keyEscape) {
         m_keyCode = *keyCode;

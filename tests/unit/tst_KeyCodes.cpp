@@ -41,17 +41,26 @@ private Q_SLOTS:
             QCOMPARE(KeyCodes::virtualFromScanCode(quint32(evdevCode + 8)), virtualCode);
         for (const int evdevCode : { KEY_F21, KEY_BRIGHTNESSUP, KEY_RESERVED, -8 })
             QVERIFY(!KeyCodes::virtualFromScanCode(quint32(evdevCode + 8)));
+        QVERIFY(!KeyCodes::ansiCharacter(87)); // keypad
     }
 
-    void characters()
+    void keysThatDoNothingToATextAlone()
     {
-        QByteArray letters;
-        for (qint64 code = 0; code < 127; ++code) {
-            if (const std::optional<char> character = KeyCodes::ansiCharacter(code))
-                letters += *character;
+        QList<int> without;
+        for (int evdevCode = 0; evdevCode < 248; ++evdevCode) {
+            const auto scanCode = quint32(evdevCode + 8);
+            if (KeyCodes::isModifierOrLock(scanCode) || KeyCodes::isMediaKey(scanCode))
+                without += evdevCode;
         }
-        QCOMPARE(letters, QByteArray("ASDFHGZXCVBQWERYT1234659780OUIPLJKNM"));
-        QVERIFY(!KeyCodes::ansiCharacter(87)); // keypad
+        for (const int evdevCode : { KEY_RIGHTALT, KEY_CAPSLOCK, KEY_NUMLOCK, KEY_SCROLLLOCK,
+                                     KEY_VOLUMEUP, KEY_BRIGHTNESSDOWN, KEY_NEXTSONG })
+            QVERIFY2(without.contains(evdevCode), qPrintable(QString::number(evdevCode)));
+        for (const int evdevCode : { KEY_F14, KEY_PAUSE, KEY_BACK, KEY_102ND })
+            QVERIFY2(!without.contains(evdevCode), qPrintable(QString::number(evdevCode)));
+        for (const quint32 keysym : { 0xfe03U, 0xfe11U, 0xff7eU, 0xffeeU }) // of a layout's own
+            QVERIFY2(KeyCodes::isModifierOrLockSymbol(keysym), qPrintable(QString::number(keysym)));
+        QVERIFY(!KeyCodes::isModifierOrLockSymbol('a')
+                && !KeyCodes::isModifierOrLockSymbol(0xffff));
     }
 };
 

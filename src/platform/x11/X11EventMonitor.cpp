@@ -171,19 +171,18 @@ void X11EventMonitor::handleRawKey(quint8 key)
 {
     if (hasFocus() || m_popupHasKeyboard())
         return;
-    const auto keyCode = KeyCodes::virtualFromScanCode(key);
-    if (keyCode && KeyCodes::isModifier(*keyCode))
-        return; // on its way to another key
-    const KeyChord pressed { keyCode.value_or(-1), X11Modifiers::bits(m_modifiers) };
-    const bool isTrigger = pressed == m_trigger.chord();
-    if (!m_grabs.holds({ key, m_modifiers })) {
-        if (isTrigger)
-            deliverShared(key);
-        else
-            deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
-    } else if (isTrigger) {
+    const KeyChord pressed { KeyCodes::virtualFromScanCode(key).value_or(-1),
+                             X11Modifiers::bits(m_modifiers) };
+    const bool isGrabbed = m_grabs.holds({ key, m_modifiers });
+    // No application acts on these alone.
+    const bool isIdle = KeyCodes::isModifierOrLock(key) || KeyCodes::isMediaKey(key);
+    if (pressed == m_trigger.chord() && isGrabbed) {
         m_expectedKey = key;
         m_patience.start(grabbedPressLimit);
+    } else if (pressed == m_trigger.chord()) {
+        deliverShared(key);
+    } else if (!isGrabbed && !isIdle) {
+        deliver({ InputEvent::Kind::keyDown, pressed.keyCode, pressed.modifiers });
     }
 }
 
