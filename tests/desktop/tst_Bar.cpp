@@ -70,6 +70,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("what");
         QTest::newRow("click beside the bar") << u"beside"_s;
         QTest::newRow("click in the window's margin") << u"margin"_s;
+        QTest::newRow("drag onto the bar") << u"drag"_s;
         QTest::newRow("scroll") << u"scroll"_s;
     }
 
@@ -88,7 +89,12 @@ private Q_SLOTS:
             stage.tessel.awaitTrigger(); // scrolling is not heeded before
             stage.user().scroll(1);
         } else {
-            stage.user().click(place);
+            stage.user().movePointer(place);
+            stage.user().pressButton();
+            QTest::qWait(50); // a hand is not faster
+            if (what == u"drag")
+                stage.user().movePointer(bar->geometry.center());
+            stage.user().releaseButton();
             // The editor got the click: its selection is gone.
             QTRY_VERIFY(stage.session.clipboard().owner(Selection::Primary) == 0
                         || stage.session.clipboard().text(Selection::Primary) != u"tesserae"_s);
@@ -142,6 +148,11 @@ private Q_SLOTS:
         stage.user().movePointer(visible.topLeft() + QPoint(4, 20)); // the padding
         stage.user().scroll(1);
         stage.user().click(visible.topLeft() + QPoint(4, 20));
+        stage.user().pressButton();
+        QTest::qWait(50); // a hand is not faster
+        stage.user().movePointer(middle(stage) + QPoint(120, 60));
+        stage.user().releaseButton(); // of a press on the bar
+        QTest::qWait(300); // longer than the bar would need to go
         stage.user().click(TesselProgram::button(*bar, 0)); // works as ever
         QCOMPARE(stage.openedUrl().size(), 1);
     }

@@ -149,20 +149,26 @@ void X11EventMonitor::handleRaw(const X11Event &event)
     const auto &raw = event.as<xcb_input_raw_key_press_event_t>();
     if (raw.extension != m_connection.xinput().majorOpcode)
         return;
-    if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS) {
+    if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS)
         handleRawKey(static_cast<quint8>(raw.detail));
+    else if (raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS)
+        handleRawPress(raw.detail);
+    else if (raw.detail == leftButton && !m_isLeftPressOurs)
+        deliver({ InputEvent::Kind::leftMouseUp, -1, X11Modifiers::bits(m_modifiers) });
+}
+
+/// A window that gets the press gets the release as well, wherever the pointer is then.
+void X11EventMonitor::handleRawPress(quint32 button)
+{
+    const bool isOurs = isPointerOverOwnWindow();
+    if (button == leftButton)
+        m_isLeftPressOurs = isOurs;
+    if (isOurs)
         return;
-    }
-    const bool isPress = raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
-    const bool isScroll = raw.detail >= firstScrollButton && raw.detail <= lastScrollButton;
-    if ((!isPress && raw.detail != leftButton) || isPointerOverOwnWindow())
-        return;
-    if (isPress && !isScroll)
-        m_pressedElsewhere();
-    else if (isPress)
+    if (button >= firstScrollButton && button <= lastScrollButton)
         deliver({ InputEvent::Kind::scrollWheel, -1, X11Modifiers::bits(m_modifiers) });
     else
-        deliver({ InputEvent::Kind::leftMouseUp, -1, X11Modifiers::bits(m_modifiers) });
+        m_pressedElsewhere();
 }
 
 /// Of the keys that are grabbed only the grab tells: while another client, such as a screen locker,

@@ -43,6 +43,7 @@ private:
     void handleRawKey(quint8 key);
     void missTrigger();
     void deliverShared(quint8 key);
+    void handleRawPress(quint32 button);
     void deliver(const InputEvent &event);
     template <typename Change> void updateTrigger(Change change);
     [[nodiscard]] bool isPointerOverOwnWindow() const;
@@ -56,6 +57,7 @@ private:
     QTimer m_patience; ///< from the raw event of the trigger until its press
     quint8 m_expectedKey = 0; ///< that it waits for
     quint8 m_modifiers = 0; ///< mask as of the last state change that the server told
+    bool m_isLeftPressOurs = false; ///< the left button went down in one of our windows
     QList<Token *> m_tokens;
 };
 
