@@ -15,7 +15,7 @@
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
 #include "platform/Platform.h"
-#include "platform/PopupHost.h"
+#include "windows/ScreenChanges.h"
 #include "windows/Theme.h"
 
 using namespace Qt::StringLiterals;
@@ -37,20 +37,14 @@ FloatingPanel::FloatingPanel(Dependencies dependencies)
     : m_dependencies(dependencies)
     , m_window(dependencies.popupHost)
 {
-    const auto rebuildIfVisible = [this] {
-        if (m_phase == Phase::hidden)
-            return;
-        updateTheme();
-        takeKeys();
-    };
-    connect(&dependencies.notifications, &NotificationCenter::actionsDidReload, this,
-            [this, rebuildIfVisible] {
-                m_icons.clear();
-                rebuildIfVisible();
-            });
+    connect(&dependencies.notifications, &NotificationCenter::actionsDidReload, this, [this] {
+        m_icons.clear();
+        rebuild();
+    });
     connect(&dependencies.notifications, &NotificationCenter::themeDidChange, this,
-            rebuildIfVisible);
-    connect(&dependencies.appearance, &Appearance::changed, this, rebuildIfVisible);
+            &FloatingPanel::rebuild);
+    connect(&dependencies.appearance, &Appearance::changed, this, &FloatingPanel::rebuild);
+    onScreenChange(this, [this] { hide(); });
     connect(&dependencies.actions, &ActionManager::willRunAction, this, &FloatingPanel::hide);
     connect(&dependencies.popupHost, &PopupHost::sessionLocked, this, &FloatingPanel::hide);
     connect(&m_window, &PanelWindow::keyPressed, this, &FloatingPanel::handleKey);
@@ -72,24 +66,42 @@ FloatingPanel &FloatingPanel::shared()
 void FloatingPanel::show(const PopupLocation &at, const QString &text, bool makeKey)
 {
     m_currentText = text;
+    m_location = at;
     updateTheme();
     if (m_buttons.isEmpty()) {
         Log::print(u"DEBUG: No action applies to the selected text.");
         hide();
         return;
     }
-    const QSize size = m_window.size();
-    const QPoint place = PanelLayout::place(at.pointer, size, at.visibleFrame);
-    Log::print(u"DEBUG: FloatingPanel showing at (%1, %2, %3, %4)"_s.arg(place.x())
-                   .arg(place.y())
-                   .arg(size.width())
-                   .arg(size.height()));
+    const QRect frame(place(), m_window.size());
+    Log::print(u"DEBUG: FloatingPanel showing at (%1, %2, %3, %4)"_s.arg(frame.x())
+                   .arg(frame.y())
+                   .arg(frame.width())
+                   .arg(frame.height()));
     m_phase = Phase::shown;
     m_isChosen = false;
     m_takesKeys = makeKey;
     m_window.create();
     takeKeys(); // before anybody can see the bar and press one
-    m_window.fadeIn(place);
+    m_window.moveTo(frame.topLeft());
+    m_window.fadeIn();
+}
+
+QPoint FloatingPanel::place() const
+{
+    return PanelLayout::place(m_location.pointer, m_window.size(), m_location.visibleFrame);
+}
+
+/// After a change of what a bar that is shown consists of.
+void FloatingPanel::rebuild()
+{
+    if (m_phase != Phase::shown)
+        return;
+    updateTheme();
+    if (m_buttons.isEmpty())
+        return hide();
+    m_window.moveTo(place());
+    takeKeys();
 }
 
 /// The keys of as many buttons as there are; the application keeps all others.

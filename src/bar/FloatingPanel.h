@@ -4,6 +4,7 @@
 
 #include "bar/PanelWindow.h"
 #include "capture/ActionBar.h"
+#include "platform/PopupHost.h"
 
 #include <QHash>
 #include <QImage>
@@ -57,6 +58,8 @@ Q_SIGNALS:
 private:
     enum class Phase { hidden, shown, hiding };
 
+    void rebuild();
+    [[nodiscard]] QPoint place() const;
     void fill(HoverButton &button, const GlintAction &action, const QString &effectiveText,
               int index);
     [[nodiscard]] QImage icon(const QString &name);
@@ -70,6 +73,7 @@ private:
     QList<HoverButton *> m_buttons; ///< those in use, in order
     QHash<QString, QImage> m_icons; ///< decoded template images by icon name
     QString m_currentText;
+    PopupLocation m_location; ///< where it was asked for
     Phase m_phase = Phase::hidden;
     bool m_takesKeys = false;
     bool m_isChosen = false; ///< a button flashes and its action is about to run

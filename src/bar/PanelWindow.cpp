@@ -176,20 +176,24 @@ void PanelWindow::warmUp()
     grab();
 }
 
-void PanelWindow::fadeIn(QPoint place)
+void PanelWindow::moveTo(QPoint place)
+{
+    const QRectF bar = m_layout.bar;
+    shapeWindow(*this, roundedRectangle(bar, cornerRadius), m_isCompositing);
+    move(place);
+    m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
+    m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
+}
+
+void PanelWindow::fadeIn()
 {
     m_fade.stop();
     m_popping.stop();
     m_key.reset(); // the release of the key that hid the bar went elsewhere
-    shapeWindow(*this, roundedRectangle(m_layout.bar, cornerRadius), m_isCompositing);
-    move(place);
-    const QRectF bar = m_layout.bar;
-    m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
     m_pop->setScale(m_isCompositing ? popFrom : 1);
     m_pop->setOpacity(m_isCompositing ? firstOpacity : 1);
     show();
     announcePopup(*this, offeredActions());
-    m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
     if (!m_isCompositing)
         return;
     m_fade.setDuration(int(fadeInTime.count()));

@@ -39,9 +39,12 @@ public:
 
     void create(); ///< needed before anything that concerns its windowHandle()
 
-    /// Shows the window at a place (top-left corner, global logical pixels), fading and popping in
-    /// where the desktop can blend.
-    void fadeIn(QPoint place);
+    /// Brings the window, after a change of its buttons too, to a place (top-left corner, global
+    /// logical pixels): its outline, and where it takes clicks, are those of the bar.
+    void moveTo(QPoint place);
+
+    /// Shows the window, fading and popping in where the desktop can blend.
+    void fadeIn();
     void fadeOut(); ///< then the window is hidden
 
     /// Runs it when the key that the bar was used with is up again, at once when none is down: what

@@ -4,6 +4,7 @@
 
 #include "platform/PopupHost.h"
 #include "windows/AccessibleWindows.h"
+#include "windows/ScreenChanges.h"
 #include "windows/Theme.h"
 
 #include <QKeyEvent>
@@ -55,6 +56,7 @@ LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRe
     setWindowTitle(u"Tessel Large Type"_s);
     setAccessibleName(text.left(maxCharacters));
     setGeometry(frame);
+    onScreenChange(this, [this] { closeWindow(); });
     layOut(text.left(maxCharacters));
 }
 
@@ -121,9 +123,17 @@ void LargeTypeWindow::keyReleaseEvent(QKeyEvent *event)
         closeWindow();
 }
 
-void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *)
+void LargeTypeWindow::mousePressEvent(QMouseEvent *)
 {
-    closeWindow();
+    m_isPressed = true;
+}
+
+/// Of a press that began here: the one that picked the action may end here, too.
+void LargeTypeWindow::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_isPressed && rect().contains(event->position().toPoint()))
+        closeWindow();
+    m_isPressed = false;
 }
 
 void LargeTypeWindow::closeShown()

@@ -33,6 +33,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
@@ -44,6 +45,7 @@ private:
     std::vector<std::unique_ptr<QTextLayout>> m_paragraphs; ///< only as many as can be seen
     double m_textHeight = 0;
     HeldKey m_key; ///< that closes the window
+    bool m_isPressed = false; ///< a mouse button, in the window
 };
 
 }

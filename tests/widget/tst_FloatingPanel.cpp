@@ -3,6 +3,8 @@
 #include "bar/TooltipWindow.h"
 #include "widget/PanelFixture.h"
 
+#include <QScreen>
+
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 
@@ -107,6 +109,26 @@ private Q_SLOTS:
             QVERIFY(bar->isVisible());
             QCOMPARE(fixture.panel.currentText(), u"again"_s);
         }
+    }
+
+    void followsChangesWhileShown()
+    {
+        PanelFixture fixture;
+        fixture.setActions({ { u"one"_s, {} } });
+        const PanelWindow *bar = fixture.show(u"text"_s);
+        const int bottom = bar->geometry().bottom();
+        fixture.setActions(QList<std::pair<QString, QString>>(6, { u"more"_s, {} }));
+        const QRect second = buttonsOf(*bar).at(5)->geometry();
+        QVERIFY(fixture.platform.popupHost().active.contains(second)); // can be clicked
+        QCOMPARE(bar->geometry().bottom(), bottom); // the pointer is as free as before
+        Q_EMIT QGuiApplication::primaryScreen()->geometryChanged({});
+        QTRY_VERIFY(!shownWindow<PanelWindow>());
+
+        fixture.config.enableKeyboardShortcuts = false;
+        fixture.show(u"text"_s);
+        QVERIFY(!fixture.platform.popupHost().keys);
+        fixture.setActions({ { u"number"_s, u"\\d+"_s } });
+        QTRY_VERIFY(!shownWindow<PanelWindow>());
     }
 
     void tooltipsAndShortcutLetters()
