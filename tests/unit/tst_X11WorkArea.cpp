@@ -30,6 +30,15 @@ private Q_SLOTS:
         const X11Strut everything { .top = 5000, .topStart = 0, .topEnd = 1919 };
         QCOMPARE(x11WorkArea(left, desktop, { topOfLeft, deeper, everything }),
                  QRect(0, 50, 1920, 1030));
+
+        // Numbers that no screen has, such as "to the end" and -1.
+        constexpr quint32 most = 0xffffffff;
+        QCOMPARE(
+            x11WorkArea(right, desktop,
+                        { x11Strut({ 0, 0, 30 + 200, 0, 0, 0, 0, 0, 0, most, 0, 0 }),
+                          x11Strut({ most, most, most, most, 0, most, 0, most, 0, most, 0, most }),
+                          x11Strut({ 0, 0x80000000, 0, 0, 0, 0, 0, most, 0, 0, 0, 0 }) }),
+            QRect(1920, 230, 1280, 690));
     }
 };
 

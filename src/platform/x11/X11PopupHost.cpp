@@ -79,11 +79,10 @@ QList<X11Strut> struts(const X11Connection &connection)
     QList<X11Strut> result;
     for (const auto cookie : cookies) {
         const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(xcb, cookie, nullptr));
-        X11Strut strut;
-        static_assert(sizeof strut == 48, "laid out as the property: twelve 32-bit items");
-        if (reply && xcb_get_property_value_length(reply.get()) == int(sizeof strut)) {
-            std::memcpy(&strut, xcb_get_property_value(reply.get()), sizeof strut);
-            result += strut;
+        std::array<quint32, 12> items {};
+        if (reply && xcb_get_property_value_length(reply.get()) == int(sizeof items)) {
+            std::memcpy(items.data(), xcb_get_property_value(reply.get()), sizeof items);
+            result += x11Strut(items);
         }
     }
     return result;

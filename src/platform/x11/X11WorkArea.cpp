@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11WorkArea.h"
 
+#include <algorithm>
+
 namespace Tessel {
 
 namespace {
@@ -11,6 +13,16 @@ bool overlaps(int start, int length, int otherStart, int otherEnd)
     return otherStart < start + length && otherEnd >= start;
 }
 
+}
+
+X11Strut x11Strut(const std::array<quint32, 12> &items)
+{
+    constexpr quint32 farthest = 0x7fff; // of the core protocol's coordinates
+    std::array<int, 12> place {};
+    std::transform(items.begin(), items.end(), place.begin(),
+                   [=](quint32 item) { return int(std::min(item, farthest)); });
+    return { place[0], place[1], place[2], place[3], place[4],  place[5],
+             place[6], place[7], place[8], place[9], place[10], place[11] };
 }
 
 QRect x11WorkArea(const QRect &screen, QSize desktop, const QList<X11Strut> &struts)

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QRect>
 
+#include <array>
+
 namespace Tessel {
 
 /// Space that a panel reserves at the edges of the whole desktop (EWMH, _NET_WM_STRUT_PARTIAL), in
@@ -18,6 +20,9 @@ struct X11Strut
     int topStart = 0, topEnd = 0;
     int bottomStart = 0, bottomEnd = 0;
 };
+
+/// The property's items, as any client may have set them.
+[[nodiscard]] X11Strut x11Strut(const std::array<quint32, 12> &items);
 
 /// The part of a screen that no panel reserves. Struts that would leave nothing are ignored.
 [[nodiscard]] QRect x11WorkArea(const QRect &screen, QSize desktop, const QList<X11Strut> &struts);
