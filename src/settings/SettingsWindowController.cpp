@@ -31,8 +31,8 @@ namespace Tessel {
 
 namespace {
 
-/// At first, and at least.
-QSize windowSize()
+/// Below the tabs, at first and at least.
+QSize pagesSize()
 {
     return { roomFor(810), roomFor(450) };
 }
@@ -41,6 +41,7 @@ QSize windowSize()
 
 SettingsWindowController::SettingsWindowController(SettingsDependencies dependencies)
     : m_dependencies(dependencies)
+    , m_header(new QWidget)
     , m_tabs(new ToolbarTabBar)
 {
     FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
@@ -79,13 +80,15 @@ void SettingsWindowController::setupTabs()
                 [this] { m_tabs->setCurrentIndex(1 - m_tabs->currentIndex()); });
     }
 
+    QBoxLayout *header = SettingsLayout::stack(m_header, Qt::Vertical, 0);
+    header->addSpacing(4);
+    header->addWidget(m_tabs, 0, Qt::AlignHCenter);
+    header->addSpacing(4);
+    header->addWidget(SettingsLayout::separator());
     auto *content = new QWidget;
     QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
-    column->addSpacing(4);
-    column->addWidget(m_tabs, 0, Qt::AlignHCenter);
-    column->addSpacing(4);
-    column->addWidget(SettingsLayout::separator());
-    column->addWidget(pages);
+    column->addWidget(m_header);
+    column->addWidget(pages, 1);
     setCentralWidget(content);
     setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
     setFocus(); // no control is marked before the keyboard is used
@@ -118,7 +121,8 @@ void SettingsWindowController::showWindow()
 /// Only where the work area is smaller may the window be, too.
 void SettingsWindowController::fitInto(const QScreen &screen)
 {
-    setMinimumSize(SettingsLayout::fitted(windowSize(), screen.availableSize()));
+    const QSize preferred = pagesSize() + QSize(0, m_header->sizeHint().height());
+    setMinimumSize(SettingsLayout::fitted(preferred, screen.availableSize()));
 }
 
 void SettingsWindowController::setFloating(bool isFloating)

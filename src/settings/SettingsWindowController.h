@@ -39,6 +39,7 @@ private:
     void windowWillClose();
 
     SettingsDependencies m_dependencies;
+    QWidget *m_header; ///< the tabs, above the pages
     ToolbarTabBar *m_tabs;
     GeneralSettingsViewController *m_general = nullptr;
     ActionsSettingsViewController *m_actions = nullptr;
