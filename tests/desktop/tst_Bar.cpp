@@ -34,9 +34,8 @@ private Q_SLOTS:
     {
         QFETCH(bool, compositor);
         Stage stage;
-        DesktopOptions options;
-        options.compositor = compositor;
-        QVERIFY(prepare(stage, options));
+        QVERIFY(prepare(stage));
+        QVERIFY(!compositor || stage.session.startCompositor()); // after the program
         stage.user().movePointer(middle(stage));
         const QImage before = stage.user().screenshot();
         const auto bar = stage.tessel.summon();
@@ -103,39 +102,6 @@ private Q_SLOTS:
         QVERIFY(stage.session.urlRecorder().urls().isEmpty());
     }
 
-    void menusElsewhereOpen()
-    {
-        Stage stage;
-        QVERIFY(prepare(stage));
-        stage.user().movePointer(middle(stage));
-        QVERIFY(stage.tessel.summon());
-        stage.user().click(middle(stage) + QPoint(120, 60), 1, 3);
-        QVERIFY(stage.user().waitForWindow([](const WindowInfo &window) {
-            return window.overrideRedirect && window.geometry.height() > 150;
-        }));
-    }
-
-    /// The compositor may start after the program.
-    void followsTheCompositor()
-    {
-        Stage stage;
-        QVERIFY(prepare(stage));
-        stage.user().movePointer(middle(stage));
-        QVERIFY(stage.tessel.summon());
-        stage.user().tap(XKB_KEY_Escape);
-        QVERIFY(stage.tessel.waitUntilBarGone());
-        QVERIFY(stage.session.startCompositor());
-        const QImage before = stage.user().screenshot();
-        const auto bar = stage.tessel.summon();
-        QVERIFY(bar);
-        // In the margin, away from the shadow, nothing is drawn.
-        const QRect margin(bar->geometry.topLeft() + QPoint(1, 1),
-                           QSize(bar->geometry.width() - 2, 2));
-        const QRect button(TesselProgram::button(*bar, 0) - QPoint(9, 9), QSize(18, 18));
-        QTRY_VERIFY(stage.user().screenshot(button) != before.copy(button));
-        QTRY_COMPARE(stage.user().screenshot(margin), before.copy(margin));
-    }
-
     void clickOrScrollOnTheBarDoesNotHideIt()
     {
         Stage stage;
@@ -155,19 +121,6 @@ private Q_SLOTS:
         QTest::qWait(300); // longer than the bar would need to go
         stage.user().click(TesselProgram::button(*bar, 0)); // works as ever
         QCOMPARE(stage.openedUrl().size(), 1);
-    }
-
-    void keysAreLeftAloneWhenTheBarTakesNone()
-    {
-        Stage stage;
-        stage.tessel.settings.insert(u"enableKeyboardShortcuts"_s, false);
-        QVERIFY(prepare(stage));
-        QVERIFY(stage.tessel.summon());
-        stage.tessel.awaitTrigger();
-        stage.user().tap(XKB_KEY_1);
-        QVERIFY(stage.tessel.waitUntilBarGone());
-        QTRY_COMPARE(stage.editor->content(), u"1"_s); // it replaced the text
-        QVERIFY(stage.session.urlRecorder().urls().isEmpty());
     }
 
     void standsAboveAFullScreenWindow()

@@ -129,6 +129,8 @@ private Q_SLOTS:
             QVERIFY(window->isVisible());
             if (text.front() == u'w')
                 Q_EMIT window->screen()->geometryChanged({});
+            else if (text.front() == u'\n')
+                QTest::mouseClick(window, Qt::LeftButton, {}, { 30, 400 });
             else
                 QTest::keyClick(window, Qt::Key_Shift);
             QTRY_VERIFY(!shownWindow<LargeTypeWindow>());

@@ -139,16 +139,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.passedOn(), 2);
     }
 
-    void theTriggerIsKeptAndFollowsTheConfiguration()
-    {
-        Fixture fixture;
-        FakePlatform::Monitor &monitor = fixture.platform.eventMonitor();
-        QCOMPARE(monitor.trigger, (KeyChord { KeyCodes::keyF2, 0 }));
-        fixture.config.triggerModifiers = KeyCodes::control;
-        fixture.config.save();
-        QCOMPARE(monitor.trigger, (KeyChord { KeyCodes::keyF2, KeyCodes::control }));
-    }
-
     void excludedApplicationIsCopiedFromButGetsNoBar()
     {
         Fixture fixture;

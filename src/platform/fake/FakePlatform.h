@@ -29,13 +29,12 @@ public:
         [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                      Handler handler) override;
         void send(const InputEvent &event); ///< to every handler that wants it
-        void setTrigger(const KeyChord &chord) override { trigger = chord; }
+        void setTrigger(const KeyChord &) override { }
         [[nodiscard]] bool isTriggerShared() const override { return isShared; }
         void passTriggerOn() override { ++passedOn; }
 
         bool refuses = false;
         bool isShared = false;
-        KeyChord trigger;
         int passedOn = 0; ///< how often the application was to get the trigger
 
     private:
