@@ -42,14 +42,17 @@ class tst_ActionsSettings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QApplication::setStyle(new WindowStyle); }
+    void initTestCase()
+    {
+        QApplication::setStyle(new WindowStyle);
+        installEditingKeys();
+    }
 
     void init()
     {
         Log::setSink([](QStringView) {});
     }
     void cleanup() { Log::setSink({}); }
-    void initTestCase() { installEditingKeys(); }
 
     void singleLineFields()
     {
