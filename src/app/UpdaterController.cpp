@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/UpdaterController.h"
 
+#include "base/BaseFolders.h"
 #include "base/HelperFolder.h"
 #include "base/Log.h"
 #include "windows/ReleaseNotes.h"
@@ -54,13 +55,6 @@ void writeState(const QString &path, const State &state)
                    + file.errorString());
 }
 
-/// XDG Base Directory Specification 0.8: a relative path does not count.
-QString stateFolder()
-{
-    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + u"/.local/state"_s;
-}
-
 /// A clock that was set back makes a check due.
 std::chrono::milliseconds timeLeft(const QDateTime &lastCheck, const QDateTime &now,
                                    std::chrono::milliseconds interval)
@@ -93,7 +87,7 @@ UpdaterController::Dependencies UpdaterController::standard(Workspace &workspace
              .helperPath = helperFolder() + u"/tessel-update-check"_s,
              .feed = QStringLiteral(TESSEL_UPDATE_FEED),
              .publicKey = QStringLiteral(TESSEL_UPDATE_KEY),
-             .stateFile = stateFolder() + u"/tessel/updates.json"_s,
+             .stateFile = BaseFolders::state() + u"/updates.json"_s,
              .currentVersion = QStringLiteral(TESSEL_VERSION) };
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
+#include "base/BaseFolders.h"
 #include "base/HelperFolder.h"
 #include "base/Log.h"
 #include "config/ConfigManager.h"
@@ -78,6 +79,7 @@ void quitOnTerminationSignals()
 
 int main(int argc, char *argv[])
 {
+    BaseFolders::dropRelative();
     std::signal(SIGPIPE, SIG_IGN); // a closed standard output must not end the program
     if (const auto owner = SingleInstance::liveOwnerElseTakeLock(SingleInstance::lockFilePath())) {
         Log::print(u"App is already running (PID: %1). Terminating new instance."_s.arg(*owner));

@@ -4,6 +4,7 @@
 
 #include "actions/GlintAction.h"
 #include "actions/Pattern.h"
+#include "base/BaseFolders.h"
 #include "base/Log.h"
 #include "config/DefaultActions.h"
 #include "config/LocalizationManager.h"
@@ -175,6 +176,15 @@ private Q_SLOTS:
         QVERIFY(m_log[1].startsWith(u"ERROR: Failed to save config: "));
         QCOMPARE(spy.size(), 0);
         QCOMPARE(config.triggerKeyCode, 99);
+    }
+
+    void relativeFoldersDoNotCount()
+    {
+        qputenv("XDG_CACHE_HOME", "relative");
+        qputenv("XDG_CONFIG_DIRS", "/a:b::/c");
+        BaseFolders::dropRelative();
+        QVERIFY(!qEnvironmentVariableIsSet("XDG_CACHE_HOME"));
+        QCOMPARE(qgetenv("XDG_CONFIG_DIRS"), "/a:/c");
     }
 
     void offersValidActions()

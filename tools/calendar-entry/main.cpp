@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/BaseFolders.h"
 #include "base/TextRules.h"
 #include "calendar-entry/DatePhrase.h"
 #include "lib/calendar/HandOver.h"
@@ -42,6 +43,7 @@ CalendarEntry entryFrom(const QString &text, const QDateTime &now)
 /// Makes a calendar entry of the text on standard input and hands it to the default calendar.
 int main(int argc, char *argv[])
 {
+    BaseFolders::dropRelative();
     const QCoreApplication app(argc, argv);
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))

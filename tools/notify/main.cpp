@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/BaseFolders.h"
 #include "lib/support/Detachment.h"
 #include "notify/Notification.h"
 
@@ -17,6 +18,7 @@ using namespace std::chrono_literals;
 /// shown; the file is offered for another minute.
 int main(int argc, char *argv[])
 {
+    BaseFolders::dropRelative();
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return EXIT_FAILURE;

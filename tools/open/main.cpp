@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/BaseFolders.h"
 #include "lib/desktop/DesktopApplications.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/support/StandardStreams.h"
@@ -86,6 +87,7 @@ int run(OpenRequest request)
 int main(int argc, char *argv[])
 {
     occupyClosedStreams();
+    BaseFolders::dropRelative();
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (const auto request = OpenRequest::parse(arguments))

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/BaseFolders.h"
 #include "base/TextRules.h"
 #include "lib/desktop/DesktopHost.h"
 #include "osascript/CommandLine.h"
@@ -10,6 +11,7 @@ using namespace Tessel;
 
 int main(int argc, char *argv[])
 {
+    BaseFolders::dropRelative();
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(exactText(argv[i]));

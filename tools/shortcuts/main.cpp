@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/BaseFolders.h"
 #include "lib/shortcuts/UserShortcuts.h"
 #include "lib/support/StandardStreams.h"
 
@@ -95,6 +96,7 @@ int list()
 int main(int argc, char *argv[])
 {
     occupyClosedStreams();
+    BaseFolders::dropRelative();
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
