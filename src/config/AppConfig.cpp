@@ -25,6 +25,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr auto bundleIdsKey = "excludedBundleIds";
 constexpr auto actionsKey = "customActions";
+constexpr int maxDepth = 64; ///< of nesting; the JSON library copies trees recursively
 
 /// Calls the visitor with the key and the field of each setting.
 template <typename Config, typename Visitor> void visitSettings(Config &config, Visitor &&visit)
@@ -207,6 +208,10 @@ AppConfig readConfig(const QByteArray &text)
     // Each action leaves the document as soon as it is read: a tree of a long list would cost much
     // more memory than the list itself.
     const auto takeActions = [&](int depth, Json::parse_event_t event, Json &value) {
+        if (depth >= maxDepth
+            && (event == Json::parse_event_t::object_start
+                || event == Json::parse_event_t::array_start))
+            throw DecodingError { u"nested more than %1 deep"_s.arg(maxDepth) };
         if (depth == 1 && event == Json::parse_event_t::key)
             rootKey = value.get_ref<const std::string &>();
         const bool isElement = event == Json::parse_event_t::object_end
