@@ -89,6 +89,8 @@ void AppDelegate::applicationDidFinishLaunching()
     connect(&platform.popupHost(), &PopupHost::sessionLocked, this, &LargeTypeWindow::closeShown);
     platform.workspace().nothingOpened = [this](const QString &url) { tellNothingOpened(url); };
     Log::print(u"Tessel started.");
+    if (const auto &notice = ConfigManager::shared().loadNotice())
+        notify(*notice);
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {
         WindowStyle::apply(platform.appearance());
@@ -102,10 +104,13 @@ void AppDelegate::tellNothingOpened(const QString &url)
 {
     const QString title
         = LocalizationManager::shared().localizedString(u"No application could open the address"_s);
-    m_notifier.run(notificationCommand({ .text = Url::schemeOf(url).toString() + u":…"_s,
-                                         .title = title,
-                                         .topic = u"address"_s },
-                                       helperFolder()),
+    notify(
+        { .text = Url::schemeOf(url).toString() + u":…"_s, .title = title, .topic = u"address"_s });
+}
+
+void AppDelegate::notify(const DesktopNotification &notification)
+{
+    m_notifier.run(notificationCommand(notification, helperFolder()),
                    [](const Result<CommandResult> &shown) {
                        if (!shown || shown->exitStatus != 0)
                            Log::print(u"ERROR: "_s

@@ -11,6 +11,7 @@
 
 namespace Tessel {
 
+struct DesktopNotification;
 class MenuBarManager;
 class SelectionDetector;
 class UpdaterController;
@@ -28,6 +29,7 @@ public:
 
 private:
     void tellNothingOpened(const QString &url);
+    void notify(const DesktopNotification &notification);
     void showMissingAccess(const QStringList &missing);
 
     CommandRunner m_notifier;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "config/ConfigManager.h"
 
+#include "base/BaseFolders.h"
 #include "base/Identifier.h"
 #include "base/Log.h"
+#include "config/ConfigFile.h"
 #include "config/DefaultActions.h"
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
@@ -15,6 +17,7 @@
 #include <QStandardPaths>
 
 #include <filesystem>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +31,7 @@ constexpr qint64 maxIconFileSize = 64 << 20; ///< bytes; the file is copied whil
 
 ConfigManager::ConfigManager(Dependencies dependencies)
     : m_dependencies(std::move(dependencies))
+    , m_history(m_dependencies.history)
 {
     createConfigDirectory();
     load();
@@ -37,7 +41,8 @@ ConfigManager &ConfigManager::shared()
 {
     static auto *manager = new ConfigManager(
         { QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-          NotificationCenter::defaultCenter(), LocalizationManager::shared() });
+          NotificationCenter::defaultCenter(), LocalizationManager::shared(),
+          BaseFolders::state() });
     return *manager;
 }
 
@@ -65,19 +70,48 @@ void ConfigManager::createConfigDirectory() const
 
 void ConfigManager::load()
 {
-    QFile file(configURL());
-    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
+    const Result<std::optional<QByteArray>> file = ConfigFile::read(configURL());
+    if (!file)
+        return leaveAlone(file.error());
+    if (!*file)
         return loadDefaults();
-    Result<AppConfig> decoded = decodeConfig(file.readAll());
-    if (!decoded) {
-        Log::print(u"ERROR: Failed to decode config: "_s + decoded.error().reason);
-        return loadDefaults();
-    }
+    Result<AppConfig> decoded = decodeConfig(**file);
+    if (!decoded)
+        return replaceUndecodable(decoded.error());
     AppConfig::operator=(*std::move(decoded));
+    m_history.add(**file);
     Log::print(u"DEBUG: Config loaded. Excluded: %1, Actions: %2"_s.arg(excludedBundleIds.size())
                    .arg(customActions.size()));
     applyLanguage();
     restoreStandardActions();
+}
+
+void ConfigManager::replaceUndecodable(const Failure &failure)
+{
+    Log::print(u"ERROR: Failed to decode config: "_s + failure.reason);
+    const LocalizationManager &texts = m_dependencies.localization;
+    QString text = texts.localizedString(u"The configuration file could not be read."_s);
+    if (const std::optional<QString> copy = m_history.setNewestAside()) {
+        text += u'\n' + texts.localizedString(u"A copy of the last good one: %1"_s).arg(*copy);
+    }
+    m_loadNotice = { .text = text,
+                     .title = texts.localizedString(u"Tessel uses its default settings"_s),
+                     .topic = u"configuration"_s };
+    loadDefaults();
+}
+
+/// What is no configuration file is not replaced by one either.
+void ConfigManager::leaveAlone(const Failure &failure)
+{
+    Log::print(u"ERROR: Config left alone: "_s + failure.reason);
+    const LocalizationManager &texts = m_dependencies.localization;
+    m_loadNotice
+        = { .text = texts.localizedString(u"The configuration file was left as it is: %1"_s)
+                        .arg(texts.localizedString(failure.reason))
+                + u'\n' + configURL(),
+            .title = texts.localizedString(u"Tessel uses its default settings"_s),
+            .topic = u"configuration"_s };
+    setDefaultLists();
 }
 
 void ConfigManager::applyLanguage() const
@@ -107,27 +141,39 @@ void ConfigManager::restoreStandardActions()
 
 void ConfigManager::save()
 {
-    QFile file(configURL());
-    if (file.fileName().isEmpty())
+    const QString path = configURL();
+    if (path.isEmpty())
         return;
     const QByteArray json = encodeConfig(*this);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        || file.write(json) != json.size()) {
-        Log::print(u"ERROR: Failed to save config: "_s + file.errorString());
+    const Result<void> written = ConfigFile::write(path, json);
+    setSaveFailure(written ? QString() : written.error().reason);
+    if (!written) {
+        Log::print(u"ERROR: Failed to save config: "_s + m_saveFailure);
         return;
     }
-    file.close();
-    const QString message = u"DEBUG: Config saved to "_s + file.fileName();
+    m_history.add(json);
+    const QString message = u"DEBUG: Config saved to "_s + path;
     Log::print(message);
     Log::print(message); // twice for each save: part of the output's fixed form
     Q_EMIT m_dependencies.notifications.configDidChange();
     Q_EMIT m_dependencies.notifications.themeDidChange();
 }
 
-void ConfigManager::loadDefaults()
+void ConfigManager::setSaveFailure(const QString &reason)
+{
+    if (std::exchange(m_saveFailure, reason) != reason)
+        Q_EMIT saveFailureChanged();
+}
+
+void ConfigManager::setDefaultLists()
 {
     excludedBundleIds.clear();
     customActions = DefaultActions::all();
+}
+
+void ConfigManager::loadDefaults()
+{
+    setDefaultLists();
     save();
 }
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/DesktopNotification.h"
 #include "config/AppConfig.h"
+#include "config/ConfigHistory.h"
 
 #include <QObject>
 
@@ -26,6 +28,7 @@ public:
             applicationSupport; ///< the folder that holds "GlintClone"; empty: nothing is stored
         NotificationCenter &notifications;
         LocalizationManager &localization;
+        QString history = {}; ///< the folder of a ConfigHistory
     };
 
     /// Creates the folder and loads the configuration.
@@ -37,6 +40,15 @@ public:
     void load();
     void save();
     void loadDefaults();
+
+    /// Why the last save failed, in the system's words; empty when it went well.
+    [[nodiscard]] const QString &saveFailure() const { return m_saveFailure; }
+
+    /// What the user is to know about a file that was there and could not be loaded.
+    [[nodiscard]] const std::optional<DesktopNotification> &loadNotice() const
+    {
+        return m_loadNotice;
+    }
 
     /// Whether the action can run as configured.
     [[nodiscard]] static bool validateAction(const ActionConfig &action);
@@ -50,16 +62,26 @@ public:
     /// Path of the file that a "custom:" name stands for; nothing when there is no such file.
     [[nodiscard]] std::optional<QString> getCustomIconURL(const QString &iconName) const;
 
+Q_SIGNALS:
+    void saveFailureChanged();
+
 private:
     [[nodiscard]] QString folder() const; ///< empty without Application Support folder
     [[nodiscard]] QString configURL() const;
     [[nodiscard]] QString iconFolder() const; ///< only with an Application Support folder
     void createConfigDirectory() const;
+    void replaceUndecodable(const Failure &failure);
+    void leaveAlone(const Failure &failure);
+    void setDefaultLists();
+    void setSaveFailure(const QString &reason);
     void applyLanguage() const;
     void restoreStandardActions();
     [[nodiscard]] Result<QString> copyIntoIconFolder(const QString &sourcePath) const;
 
     Dependencies m_dependencies;
+    ConfigHistory m_history;
+    QString m_saveFailure;
+    std::optional<DesktopNotification> m_loadNotice;
 };
 
 }

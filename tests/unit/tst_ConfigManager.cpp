@@ -17,6 +17,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 using Language = LocalizationManager::Language;
@@ -164,18 +168,93 @@ private Q_SLOTS:
     void reportsFailedSave()
     {
         ConfigManager config(dependencies());
+        const QByteArray before = read(path());
         m_log.clear();
-        QVERIFY(QFile::remove(path()) && QFile::link(u"/dev/full"_s, path()));
         QSignalSpy spy(&m_notifications, &NotificationCenter::configDidChange);
-        config.triggerKeyCode = 99;
+        config.customActions += config.customActions;
+        std::signal(SIGXFSZ, SIG_IGN); // no room for the new content, but for some of it
+        rlimit limit = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+        const rlimit small { rlim_t(before.size()) + 100, limit.rlim_max };
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
         config.save();
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        QCOMPARE(read(path()), before);
         QVERIFY(QFile::remove(path()) && QDir().mkdir(path())); // a folder in the file's place
         config.save();
-        QCOMPARE(m_log.size(), 2);
-        QCOMPARE(m_log[0], u"ERROR: Failed to save config: No space left on device"_s);
-        QVERIFY(m_log[1].startsWith(u"ERROR: Failed to save config: "));
+        QCOMPARE(m_log,
+                 (QStringList { u"ERROR: Failed to save config: File too large"_s,
+                                u"ERROR: Failed to save config: Is a directory"_s }));
+        QCOMPARE(config.saveFailure(), u"Is a directory"_s);
         QCOMPARE(spy.size(), 0);
-        QCOMPARE(config.triggerKeyCode, 99);
+        QVERIFY(QDir().rmdir(path()));
+        config.save();
+        QCOMPARE(config.saveFailure(), QString());
+        config.customActions.resize(1); // nothing of the longer content stays
+        config.save();
+        QCOMPARE(read(path()), encodeConfig(config));
+    }
+
+    /// A FIFO would be waited for, and /dev/zero read until the memory is full.
+    void leavesAloneWhatIsNoFile()
+    {
+        using Make = bool (*)(const char *);
+        const Make things[] = {
+            [](const char *name) { return mkfifo(name, 0600) == 0; },
+            [](const char *name) { return symlink("/dev/zero", name) == 0; },
+            [](const char *name) { return mkdir(name, 0700) == 0; },
+            [](const char *name) {
+                return mknod(name, S_IFREG | 0600, 0) == 0 && truncate(name, 257 << 20) == 0;
+            },
+        };
+        for (const Make &make : things) {
+            m_folder = std::make_unique<QTemporaryDir>();
+            m_log.clear();
+            QVERIFY(QDir().mkpath(path({})) && make(qPrintable(path())));
+            const QFileInfo before(path());
+            ConfigManager config(dependencies());
+            QCOMPARE(config.customActions.size(), 9);
+            QVERIFY(m_log.size() == 1 && m_log[0].startsWith(u"ERROR: Config left alone: "));
+            QVERIFY(config.loadNotice() && config.loadNotice()->text.endsWith(path()));
+            config.save();
+            QVERIFY(!config.saveFailure().isEmpty());
+            QVERIFY(QFileInfo(path()) == before && QFileInfo(path()).size() == before.size());
+        }
+    }
+
+    void keepsCopies()
+    {
+        auto withHistory = dependencies();
+        withHistory.history = m_folder->filePath(u"state/tessel"_s);
+        const auto copy = [&](const QString &name) {
+            return read(withHistory.history + u"/config-%1.json"_s.arg(name));
+        };
+        QByteArray good;
+        {
+            ConfigManager config(withHistory);
+            for (const int key : { 1, 2, 3, 4, 5, 6, 6 }) {
+                config.triggerKeyCode = key;
+                config.save();
+            }
+            good = encodeConfig(config);
+        }
+        QCOMPARE(QDir(withHistory.history).count(), 2 + 5U);
+        QCOMPARE(copy(u"1"_s), good);
+        QVERIFY(copy(u"5"_s).contains(R"("triggerKeyCode":2,)"));
+        for (const QString &name : { u""_s, u"/config-1.json"_s })
+            QVERIFY(!(QFileInfo(withHistory.history + name).permissions() & 0x77));
+
+        write(path(), good + ',');
+        {
+            ConfigManager config(withHistory);
+            QCOMPARE(config.customActions.size(), 9);
+            QVERIFY(config.loadNotice()->text.endsWith(u"/config-before-defaults.json"));
+            for (const int key : { 1, 2, 3, 4, 5, 6 }) {
+                config.triggerKeyCode = key;
+                config.save();
+            }
+        }
+        QCOMPARE(copy(u"before-defaults"_s), good);
     }
 
     void relativeFoldersDoNotCount()
@@ -189,38 +268,25 @@ private Q_SLOTS:
 
     void offersValidActions()
     {
-        const QList<ActionConfig> actions { action(u"host"_s, ActionType::url, u"example.org"_s),
-                                            action(u"path"_s, ActionType::url, u"mailto:a@b"_s),
-                                            action(u"url"_s, ActionType::url, u"x-a+1.b://"_s),
-                                            action(u"name"_s, ActionType::shortcut, u" "_s),
-                                            action(u"none"_s, ActionType::shellScript, {}),
-                                            action(u"type"_s, ActionType::builtin, u"LARGE_TYPE"_s),
-                                            action(u"case"_s, ActionType::builtin, u"copy"_s) };
+        QList<ActionConfig> actions { action(u"host"_s, ActionType::url, u"example.org"_s),
+                                      action(u"path"_s, ActionType::url, u"mailto:a@b"_s),
+                                      action(u"url"_s, ActionType::url, u"x-a+1.b://"_s),
+                                      action(u"name"_s, ActionType::shortcut, u" "_s),
+                                      action(u"none"_s, ActionType::shellScript, {}),
+                                      action(u"type"_s, ActionType::builtin, u"LARGE_TYPE"_s),
+                                      action(u"case"_s, ActionType::builtin, u"copy"_s) };
+        actions[2].regex = QString(); // like none
         QString offered;
-        for (const GlintAction &action : getGlintActions(actions, {}))
+        MatchBudget budget;
+        for (const GlintAction &action : getGlintActions(actions, {})) {
             offered += action.id + u' ';
+            QCOMPARE(action.check(u" a\n"_s, budget), std::optional(u" a\n"_s));
+        }
         QCOMPARE(offered, u"url name type "_s);
         ActionConfig disabled = actions.last();
         disabled.isEnabled = false;
         QVERIFY(ConfigManager::validateAction(disabled));
         QVERIFY(getGlintActions({ disabled }, {}).isEmpty());
-    }
-
-    void actionsAreSnapshots()
-    {
-        QList<ActionConfig> configured { action(u"a"_s, ActionType::builtin, u"COPY"_s) };
-        configured[0].regex = QString(); // like none
-        const ActionConfig original = configured[0];
-        QList<std::pair<ActionConfig, QString>> runs;
-        const QList<GlintAction> list
-            = getGlintActions(configured, [&runs](const ActionConfig &chosen, const QString &text) {
-                  runs.append({ chosen, text });
-              });
-        configured.clear();
-        MatchBudget budget;
-        QCOMPARE(list.at(0).check(u" a\n"_s, budget), std::optional(u" a\n"_s));
-        list[0].handler(u"text"_s);
-        QVERIFY(runs == (decltype(runs) { { original, u"text"_s } }));
     }
 
     void storesCustomIcons()
