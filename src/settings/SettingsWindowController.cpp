@@ -11,6 +11,7 @@
 #include "platform/Workspace.h"
 #include "settings/ActionsSettingsViewController.h"
 #include "settings/GeneralSettingsViewController.h"
+#include "settings/SaveNotice.h"
 #include "settings/SettingsLayout.h"
 #include "settings/ToolbarTabBar.h"
 #include "windows/ApplicationIcon.h"
@@ -43,6 +44,7 @@ SettingsWindowController::SettingsWindowController(SettingsDependencies dependen
     : m_dependencies(dependencies)
     , m_header(new QWidget)
     , m_tabs(new ToolbarTabBar)
+    , m_saveNotice(new SaveNotice(dependencies.config, dependencies.localization, this))
 {
     FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -89,6 +91,7 @@ void SettingsWindowController::setupTabs()
     QBoxLayout *column = SettingsLayout::stack(content, Qt::Vertical, 0);
     column->addWidget(m_header);
     column->addWidget(pages, 1);
+    column->addWidget(m_saveNotice);
     setCentralWidget(content);
     setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what they record
     setFocus(); // no control is marked before the keyboard is used
@@ -138,6 +141,7 @@ void SettingsWindowController::languageChanged()
 {
     m_tabs->setTabText(0, m_dependencies.localization.localizedString(u"General"_s));
     m_tabs->setTabText(1, m_dependencies.localization.localizedString(u"Actions"_s));
+    m_saveNotice->refresh();
 }
 
 void SettingsWindowController::closeEvent(QCloseEvent *event)

@@ -12,6 +12,7 @@ namespace Tessel {
 
 class ActionsSettingsViewController;
 class GeneralSettingsViewController;
+class SaveNotice;
 class ToolbarTabBar;
 
 /// The settings window. Deletes itself when closed.
@@ -43,6 +44,7 @@ private:
     ToolbarTabBar *m_tabs;
     GeneralSettingsViewController *m_general = nullptr;
     ActionsSettingsViewController *m_actions = nullptr;
+    SaveNotice *m_saveNotice;
 };
 
 }

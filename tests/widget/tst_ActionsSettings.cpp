@@ -4,6 +4,7 @@
 #include "settings/ActionsModel.h"
 #include "settings/ExcludedAppsModel.h"
 #include "settings/IconPickerViewController.h"
+#include "settings/SaveNotice.h"
 #include "widget/CpuTime.h"
 #include "widget/SettingsFixture.h"
 #include "windows/EditingKeys.h"
@@ -202,6 +203,22 @@ private Q_SLOTS:
         }
         QCOMPARE(excluded->rowCount(), 0);
         QCOMPARE(fixture.saved().customActions.size(), 9);
+    }
+
+    void saysThatNothingIsSaved()
+    {
+        SettingsFixture fixture;
+        fixture.showActions();
+        const auto *notice = fixture.window->findChild<SaveNotice *>();
+        QVERIFY(!notice->isVisible());
+        const QString file = fixture.folder.filePath(u"GlintClone/config.json"_s);
+        QVERIFY(QFile::remove(file) && QDir().mkdir(file));
+        fixture.click(0, ActionsModel::enabledColumn);
+        QVERIFY(notice->isVisible());
+        QCOMPARE(notice->text(), u"Changes are not being saved: Is a directory"_s);
+        QVERIFY(QDir().rmdir(file));
+        fixture.click(0, ActionsModel::enabledColumn);
+        QVERIFY(!notice->isVisible());
     }
 
     /// A drop that no drag of the table stands behind.
