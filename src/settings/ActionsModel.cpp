@@ -6,6 +6,8 @@
 #include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
@@ -86,14 +88,19 @@ void ActionsModel::setTemplate(int row, const QString &text)
     change(row, [&text](ActionConfig &action) { action.templateText = text; });
 }
 
-int ActionsModel::append()
+int ActionsModel::insert(int row, const ActionConfig &action)
 {
-    const int row = rowCount();
+    row = std::min(row, rowCount());
     beginInsertRows({}, row, row);
-    m_config.customActions.append(ActionEditing::newAction());
+    m_config.customActions.insert(row, action);
     endInsertRows();
     m_config.save();
     return row;
+}
+
+int ActionsModel::append()
+{
+    return insert(rowCount(), ActionEditing::newAction());
 }
 
 void ActionsModel::remove(int row)
@@ -101,8 +108,9 @@ void ActionsModel::remove(int row)
     if (!action(row))
         return;
     beginRemoveRows({}, row, row);
-    m_config.customActions.removeAt(row);
+    const ActionConfig removed = m_config.customActions.takeAt(row);
     endRemoveRows();
+    m_undo.append([this, row, removed] { return insert(row, removed); });
     m_config.save();
 }
 
@@ -121,9 +129,36 @@ bool ActionsModel::move(int source, int dropRow)
 
 void ActionsModel::resetToDefaults()
 {
+    const AppConfig before = m_config;
     beginResetModel();
     m_config.loadDefaults();
     endResetModel();
+    m_undo.append(
+        [this, before, defaults = m_config.customActions] { return undoReset(before, defaults); });
+}
+
+/// What was added since the reset, actions and excluded applications, stays.
+int ActionsModel::undoReset(const AppConfig &before, const QList<ActionConfig> &defaults)
+{
+    const auto isDefault = [&defaults](const ActionConfig &action) {
+        return std::any_of(defaults.begin(), defaults.end(),
+                           [&action](const ActionConfig &made) { return made.id == action.id; });
+    };
+    beginResetModel();
+    m_config.customActions.removeIf(isDefault);
+    m_config.customActions = before.customActions + m_config.customActions;
+    m_config.excludedBundleIds = before.excludedBundleIds + m_config.excludedBundleIds;
+    m_config.excludedBundleIds.removeDuplicates();
+    endResetModel();
+    m_config.save();
+    return 0;
+}
+
+std::optional<int> ActionsModel::undo()
+{
+    if (m_undo.isEmpty())
+        return {};
+    return m_undo.takeLast()();
 }
 
 int ActionsModel::rowCount(const QModelIndex &parent) const

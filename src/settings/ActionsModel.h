@@ -6,6 +6,8 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
+
 namespace Tessel {
 
 class ConfigManager;
@@ -48,6 +50,10 @@ public:
     bool move(int source, int dropRow); ///< to the place before `dropRow`; false: refused
     void resetToDefaults();
 
+    /// Takes back the last removal, or reset, that was not taken back yet. Gives the row to look
+    /// at; nothing when there is none.
+    std::optional<int> undo();
+
     /// Puts the headers, but that of the expressions, into the current language.
     void relabel();
 
@@ -63,6 +69,8 @@ public:
 
 private:
     template <typename Change> void change(int row, Change &&change);
+    int insert(int row, const ActionConfig &action);
+    int undoReset(const AppConfig &before, const QList<ActionConfig> &defaults);
     [[nodiscard]] QString shownText(const ActionConfig &action, int column) const;
     [[nodiscard]] std::optional<Remark> remark(const ActionConfig &action, int column) const;
     [[nodiscard]] QString spokenText(const QModelIndex &index) const;
@@ -71,6 +79,7 @@ private:
     const LocalizationManager &m_localization;
     const IconResolver &m_icons;
     QStringList m_headers;
+    QList<std::function<int()>> m_undo; ///< each gives the row
 };
 
 }

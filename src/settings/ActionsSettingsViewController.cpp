@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPersistentModelIndex>
 #include <QPushButton>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +64,11 @@ void ActionsSettingsViewController::setupUI()
         m_tableView->endEditing();
         m_model->resetToDefaults();
     });
+    // While this page is shown, wherever the focus is; text fields have the key for themselves.
+    for (const Qt::Modifier command : { Qt::CTRL, Qt::META }) {
+        connect(new QShortcut(command | Qt::Key_Z, this), &QShortcut::activated, this,
+                &ActionsSettingsViewController::undo);
+    }
 
     auto *buttons = new QWidget;
     QBoxLayout *row = stack(buttons, Qt::Horizontal, 10);
@@ -93,6 +99,9 @@ void ActionsSettingsViewController::describe()
         button->setAccessibleName(texts.localizedString(key));
         button->setToolTip(texts.localizedString(key));
     }
+    const QString undoHint = texts.localizedString(u"Ctrl+Z brings back what was removed"_s);
+    m_removeButton->setToolTip(m_removeButton->toolTip() + u'\n' + undoHint);
+    m_resetButton->setToolTip(undoHint);
 }
 
 void ActionsSettingsViewController::reloadUI()
@@ -110,6 +119,13 @@ void ActionsSettingsViewController::addAction()
 {
     m_tableView->endEditing();
     m_tableView->selectRow(m_model->append());
+}
+
+void ActionsSettingsViewController::undo()
+{
+    m_tableView->endEditing();
+    if (const auto row = m_model->undo())
+        m_tableView->selectRow(*row);
 }
 
 void ActionsSettingsViewController::showIconPicker(int row, const QRect &cell)

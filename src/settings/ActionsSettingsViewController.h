@@ -33,6 +33,7 @@ private:
     void reloadUI();
     void describe();
     void addAction();
+    void undo();
     void showIconPicker(int row, const QRect &cell);
 
     SettingsDependencies m_dependencies;

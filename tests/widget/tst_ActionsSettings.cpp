@@ -203,6 +203,26 @@ private Q_SLOTS:
         }
         QCOMPARE(excluded->rowCount(), 0);
         QCOMPARE(fixture.saved().customActions.size(), 9);
+
+        fixture.control<QPushButton>(u"Add Action"_s)->click();
+        fixture.doubleClick(8, ActionsModel::titleColumn); // a field has the key for itself
+        QTest::keyClicks(QApplication::focusWidget(), u"x"_s);
+        const auto undo
+            = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier); };
+        undo();
+        QCOMPARE(fixture.config.customActions.size(), 10);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(QApplication::focusWidget(), &fixture.table());
+        undo(); // the reset, but not what was added since
+        QCOMPARE(fixture.saved().customActions.size(), 2);
+        QCOMPARE(excluded->rowCount(), 1);
+        fixture.type(0, ActionsModel::titleColumn, u"later"_s);
+        undo(); // the removal, not what was edited since
+        QCOMPARE(fixture.saved(0).title, u"later"_s);
+        QCOMPARE(fixture.saved(1).title, u"New Action"_s);
+        QCOMPARE(fixture.table().currentIndex().row(), 1);
+        undo(); // nothing is left
+        QCOMPARE(fixture.saved().customActions.size(), 3);
     }
 
     void saysThatNothingIsSaved()
