@@ -8,6 +8,7 @@
 
 #include <cstdio>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace Tessel;
@@ -53,6 +54,23 @@ private Q_SLOTS:
         QCOMPARE(pipe(ends), 0);
         close(ends[0]);
         printTo(ends[1], u"lost");
+        close(ends[1]);
+    }
+
+    void dropsWhatAStoppedReaderLeaves()
+    {
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const int size = fcntl(ends[1], F_GETPIPE_SZ);
+        printTo(ends[1], QString(size, u'a')); // all of it would wait for ever
+        printTo(ends[1], u"lost");
+        QCOMPARE(read(ends[0], QByteArray(size, 0).data(), size_t(size)), size);
+        printTo(ends[1], u"line");
+        char line[6];
+        QCOMPARE(read(ends[0], line, sizeof line), ssize_t(sizeof line));
+        QCOMPARE(QByteArray(line, sizeof line), "\nline\n");
+        QVERIFY(!(fcntl(ends[1], F_GETFL) & O_NONBLOCK)); // others have it too
+        close(ends[0]);
         close(ends[1]);
     }
 };
