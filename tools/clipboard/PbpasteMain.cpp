@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/ClosedStreams.h"
 #include "clipboard/ClipboardOptions.h"
 #include "lib/support/StandardStreams.h"
 #include "platform/HelperPlatform.h"

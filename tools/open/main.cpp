@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "base/BaseFolders.h"
+#include "base/ClosedStreams.h"
 #include "lib/desktop/DesktopApplications.h"
 #include "lib/desktop/DisplayConnection.h"
 #include "lib/support/StandardStreams.h"

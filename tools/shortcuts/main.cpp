@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "base/BaseFolders.h"
+#include "base/ClosedStreams.h"
 #include "lib/shortcuts/UserShortcuts.h"
 #include "lib/support/StandardStreams.h"
 

@@ -9,23 +9,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
-
-void occupyClosedStreams()
-{
-    for (const int stream : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
-        if (fcntl(stream, F_GETFD) >= 0)
-            continue;
-        // The lowest free number, opened for the direction in which nobody uses it.
-        [[maybe_unused]] const int same
-            = open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
-    }
-}
 
 Result<QByteArray> readInput(QFile &file)
 {

@@ -10,11 +10,6 @@ class QFile;
 
 namespace Tessel {
 
-/// Keeps connections and files from becoming a standard stream that the caller has closed, which
-/// would then be read or written in its place. To be called first; using such a stream fails as
-/// before.
-void occupyClosedStreams();
-
 /// All of an open file or stream. Fails when it cannot be read or has more than 64 MiB, as much as
 /// is taken from a clipboard: a stream may have no end.
 [[nodiscard]] Result<QByteArray> readInput(QFile &file);
