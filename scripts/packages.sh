@@ -14,7 +14,7 @@ demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
     at-spi2-core dbus dbus-x11 featherpad fonts-noto-cjk i3lock mousepad openbox picom sakura tk
     trayer unicode-data vim-gtk3 x11-utils x11-xkb-utils x11-xserver-utils xdg-utils
-    xfce4-clipman-plugin xfce4-panel xfconf xsettingsd xterm xvfb zsh
+    xfce4-clipman-plugin xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb zsh
 )
 lint_packages=(clang-tidy)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)

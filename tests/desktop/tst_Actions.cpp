@@ -61,6 +61,20 @@ private Q_SLOTS:
             u"The command exited with status 3.\n\nError:\nit broke"_s));
     }
 
+    void errorIsShownUnderXfwm()
+    {
+        Stage stage;
+        stage.tessel.actions
+            = { TesselProgram::action(u"action"_s, u"shellScript"_s, u"exit 3"_s) };
+        DesktopOptions options;
+        options.windowManager = false;
+        QVERIFY(stage.session.start(options));
+        stage.session.launch(u"xfwm4"_s, { u"--compositor=off"_s });
+        QVERIFY(stage.tessel.start() && stage.open() && stage.runAction());
+        const auto panel = stage.tessel.waitForWindow(u"Command Failed"_s);
+        QVERIFY(panel && stage.user().waitUntilUsable(panel->id));
+    }
+
     void addressThatNothingOpensIsTold()
     {
         Stage stage;

@@ -164,19 +164,25 @@ Qt::WindowFlags X11PopupHost::windowFlags() const
 void X11PopupHost::adopt(QWindow *window)
 {
     m_keyboard.prepare();
+    const auto id = static_cast<quint32>(window->winId());
     if (!window->flags().testFlag(Qt::BypassWindowManagerHint)) {
-        // What the window manager does not leave alone is to be on all desktops (EWMH).
+        // What the window manager does not leave alone is to be on all desktops (EWMH). xfwm4 4.18
+        // takes the number for that of the last one; others ignore the state.
         const quint32 allDesktops = 0xFFFFFFFF;
-        xcb_change_property(
-            m_connection.xcb(), XCB_PROP_MODE_REPLACE, static_cast<quint32>(window->winId()),
-            m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 32, 1, &allDesktops);
+        xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, id,
+                            m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 32, 1,
+                            &allDesktops);
+        const quint32 sticky = m_connection.atom("_NET_WM_STATE_STICKY");
+        xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_APPEND, id,
+                            m_connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &sticky);
     }
     // Compositors that add shadows of their own to any window are told that ours has one.
-    const auto id = static_cast<quint32>(window->winId());
     const quint32 none = 0;
     xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, id,
                         m_connection.atom("_COMPTON_SHADOW"), XCB_ATOM_CARDINAL, 32, 1, &none);
-    xcb_flush(m_connection.xcb());
+    // Before Qt, on its connection, reads the state, adds its own and shows the window.
+    const XcbPtr<xcb_get_input_focus_reply_t> done(xcb_get_input_focus_reply(
+        m_connection.xcb(), xcb_get_input_focus(m_connection.xcb()), nullptr));
 }
 
 void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cornerRadius)
