@@ -22,12 +22,32 @@
 #include "windows/Theme.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPixmapCache>
 #include <QSystemTrayIcon>
+#include <QWindow>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace Tessel {
+
+namespace {
+
+constexpr auto untilNextLook = 200ms;
+
+/// The bar or large type: the keys that they hold must wait for nobody.
+bool isPopupShown()
+{
+    const auto windows = QGuiApplication::topLevelWindows();
+    return std::any_of(windows.begin(), windows.end(), [](const QWindow *window) {
+        return window->isVisible() && window->type() == Qt::ToolTip;
+    });
+}
+
+}
 
 MenuBarManager::MenuBarManager(Dependencies dependencies)
     : m_dependencies(dependencies)
@@ -42,8 +62,10 @@ MenuBarManager::MenuBarManager(Dependencies dependencies)
             &MenuBarManager::setupMenuBar);
     connect(&dependencies.platform.statusArea(), &StatusArea::itemColorChanged, this,
             &MenuBarManager::updateIcon);
-    if (dependencies.platform.statusArea().isAvailable())
-        setupMenuBar();
+    m_menu.installEventFilter(this);
+    m_later.setSingleShot(true);
+    connect(&m_later, &QTimer::timeout, &dependencies.platform.statusArea(), &StatusArea::ask);
+    dependencies.platform.statusArea().ask();
 }
 
 MenuBarManager::~MenuBarManager() = default;
@@ -60,11 +82,14 @@ MenuBarManager &MenuBarManager::shared()
     return *instance;
 }
 
-/// Not before there is a tray: Qt decides once, at the first item, which kind of tray there is.
+/// Not before there is a tray: Qt decides once, at the first item, which kind of tray there is, and
+/// waits for its answer.
 void MenuBarManager::setupMenuBar()
 {
     if (m_statusItem)
         return updateIcon(); // another tray may want another colour
+    if (isPopupShown())
+        return m_later.start(untilNextLook);
     m_statusItem = std::make_unique<QSystemTrayIcon>();
     m_statusItem->setToolTip(u"Tessel"_s);
     m_statusItem->setContextMenu(&m_menu);
@@ -81,6 +106,23 @@ void MenuBarManager::popUpMenu()
 {
     m_dependencies.platform.popupHost().locate().then(
         this, [this](const PopupLocation &location) { m_menu.popup(location.pointer); });
+}
+
+/// Qt minds the shortcuts of menus in windows only.
+bool MenuBarManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != &m_menu || event->type() != QEvent::KeyPress)
+        return false;
+    const QKeySequence keys(static_cast<QKeyEvent *>(event)->keyCombination());
+    const auto actions = m_menu.actions();
+    const auto action
+        = std::find_if(actions.begin(), actions.end(),
+                       [&keys](const QAction *candidate) { return candidate->shortcut() == keys; });
+    if (action == actions.end())
+        return false;
+    m_menu.close();
+    (*action)->trigger();
+    return true;
 }
 
 void MenuBarManager::updateIcon()

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
@@ -54,6 +55,9 @@ public:
 Q_SIGNALS:
     void updateCheckRequested();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void setupMenuBar();
     void popUpMenu();
@@ -64,6 +68,7 @@ private:
     Dependencies m_dependencies;
     IconResolver m_icons;
     QMenu m_menu;
+    QTimer m_later; ///< asks again for a tray
     std::unique_ptr<QSystemTrayIcon> m_statusItem; ///< empty until there is a tray
     QPointer<SettingsWindowController> m_settingsWindowController;
     QPointer<ErrorPanel> m_errorWindow;

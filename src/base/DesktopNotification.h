@@ -20,7 +20,7 @@ struct DesktopNotification
 };
 
 /// Runs tessel-notify in the folder of helpers; it ends with 0 once the notification is shown, and
-/// takes at most five seconds.
+/// takes at most six seconds.
 [[nodiscard]] CommandRequest notificationCommand(const DesktopNotification &notification,
                                                  const QString &folder);
 

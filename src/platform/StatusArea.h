@@ -16,13 +16,16 @@ class StatusArea : public QObject
 public:
     using QObject::QObject;
 
-    /// Whether there is one now.
-    [[nodiscard]] virtual bool isAvailable() const = 0;
+    /// Asks whether there is one, without waiting: becameAvailable() is the answer, which may never
+    /// come.
+    virtual void ask() = 0;
 
     /// The colour, as 0xRRGGBB, in which it wants items to be drawn, where it says so.
     [[nodiscard]] virtual std::optional<quint32> itemColor() const { return {}; }
 
 Q_SIGNALS:
+    /// It answers now. An item is to be made at once or after asking again: Qt waits for the place
+    /// meanwhile.
     void becameAvailable();
     void itemColorChanged();
 };

@@ -33,15 +33,20 @@ struct MenuFixture : PanelFixture
     ~MenuFixture() { Log::setSink({}); }
     Q_DISABLE_COPY_MOVE(MenuFixture)
 
+    [[nodiscard]] static QMenu *menu()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *menu = qobject_cast<QMenu *>(widget))
+                return menu;
+        }
+        return nullptr;
+    }
+
     [[nodiscard]] static QStringList entries()
     {
         QStringList titles;
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            if (!qobject_cast<QMenu *>(widget))
-                continue;
-            for (const QAction *action : widget->actions())
-                titles += action->isSeparator() ? u"-"_s : action->text();
-        }
+        for (const QAction *action : menu()->actions())
+            titles += action->isSeparator() ? u"-"_s : action->text();
         return titles;
     }
 };
@@ -64,10 +69,25 @@ private Q_SLOTS:
                                u"환경설정..."_s, u"-"_s, u"종료"_s }));
     }
 
+    void trayItemWaitsForTheBar()
+    {
+        MenuFixture fixture;
+        auto &tray = fixture.platform.statusArea();
+        fixture.setActions({ { u"a"_s, {} } });
+        QVERIFY(fixture.show(u"text"_s));
+        tray.isThere = true;
+        tray.ask();
+        QTRY_VERIFY(tray.asked > 3); // again and again: no item yet
+        tray.isThere = false;
+    }
+
     void settingsWindowLivesOnce()
     {
         MenuFixture fixture;
-        fixture.manager.openSettings();
+        QMenu *menu = fixture.menu();
+        menu->popup({});
+        QTest::keyClick(menu, Qt::Key_Comma, Qt::ControlModifier);
+        QVERIFY(!menu->isVisible());
         auto *window = shownWindow<SettingsWindowController>();
         QVERIFY(window);
         QVERIFY(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));

@@ -10,9 +10,16 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 using namespace Tessel;
 using namespace std::chrono_literals;
+
+namespace {
+
+constexpr unsigned maxSeconds = 6; ///< for a session bus that has stopped: Qt waits without a limit
+
+}
 
 /// Shows the notification on standard input (see base/DesktopNotification.h). Returns once it is
 /// shown; the file is offered for another minute.
@@ -26,10 +33,12 @@ int main(int argc, char *argv[])
 
     Detachment background = Detachment::begin();
     const QCoreApplication app(argc, argv);
+    ::alarm(maxSeconds);
     Notification notification(request);
     QObject::connect(&notification, &Notification::finished, qApp, &QCoreApplication::quit);
     if (const Result<void> shown = notification.show(); !shown)
         background.fail(shown.error().reason);
+    ::alarm(0);
     background.succeed();
     QTimer::singleShot(1min, qApp, &QCoreApplication::quit);
     return QCoreApplication::exec();

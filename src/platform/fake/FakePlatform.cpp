@@ -109,10 +109,4 @@ void FakePlatform::Look::setDark(bool isDark)
         Q_EMIT changed();
 }
 
-void FakePlatform::Area::appear()
-{
-    m_isAvailable = true;
-    Q_EMIT becameAvailable();
-}
-
 }

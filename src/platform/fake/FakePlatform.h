@@ -142,11 +142,15 @@ public:
     class Area final : public StatusArea
     {
     public:
-        [[nodiscard]] bool isAvailable() const override { return m_isAvailable; }
-        void appear();
+        void ask() override
+        {
+            ++asked;
+            if (isThere)
+                Q_EMIT becameAvailable();
+        }
 
-    private:
-        bool m_isAvailable = false;
+        bool isThere = false;
+        int asked = 0;
     };
 
     [[nodiscard]] QString notice() const override { return {}; }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/FreedesktopAppearance.h"
 
+#include "platform/DesktopBus.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -50,10 +52,16 @@ void FreedesktopAppearance::start()
     // identities, and then no signal matches the slot.
     qRegisterMetaType<QDBusVariant>();
     readKdeSettings();
+    DesktopBus::whenReady(this, [this] { listen(); });
+}
+
+void FreedesktopAppearance::listen()
+{
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, objectPath, settings, u"SettingChanged"_s, this,
+    // Whoever sends it: Qt would wait for the bus to tell the owner of a name.
+    bus.connect({}, objectPath, settings, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     bus.connect({}, u"/KGlobalSettings"_s, u"org.kde.KGlobalSettings"_s, u"notifyChange"_s, this,
                 SLOT(readKdeSettings()));

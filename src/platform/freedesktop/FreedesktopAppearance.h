@@ -34,6 +34,7 @@ private Q_SLOTS:
     void readKdeSettings();
 
 private:
+    void listen();
     void ask(const QString &group, const QString &key);
     void update();
 

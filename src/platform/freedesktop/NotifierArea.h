@@ -15,9 +15,20 @@ public:
     using StatusArea::StatusArea;
 
     void start(); ///< needs the application object
-    [[nodiscard]] bool isAvailable() const override { return m_hasHost; }
+    void ask() final;
+
+protected:
+    /// Whether there was a host when it was last asked for.
+    [[nodiscard]] bool hasHost() const { return m_hasHost; }
+
+private Q_SLOTS:
+    void askHost();
 
 private:
+    /// Whether something else shows items where there is no host.
+    [[nodiscard]] virtual bool hasOtherTray() const { return false; }
+    void handleAnswer(bool hasHost);
+
     bool m_hasHost = false;
 };
 

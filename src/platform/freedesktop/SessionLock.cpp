@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/SessionLock.h"
 
+#include "platform/DesktopBus.h"
+
 #include <QDBusConnection>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,11 @@ void SessionLock::start()
 {
     if (std::exchange(m_isStarted, true))
         return;
+    DesktopBus::whenReady(this, [this] { listen(); });
+}
+
+void SessionLock::listen()
+{
     // Whoever sends these signals: the worst that comes of it is a popup that is hidden. Qt would
     // wait for the bus to tell the owner of a name.
     QDBusConnection::systemBus().connect({}, {}, u"org.freedesktop.login1.Session"_s, u"Lock"_s,

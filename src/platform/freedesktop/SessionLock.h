@@ -26,6 +26,8 @@ private Q_SLOTS:
     void setActive(bool isActive);
 
 private:
+    void listen();
+
     bool m_isStarted = false;
 };
 

@@ -13,7 +13,7 @@ X11StatusArea::X11StatusArea(X11Connection &connection)
                  if (change == X11Manager::Change::property)
                      Q_EMIT itemColorChanged();
                  else if (m_tray.window())
-                     Q_EMIT becameAvailable();
+                     ask();
              })
 {
 }
@@ -21,7 +21,7 @@ X11StatusArea::X11StatusArea(X11Connection &connection)
 /// The first of four colours of three 16-bit parts each. Hosts of notifiers colour by themselves.
 std::optional<quint32> X11StatusArea::itemColor() const
 {
-    if (!m_tray.window() || NotifierArea::isAvailable())
+    if (!m_tray.window() || hasHost())
         return {};
     const QList<quint32> parts = m_connection.items(m_tray.window(), m_tray.property());
     if (parts.size() < 3)

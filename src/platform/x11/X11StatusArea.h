@@ -15,13 +15,11 @@ class X11StatusArea final : public NotifierArea
 public:
     explicit X11StatusArea(X11Connection &connection);
 
-    [[nodiscard]] bool isAvailable() const override
-    {
-        return NotifierArea::isAvailable() || m_tray.window();
-    }
     [[nodiscard]] std::optional<quint32> itemColor() const override;
 
 private:
+    [[nodiscard]] bool hasOtherTray() const override { return m_tray.window(); }
+
     X11Connection &m_connection;
     X11Manager m_tray;
 };
