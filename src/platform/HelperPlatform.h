@@ -4,7 +4,10 @@
 
 #include "base/Result.h"
 
+#include <QByteArray>
+
 #include <memory>
+#include <optional>
 
 namespace Tessel {
 
@@ -21,14 +24,17 @@ public:
     [[nodiscard]] virtual TextClipboard &clipboard() = 0;
     [[nodiscard]] virtual ClientWindows &clientWindows() = 0;
     virtual void ringBell() = 0;
+
+    /// Qt's plugin for windows on this desktop.
+    [[nodiscard]] virtual QByteArray qtPlugin() const = 0;
 };
 
 /// Connects to the desktop; the backend is chosen as makePlatform() does. Needs no application
 /// object.
 [[nodiscard]] Result<std::unique_ptr<HelperPlatform>> makeHelperPlatform();
 
-/// Whether Qt finds a display to show windows on; without one it would end the process with a core
-/// dump.
-[[nodiscard]] bool hasDisplay();
+/// Qt's plugin to show windows with; empty: whichever Qt chooses. Nothing without a display, where
+/// Qt would end the process with a core dump.
+[[nodiscard]] std::optional<QByteArray> qtPluginForWindows();
 
 }

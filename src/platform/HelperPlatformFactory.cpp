@@ -18,10 +18,14 @@ Result<std::unique_ptr<HelperPlatform>> makeHelperPlatform()
     });
 }
 
-bool hasDisplay()
+std::optional<QByteArray> qtPluginForWindows()
 {
-    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
-        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || makeHelperPlatform();
+    if (const auto desktop = makeHelperPlatform())
+        return (*desktop)->qtPlugin();
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
+        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return QByteArray();
+    return {};
 }
 
 }

@@ -30,6 +30,9 @@ public:
     /// What the user should know about this desktop, as a line of the log; may be empty.
     [[nodiscard]] virtual QString notice() const = 0;
 
+    /// Qt's plugin for windows that it needs; empty: whichever Qt chooses.
+    [[nodiscard]] virtual QByteArray qtPlugin() const = 0;
+
     /// Begins to deliver events. Needs the application object.
     virtual void start() = 0;
 
@@ -42,9 +45,9 @@ public:
     [[nodiscard]] virtual StatusArea &statusArea() = 0;
 };
 
-/// Chooses the backend by what the session offers, and prepares the environment that Qt reads. The
-/// environment variable TESSEL_PLATFORM demands one: "x11", or "none", which only says what is
-/// missing. Fails when Qt could not show a window either.
+/// Chooses the backend by what the session offers. The environment variable TESSEL_PLATFORM demands
+/// one: "x11", or "none", which only says what is missing. Fails when Qt could not show a window
+/// either.
 [[nodiscard]] Result<std::unique_ptr<Platform>> makePlatform();
 
 }

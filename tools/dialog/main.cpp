@@ -6,6 +6,7 @@
 #include "lib/dialog/DialogProtocol.h"
 #include "platform/Appearance.h"
 #include "platform/HelperPlatform.h"
+#include "platform/QtArguments.h"
 #include "windows/EditingKeys.h"
 #include "windows/WindowStyle.h"
 
@@ -48,9 +49,11 @@ std::unique_ptr<QWidget> dialogFor(const QJsonObject &request)
 /// DialogProtocol.h.
 int main(int argc, char *argv[])
 {
-    if (!hasDisplay())
+    const auto plugin = qtPluginForWindows();
+    if (!plugin)
         return DialogProtocol::exitWithoutDisplay;
-    QApplication app(argc, argv);
+    QtArguments arguments(argc, argv, *plugin);
+    QApplication app(arguments.count(), arguments.values());
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(u"tessel"_s);
     QFile input;

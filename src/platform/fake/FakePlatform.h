@@ -154,6 +154,7 @@ public:
     };
 
     [[nodiscard]] QString notice() const override { return {}; }
+    [[nodiscard]] QByteArray qtPlugin() const override { return {}; }
     void start() override { }
     [[nodiscard]] Monitor &eventMonitor() override { return m_monitor; }
     [[nodiscard]] Copier &copyRequest() override { return m_copier; }

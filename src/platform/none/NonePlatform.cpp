@@ -140,8 +140,6 @@ bool NonePlatform::isOffered()
 
 Result<std::unique_ptr<Platform>> NonePlatform::connect()
 {
-    if (isOnlyWayland() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "wayland");
     return std::unique_ptr<Platform>(new NonePlatform(std::make_unique<Services>()));
 }
 
@@ -151,6 +149,12 @@ NonePlatform::NonePlatform(std::unique_ptr<Services> services)
 }
 
 NonePlatform::~NonePlatform() = default;
+
+QByteArray NonePlatform::qtPlugin() const
+{
+    const bool isChosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    return isOnlyWayland() && !isChosen ? "wayland" : "";
+}
 
 void NonePlatform::start()
 {

@@ -17,6 +17,7 @@ public:
     ~NonePlatform() override;
 
     [[nodiscard]] QString notice() const override { return {}; }
+    [[nodiscard]] QByteArray qtPlugin() const override;
     void start() override;
     [[nodiscard]] EventMonitor &eventMonitor() override;
     [[nodiscard]] CopyRequest &copyRequest() override;

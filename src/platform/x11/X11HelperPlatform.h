@@ -20,6 +20,7 @@ public:
     [[nodiscard]] TextClipboard &clipboard() override { return m_clipboard; }
     [[nodiscard]] ClientWindows &clientWindows() override { return m_clientWindows; }
     void ringBell() override;
+    [[nodiscard]] QByteArray qtPlugin() const override { return "xcb"; }
 
 private:
     explicit X11HelperPlatform(std::unique_ptr<X11Connection> connection);

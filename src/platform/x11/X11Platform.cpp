@@ -50,8 +50,6 @@ Result<std::unique_ptr<Platform>> X11Platform::connect()
     auto connection = X11Connection::open();
     if (!connection)
         return connection.error();
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
     return std::unique_ptr<Platform>(
         new X11Platform(std::make_unique<Services>(*std::move(connection))));
 }

@@ -10,11 +10,12 @@ namespace Tessel {
 class X11Platform final : public Platform
 {
 public:
-    /// Fails when the X server cannot be reached. Has Qt take to it as well.
+    /// Fails when the X server cannot be reached.
     [[nodiscard]] static Result<std::unique_ptr<Platform>> connect();
     ~X11Platform() override;
 
     [[nodiscard]] QString notice() const override;
+    [[nodiscard]] QByteArray qtPlugin() const override { return "xcb"; }
     void start() override;
     [[nodiscard]] EventMonitor &eventMonitor() override;
     [[nodiscard]] CopyRequest &copyRequest() override;
