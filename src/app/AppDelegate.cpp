@@ -67,6 +67,8 @@ void AppDelegate::applicationDidFinishLaunching()
             &MenuBarManager::openSettings);
     m_updaterController
         = std::make_unique<UpdaterController>(UpdaterController::standard(platform.workspace()));
+    m_updaterController->windowWillOpen
+        = [] { applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module()); };
     connect(m_menuBarManager.get(), &MenuBarManager::updateCheckRequested,
             m_updaterController.get(), &UpdaterController::checkForUpdates);
     connect(&ActionManager::shared(), &ActionManager::commandFailed, this,
@@ -97,6 +99,11 @@ void AppDelegate::applicationDidFinishLaunching()
         FloatingPanel::shared().warmUp();
         platform.copyRequest().prepare();
     });
+}
+
+void AppDelegate::showPreferences()
+{
+    m_menuBarManager->openSettings();
 }
 
 /// Names the scheme only: the rest has the captured text in it.

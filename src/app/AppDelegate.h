@@ -26,6 +26,7 @@ public:
     ~AppDelegate() override;
 
     void applicationDidFinishLaunching();
+    void showPreferences(); ///< once that is done
 
 private:
     void tellNothingOpened(const QString &url);

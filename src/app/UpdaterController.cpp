@@ -198,8 +198,10 @@ void UpdaterController::handleResult(const QJsonObject &result)
 
 UpdateWindow &UpdaterController::window()
 {
-    if (!m_window)
+    if (!m_window) {
+        windowWillOpen();
         m_window = new UpdateWindow(m_dependencies.workspace);
+    }
     return *m_window;
 }
 

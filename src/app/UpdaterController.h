@@ -47,6 +47,8 @@ public:
     explicit UpdaterController(Dependencies dependencies);
     ~UpdaterController() override; ///< ends a check that is under way
 
+    std::function<void()> windowWillOpen = [] {};
+
     /// Opens a window that shows the result as soon as there is one.
     void checkForUpdates();
 

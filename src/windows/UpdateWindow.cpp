@@ -4,6 +4,7 @@
 
 #include "platform/Workspace.h"
 #include "windows/Theme.h"
+#include "windows/WindowCommands.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -50,6 +51,7 @@ UpdateWindow::UpdateWindow(Workspace &workspace)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(u"Software Update"_s);
+    addWindowCommands(this);
     QFont font = m_title->font();
     font.setBold(true);
     m_title->setFont(font);

@@ -314,6 +314,8 @@ private Q_SLOTS:
         Fixture f;
         f.publish(feed("1.0"));
         UpdaterController &controller = f.start();
+        int opened = 0;
+        controller.windowWillOpen = [&opened] { ++opened; };
         controller.checkForUpdates();
         const auto *window = shownWindow<UpdateWindow>();
         f.check();
@@ -322,7 +324,9 @@ private Q_SLOTS:
         QCOMPARE(f.server.requests.size(), 2);
 
         controller.checkForUpdates();
-        shownWindow<UpdateWindow>()->close();
+        QCOMPARE(opened, 1);
+        QTest::keyClick(shownWindow<UpdateWindow>(), Qt::Key_W, Qt::ControlModifier);
+        QVERIFY(!shownWindow<UpdateWindow>());
         QTRY_COMPARE_WITH_TIMEOUT(f.server.disconnections, 4, patience);
         f.check();
     }
