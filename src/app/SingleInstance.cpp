@@ -2,22 +2,69 @@
 // SPDX-License-Identifier: MIT
 #include "app/SingleInstance.h"
 
+#include "base/Descriptor.h"
 #include "base/Log.h"
+#include "base/Result.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
 namespace {
+
+constexpr qsizetype maxContent = 32; ///< bytes
+
+/// Others may put anything into a shared folder.
+bool isOwnFile(const struct stat &status)
+{
+    return S_ISREG(status.st_mode) && status.st_uid == ::geteuid() && status.st_size <= maxContent;
+}
+
+/// Empty also when the file is not one of ours, or there is none.
+Result<QByteArray> readLock(const char *path)
+{
+    const Descriptor file(::open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    const QString error = QString::fromLocal8Bit(std::strerror(errno));
+    struct stat status = {};
+    if ((file.isValid() ? ::fstat(file.number(), &status) : ::lstat(path, &status)) != 0
+        || !isOwnFile(status))
+        return QByteArray();
+    QByteArray content(maxContent, 0);
+    const ssize_t size
+        = file.isValid() ? ::read(file.number(), content.data(), maxContent) : ssize_t(-1);
+    if (size < 0)
+        return Failure { error };
+    return content.left(size);
+}
+
+/// As a new file under another name, which then takes the place of whatever is there.
+bool writeLock(const QByteArray &path, const QByteArray &content)
+{
+    QByteArray temporary = path + ".XXXXXX";
+    const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!file.isValid())
+        return false;
+    if (::write(file.number(), content.constData(), size_t(content.size())) == content.size()
+        && std::rename(temporary.constData(), path.constData()) == 0)
+        return true;
+    const int error = errno;
+    ::unlink(temporary.constData());
+    errno = error;
+    return false;
+}
 
 void report(const QString &error)
 {
@@ -49,27 +96,23 @@ std::optional<qint32> SingleInstance::parseProcessId(const QByteArray &text)
 
 std::optional<qint32> SingleInstance::liveOwnerElseTakeLock(const QString &path)
 {
-    if (QFile::exists(path)) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly)) {
-            report(file.errorString());
-            return {};
-        }
-        const QByteArray content = file.readAll();
-        QStringDecoder utf8(QStringDecoder::Utf8);
-        const QString text = utf8(content);
-        if (utf8.hasError()) {
-            report(u"%1 is not UTF-8 text"_s.arg(path));
-            return {};
-        }
-        const auto owner = parseProcessId(content);
-        if (owner && ::kill(*owner, 0) == 0)
-            return owner;
+    const QByteArray name = QFile::encodeName(path);
+    const Result<QByteArray> content = readLock(name.constData());
+    if (!content) {
+        report(content.error().reason);
+        return {};
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)
-        || file.write(QByteArray::number(QCoreApplication::applicationPid())) < 0 || !file.commit())
-        report(file.errorString());
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(*content);
+    if (utf8.hasError()) {
+        report(u"%1 is not UTF-8 text"_s.arg(path));
+        return {};
+    }
+    const auto owner = parseProcessId(*content);
+    if (owner && ::kill(*owner, 0) == 0)
+        return owner;
+    if (!writeLock(name, QByteArray::number(::getpid())))
+        report(QString::fromLocal8Bit(std::strerror(errno)));
     return {};
 }
 

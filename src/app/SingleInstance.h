@@ -18,8 +18,9 @@ namespace SingleInstance {
 /// A signed 32-bit decimal number and nothing around it.
 [[nodiscard]] std::optional<qint32> parseProcessId(const QByteArray &text);
 
-/// Takes the lock unless its owner lives; gives the owner's process identifier then. An unreadable
-/// or unwritable file is reported and left alone.
+/// Takes the lock unless its owner lives; gives the owner's process identifier then. What is not a
+/// small file of this user counts as stale. An unreadable or unwritable file is reported and left
+/// alone.
 [[nodiscard]] std::optional<qint32> liveOwnerElseTakeLock(const QString &path);
 
 }

@@ -1,23 +1,25 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/SecondStart.h"
+#include "app/SignalEvents.h"
 #include "app/SingleInstance.h"
 #include "base/BaseFolders.h"
+#include "base/ClosedStreams.h"
 #include "base/HelperFolder.h"
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/ResourceBundle.h"
+#include "platform/DesktopBus.h"
 #include "platform/Platform.h"
+#include "platform/QtArguments.h"
 
+#include <QAccessible>
 #include <QApplication>
-#include <QSocketNotifier>
 #include <QTimer>
 
-#include <cerrno>
 #include <csignal>
-#include <fcntl.h>
 #include <optional>
-#include <unistd.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -56,33 +58,31 @@ private:
     QByteArray m_name;
 };
 
-/// Ends the event loop, so that the clipboard can be handed to a clipboard manager.
-void quitOnTerminationSignals()
+/// Qt serves screen readers over D-Bus. Without a bus that answers, it gets an address for them
+/// where nobody is.
+void keepScreenReadersFromWaiting()
 {
-    static int ends[2];
-    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+    constexpr const char *variable = "AT_SPI_BUS_ADDRESS";
+    if (DesktopBus::isReady() || qEnvironmentVariableIsSet(variable))
         return;
-    auto *notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
-    for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
-        const auto previous = std::signal(signal, [](int) {
-            const int error = errno;
-            [[maybe_unused]] const auto written = ::write(ends[1], "", 1);
-            errno = error;
-        });
-        if (previous == SIG_IGN)
-            std::signal(signal, SIG_IGN); // started by nohup, or in the background of a script
-    }
+    qputenv(variable, "disabled:");
+    QAccessible::setRootObject(qApp);
+    qunsetenv(variable);
 }
 
 }
 
 int main(int argc, char *argv[])
 {
+    occupyClosedStreams();
     BaseFolders::dropRelative();
     std::signal(SIGPIPE, SIG_IGN); // a closed standard output must not end the program
-    if (const auto owner = SingleInstance::liveOwnerElseTakeLock(SingleInstance::lockFilePath())) {
+    SignalEvents signals; // before the lock tells others of this process
+    const QString lock = SingleInstance::lockFilePath();
+    if (const auto owner = SingleInstance::liveOwnerElseTakeLock(lock)) {
         Log::print(u"App is already running (PID: %1). Terminating new instance."_s.arg(*owner));
+        const QCoreApplication application(argc, argv);
+        handOverTo(*owner, lock);
         return 0;
     }
     const auto connected = makePlatform();
@@ -94,10 +94,11 @@ int main(int argc, char *argv[])
     if (const QString notice = platform.notice(); !notice.isEmpty())
         Log::print(notice);
 
+    QtArguments arguments(argc, argv, platform.qtPlugin());
     std::optional<HiddenDesktop> hidden(std::in_place);
-    QApplication app(argc, argv);
+    QApplication app(arguments.count(), arguments.values());
     hidden.reset();
-    quitOnTerminationSignals();
+    keepScreenReadersFromWaiting();
     prependHelperFolderToPath();
     QApplication::setApplicationName(u"Tessel"_s);
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
@@ -109,6 +110,12 @@ int main(int argc, char *argv[])
     platform.start();
     ConfigManager::shared();
     AppDelegate delegate;
-    QTimer::singleShot(0, &delegate, &AppDelegate::applicationDidFinishLaunching);
+    QObject::connect(&signals, &SignalEvents::endRequested, &app, &QCoreApplication::quit);
+    QObject::connect(&signals, &SignalEvents::preferencesRequested, &delegate,
+                     &AppDelegate::showPreferences);
+    QTimer::singleShot(0, &delegate, [&delegate, &signals] {
+        delegate.applicationDidFinishLaunching();
+        signals.start();
+    });
     return QApplication::exec();
 }

@@ -1,12 +1,38 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/Stage.h"
+#include "support/RecordingService.h"
+#include "support/TextFile.h"
 
 #include <QTest>
+
+#include <algorithm>
+#include <optional>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace Tessel::Desktop;
+
+namespace {
+
+/// A server that never looks at who comes.
+int listenAt(const QByteArray &path)
+{
+    const int server = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un name = {};
+    name.sun_family = AF_UNIX;
+    std::copy(path.cbegin(), path.cend(), name.sun_path);
+    if (::bind(server, reinterpret_cast<const sockaddr *>(&name), sizeof name) != 0
+        || ::listen(server, 10) != 0)
+        qFatal("cannot listen at %s", path.constData());
+    return server;
+}
+
+}
 
 /// Starting under good and bad conditions.
 class tst_Start : public QObject
@@ -25,6 +51,7 @@ private Q_SLOTS:
         QCOMPARE(second.output(),
                  u"App is already running (PID: %1). Terminating new instance.\n"_s.arg(
                      first.processId()));
+        QVERIFY(stage.tessel.waitForWindow(u"Tessel Preferences"_s)); // of the first
         QVERIFY(first.isRunning());
 
         // After its end the lock file is left behind, and stale.
@@ -35,6 +62,17 @@ private Q_SLOTS:
         QFile file(lock);
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), QByteArray::number(stage.tessel.process().processId()));
+        file.close();
+
+        // The number of a stale one is given again.
+        stage.tessel.process().end();
+        RecordingService server(stage.session, u"org.freedesktop.Notifications"_s);
+        const ChildProcess &other = stage.session.launch(u"sleep"_s, { u"60"_s });
+        QVERIFY(writeFile(lock, QString::number(other.processId())));
+        QVERIFY(stage.session.launch(TesselProgram::path()).waitForExit());
+        QTRY_COMPARE_WITH_TIMEOUT(server.calls.size(), 1, 15000);
+        QVERIFY(server.calls.first()[4].toString().contains(lock));
+        QVERIFY(other.isRunning());
     }
 
     void withoutDisplay_data()
@@ -74,16 +112,51 @@ private Q_SLOTS:
         QCOMPARE(tessel.exitCode(), 0);
     }
 
-    void worksOnABareServer()
+    void worksWithout_data()
     {
+        QTest::addColumn<QString>("what");
+        QTest::newRow("window manager and bus") << u"bus"_s;
+        QTest::newRow("a bus that answers") << u"answer"_s;
+        QTest::newRow("a tray that answers") << u"tray"_s;
+        QTest::newRow("the plugin that Qt was to take") << u"plugin"_s;
+    }
+
+    void worksWithout()
+    {
+        QFETCH(QString, what);
         Stage stage;
         DesktopOptions options;
-        options.windowManager = false;
-        options.sessionBus = false;
-        QVERIFY(stage.start(options));
-        QVERIFY(stage.offer(u"bare"_s));
+        options.windowManager = options.sessionBus = what == u"tray";
+        QVERIFY(stage.session.start(options));
+        const QString socket = stage.session.runtimePath() + u"/stopped"_s;
+        const int stopped = listenAt(QFile::encodeName(socket));
+        std::optional<RecordingService> tray;
+        if (what == u"answer")
+            stage.session.setVariable(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + socket);
+        if (what == u"tray") {
+            tray.emplace(stage.session, u"org.kde.StatusNotifierWatcher"_s);
+            tray->isSilent = true;
+        }
+        stage.tessel.actions = { TesselProgram::action(
+            u"a"_s, u"shellScript"_s, u"printf %s \"{text}$QT_QPA_PLATFORM\" >\"$HOME/done\""_s) };
+        if (what == u"plugin")
+            stage.session.setVariable(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+        QVERIFY(stage.tessel.start());
+        QVERIFY(stage.offer(u"text"_s));
         QVERIFY(stage.runAction());
-        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?bare"_s });
+        QTRY_COMPARE(stage.file(u"done"_s), what == u"plugin" ? "textwayland" : "text");
+        QVERIFY(!tray || !tray->calls.isEmpty());
+        ::close(stopped);
+    }
+
+    void occupiesClosedStreams()
+    {
+        DesktopSession session;
+        QVERIFY2(session.start(), qPrintable(session.errorString()));
+        const ChildProcess &tessel
+            = session.launch(u"sh"_s, { u"-c"_s, u"exec \"$0\" >&-"_s, TesselProgram::path() });
+        const QString stream = u"/proc/%1/fd/1"_s.arg(tessel.processId());
+        QTRY_COMPARE(QFile::symLinkTarget(stream), u"/dev/null"_s);
     }
 };
 

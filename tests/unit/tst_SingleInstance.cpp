@@ -6,6 +6,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 
@@ -55,6 +60,30 @@ private Q_SLOTS:
                 write(stale);
             QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
             QCOMPARE(content(), own);
+        }
+    }
+
+    void replacesWhatOthersPutThere()
+    {
+        const QByteArray live = QByteArray::number(::getppid());
+        const QString victim = m_folder.filePath(u"victim"_s);
+        const std::function<void()> plants[] = {
+            [&] { QVERIFY(QFile::link(victim, m_path)); },
+            [&] { QCOMPARE(::mkfifo(QFile::encodeName(m_path).constData(), 0600), 0); },
+            [&] { write(live.rightJustified(33, '0')); },
+        };
+        for (const auto &plant : plants) {
+            init();
+            QFile file(victim);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(live);
+            file.close();
+            plant();
+            QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
+            QCOMPARE(content(), QByteArray::number(QCoreApplication::applicationPid()));
+            QVERIFY(!QFileInfo(m_path).isSymLink());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), live);
         }
     }
 

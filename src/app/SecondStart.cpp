@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "app/SecondStart.h"
+
+#include "app/SignalEvents.h"
+#include "base/ChildProcess.h"
+#include "base/DesktopNotification.h"
+#include "base/HelperFolder.h"
+#include "base/Log.h"
+#include "config/LocalizationManager.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+#include <csignal>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+/// The file name of the program that a process runs; empty when that cannot be known.
+QString programName(qint64 process)
+{
+    QString path = QFileInfo(u"/proc/%1/exe"_s.arg(process)).symLinkTarget();
+    if (path.endsWith(u" (deleted)")) // by an update
+        path.chop(10);
+    return QFileInfo(path).fileName();
+}
+
+bool isTessel(qint32 process)
+{
+    return process > 0 && QFileInfo(u"/proc/%1"_s.arg(process)).ownerId() == ::getuid()
+        && programName(process) == programName(::getpid());
+}
+
+/// In the language of the session: only the program that runs may load its configuration.
+void tell(const QString &lockPath)
+{
+    LocalizationManager &texts = LocalizationManager::shared();
+    texts.currentLanguage = LocalizationManager::languageFrom(QLocale::system().name().left(2))
+                                .value_or(texts.currentLanguage);
+    CommandRequest command = notificationCommand(
+        { .text = texts
+                      .localizedString(u"The lock file %1 names another program. Remove the file, "
+                                       "then start Tessel again."_s)
+                      .arg(lockPath),
+          .title = texts.localizedString(u"Tessel was not started"_s),
+          .topic = u"lock"_s },
+        helperFolder());
+    command.output = command.errorOutput = CommandRequest::Output::nothing;
+    if (const auto notifier = ChildProcess::start(command); !notifier)
+        Log::print(u"ERROR: "_s + notifier.error().reason);
+}
+
+}
+
+void handOverTo(qint32 lockOwner, const QString &lockPath)
+{
+    if (isTessel(lockOwner))
+        ::kill(lockOwner, SignalEvents::showPreferences);
+    else
+        tell(lockPath);
+}
+
+}
