@@ -5,6 +5,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -51,8 +52,10 @@ BusProbe::BusProbe(const QByteArray &address)
     Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     const QByteArray greeting
         = QByteArray("\0AUTH EXTERNAL ", 15) + QByteArray::number(::geteuid()).toHex() + "\r\n";
-    if (::connect(socket.number(), reinterpret_cast<const sockaddr *>(&where), size) == 0
-        && ::send(socket.number(), greeting.constData(), size_t(greeting.size()), MSG_NOSIGNAL) > 0)
+    if (::connect(socket.number(), reinterpret_cast<const sockaddr *>(&where), size) != 0)
+        m_isCrowded = errno == EAGAIN;
+    else if (::send(socket.number(), greeting.constData(), size_t(greeting.size()), MSG_NOSIGNAL)
+             > 0)
         m_socket = std::move(socket);
 }
 

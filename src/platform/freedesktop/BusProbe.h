@@ -16,12 +16,16 @@ public:
     /// `address`: as the environment has it, a list.
     explicit BusProbe(const QByteArray &address);
 
+    /// So many wait for the bus that it has to be tried again.
+    [[nodiscard]] bool isCrowded() const { return m_isCrowded; }
+
     /// Readable once the bus has answered; not valid where there is nothing to wait for: nobody
     /// listens, or the address is of another kind than a local socket.
     [[nodiscard]] const Descriptor &answer() const { return m_socket; }
 
 private:
     Descriptor m_socket;
+    bool m_isCrowded = false;
 };
 
 }

@@ -7,6 +7,7 @@
 #include <QDeadlineTimer>
 #include <QPointer>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <memory>
 #include <poll.h>
@@ -32,12 +33,8 @@ public:
         const QDeadlineTimer deadline(maxWait);
         for (const QByteArray &address :
              { addressIn("DBUS_SESSION_BUS_ADDRESS", "unix:runtime=yes"),
-               addressIn("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket") }) {
-            auto probe = std::make_unique<BusProbe>(address);
-            pollfd answer { .fd = probe->answer().number(), .events = POLLIN, .revents = 0 };
-            if (answer.fd >= 0 && ::poll(&answer, 1, int(deadline.remainingTime())) == 0)
-                await(std::move(probe));
-        }
+               addressIn("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket") })
+            m_silent += answers(address, int(deadline.remainingTime())) ? 0 : 1;
     }
 
     [[nodiscard]] bool areReady() const { return m_silent == 0; }
@@ -51,21 +48,33 @@ public:
     }
 
 private:
-    void await(std::unique_ptr<BusProbe> probe)
+    /// Within so many milliseconds; else goes on asking.
+    bool answers(const QByteArray &address, int patience)
     {
-        ++m_silent;
-        auto *notifier = new QSocketNotifier(probe->answer().number(), QSocketNotifier::Read, this);
-        connect(notifier, &QSocketNotifier::activated, this,
-                [this, notifier, probe = std::shared_ptr(std::move(probe))] {
-                    notifier->setEnabled(false);
-                    notifier->deleteLater();
-                    if (--m_silent == 0)
-                        tell();
-                });
+        const auto probe = std::make_shared<BusProbe>(address);
+        pollfd answer { .fd = probe->answer().number(), .events = POLLIN, .revents = 0 };
+        if (probe->isCrowded()) {
+            QTimer::singleShot(maxWait, this, [this, address] {
+                if (answers(address, 0))
+                    countAnswer();
+            });
+            return false;
+        }
+        if (answer.fd < 0 || ::poll(&answer, 1, patience) != 0)
+            return true;
+        auto *notifier = new QSocketNotifier(answer.fd, QSocketNotifier::Read, this);
+        connect(notifier, &QSocketNotifier::activated, this, [this, notifier, probe] {
+            notifier->setEnabled(false);
+            notifier->deleteLater();
+            countAnswer();
+        });
+        return false;
     }
 
-    void tell()
+    void countAnswer()
     {
+        if (--m_silent > 0)
+            return;
         for (const auto &[context, then] : std::exchange(m_waiting, {})) {
             if (context)
                 then();
