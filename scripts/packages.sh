@@ -17,6 +17,7 @@ test_packages=(
     xfce4-clipman-plugin xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb zsh
 )
 lint_packages=(clang-tidy)
+fuzz_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)
 

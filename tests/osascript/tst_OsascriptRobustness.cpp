@@ -63,7 +63,6 @@ class tst_OsascriptRobustness : public QObject
 
 private Q_SLOTS:
     void survivesSoup();
-    void survivesDamage();
 };
 
 void tst_OsascriptRobustness::survivesSoup()
@@ -75,40 +74,6 @@ void tst_OsascriptRobustness::survivesSoup()
         for (int left = random.bounded(3, 60); left > 0; --left)
             script += words.at(random.bounded(words.size())) + u' ';
         QVERIFY2(endsOrderly(script), qPrintable(script));
-    }
-}
-
-/// A script that uses everything, of which a part is missing.
-void tst_OsascriptRobustness::survivesDamage()
-{
-    const QString script = uR"(property p : {1, {a:"x", |b c|:2.5}}
-on f(a, {b, c})
-    try
-        repeat with i from 1 to 3 by 1
-            if a > i then error "e" & i number 5
-        end repeat
-    on error m number n
-        return {m, n, item 1 of p, word 2 of "one two" as text}
-    end try
-end f
-considering case but ignoring white space
-    tell application "System Events" to keystroke "v" using {command down}
-end considering
-script s
-    property q : date "2026-11-21"
-end script
-set text item delimiters to ","
-set {x, y} to f(2, {3, 4}) (* note (* inner *) *)
-first process of application "Finder" -- ¬
-set end of x to (current date) + 2 * days
-)"_s;
-    QRandomGenerator random(7);
-    for (int round = 0; round < 300; ++round) {
-        const int from = random.bounded(static_cast<int>(script.size()));
-        const QString damaged = round % 2 == 0
-            ? script.left(from)
-            : QString(script).remove(from, random.bounded(1, 40));
-        QVERIFY2(endsOrderly(damaged), qPrintable(damaged));
     }
 }
 

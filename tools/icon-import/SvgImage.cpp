@@ -49,9 +49,20 @@ void copyElement(const QXmlStreamReader &reader, QXmlStreamWriter &writer, bool 
         writer.writeAttribute(u"xlink:href"_s, target);
 }
 
-/// The document without what leads out of it: style sheets in files (processing instructions),
-/// document types, references to anything but its own parts. Empty when it is not well formed.
-QByteArray selfContained(const QByteArray &bytes)
+bool showsSomething(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > 0)
+                return true;
+        }
+    }
+    return false;
+}
+
+}
+
+QByteArray selfContainedSvg(const QByteArray &bytes)
 {
     QXmlStreamReader reader(bytes); // which bounds what entities become
     reader.setNamespaceProcessing(false); // prefixes stay as they are
@@ -74,22 +85,9 @@ QByteArray selfContained(const QByteArray &bytes)
     return reader.hasError() ? QByteArray() : result;
 }
 
-bool showsSomething(const QImage &image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 0)
-                return true;
-        }
-    }
-    return false;
-}
-
-}
-
 QImage readSvg(const QByteArray &bytes, int side)
 {
-    const QByteArray document = selfContained(bytes);
+    const QByteArray document = selfContainedSvg(bytes);
     if (document.isEmpty())
         return {};
     qputenv("QT_QPA_PLATFORM", "offscreen"); // texts need fonts, and those an application

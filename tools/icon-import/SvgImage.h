@@ -12,4 +12,8 @@ namespace Tessel {
 /// QGuiApplication, so it is to be called once.
 [[nodiscard]] QImage readSvg(const QByteArray &bytes, int side);
 
+/// The document without what leads out of it: style sheets in files (processing instructions),
+/// document types, references to anything but its own parts. Empty when it is not well formed.
+[[nodiscard]] QByteArray selfContainedSvg(const QByteArray &bytes);
+
 }
