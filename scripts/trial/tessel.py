@@ -62,14 +62,14 @@ class Tessel:
         (home / ".config/mimeapps.list").write_text(
             f"[Default Applications]\n{scheme}=opener.desktop\n")
 
-    def start(self, trigger, configured=True):
+    def start(self, trigger, configured=True, **settings):
         if self.process:
             self.process.terminate()
             self.process.wait()
         if configured:
             self.config.write_text(json.dumps({
                 "customActions": self.actions, "excludedBundleIds": [],
-                "triggerKeyCode": trigger.code, "triggerModifiers": trigger.modifiers}))
+                "triggerKeyCode": trigger.code, "triggerModifiers": trigger.modifiers, **settings}))
         self.trigger = trigger
         self.lines = []
         self.process = self.desktop.launch([self.program], stdout=subprocess.PIPE)
@@ -84,6 +84,9 @@ class Tessel:
     def _line(self, pattern, since):
         return next((found for found in self.lines if found[0] >= since and pattern in found[1]),
                     None)
+
+    def has_printed(self, pattern):
+        return bool(self._line(pattern, 0))
 
     def summon(self, seconds=3.0):
         """Presses the trigger; milliseconds until the bar was shown, or None."""
