@@ -13,7 +13,6 @@
 #include <QScreen>
 #include <QWindow>
 
-#include <algorithm>
 #include <cstring>
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
@@ -138,10 +137,11 @@ bool X11PopupHost::isScreenLocked() const
 {
     if (m_keyboard.holdsKeyboard())
         return false;
+    QList<QRect> areas;
     const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [this](const QScreen *screen) {
-        return isCoveredByLocker(m_connection, nativeGeometry(screen));
-    });
+    for (const QScreen *screen : screens)
+        areas += nativeGeometry(screen);
+    return isCoveredByLocker(m_connection, areas);
 }
 
 Backdrop X11PopupHost::backdrop() const

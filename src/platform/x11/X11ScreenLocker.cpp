@@ -4,8 +4,6 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <QList>
-
 #include <algorithm>
 #include <xcb/xcb.h>
 
@@ -30,7 +28,7 @@ bool isKeyboardGrabbed(const X11Connection &connection)
 }
 
 /// Frames of managed windows are among them. All requests go out together.
-bool isCoveredByUnmanagedWindow(const X11Connection &connection, const QRect &screen)
+bool isCoveredByUnmanagedWindow(const X11Connection &connection, const QList<QRect> &screens)
 {
     xcb_connection_t *xcb = connection.xcb();
     const XcbPtr<xcb_query_tree_reply_t> tree(
@@ -57,16 +55,19 @@ bool isCoveredByUnmanagedWindow(const X11Connection &connection, const QRect &sc
         if (!attributes || !place || !attributes->override_redirect
             || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        isCovered |= QRect(place->x, place->y, place->width, place->height).contains(screen);
+        const QRect window(place->x, place->y, place->width, place->height);
+        isCovered |= std::any_of(screens.begin(), screens.end(), [&window](const QRect &screen) {
+            return window.contains(screen);
+        });
     }
     return isCovered;
 }
 
 }
 
-bool isCoveredByLocker(const X11Connection &connection, const QRect &screen)
+bool isCoveredByLocker(const X11Connection &connection, const QList<QRect> &screens)
 {
-    return isCoveredByUnmanagedWindow(connection, screen) && isKeyboardGrabbed(connection);
+    return isCoveredByUnmanagedWindow(connection, screens) && isKeyboardGrabbed(connection);
 }
 
 }
