@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "files/Files.h"
 #include "support/DesktopSession.h"
 
-#include <QFile>
 #include <QTest>
 
 namespace Tessel {
@@ -40,15 +40,12 @@ struct Stage final
 
     [[nodiscard]] QByteArray file(const QString &name) const
     {
-        QFile file(session.homePath() + u'/' + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : "no such file";
+        return readFile(session.homePath() + u'/' + name);
     }
 
     void write(const QString &name, const QByteArray &content) const
     {
-        QFile file(session.homePath() + u'/' + name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(content), content.size());
+        QVERIFY(writeFile(session.homePath() + u'/' + name, content));
     }
 };
 

@@ -3,10 +3,9 @@
 #pragma once
 
 #include "desktop/TesselProgram.h"
+#include "files/Files.h"
 #include "support/Editors.h"
 #include "support/XClipboard.h"
-
-#include <QFile>
 
 #include <optional>
 
@@ -60,8 +59,7 @@ struct Stage
     /// A file in the home; empty when there is none.
     [[nodiscard]] QByteArray file(const QString &name) const
     {
-        QFile file(session.homePath() + u'/' + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return readFile(session.homePath() + u'/' + name);
     }
 
     [[nodiscard]] QStringList openedUrl() const { return session.urlRecorder().waitForUrls(1); }

@@ -3,9 +3,8 @@
 #include "desktop/TesselProgram.h"
 
 #include "bar/PanelLayout.h"
+#include "files/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonDocument>
 #include <QTest>
 
@@ -63,9 +62,7 @@ bool TesselProgram::writeConfiguration()
     config.insert(u"customActions"_s, actions);
     if (!config.contains(u"excludedBundleIds"_s))
         config.insert(u"excludedBundleIds"_s, QJsonArray());
-    QDir().mkpath(QFileInfo(configFile()).path());
-    QFile file(configFile());
-    return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(config).toJson()) > 0;
+    return writeFile(configFile(), QJsonDocument(config).toJson());
 }
 
 bool TesselProgram::start()
@@ -118,9 +115,7 @@ std::optional<WindowInfo> TesselProgram::waitForWindow(const QString &title) con
 
 QJsonObject TesselProgram::configuration() const
 {
-    QFile file(configFile());
-    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
-                                          : QJsonObject();
+    return QJsonDocument::fromJson(readFile(configFile())).object();
 }
 
 std::optional<WindowInfo> TesselProgram::openSettings()

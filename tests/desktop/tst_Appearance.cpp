@@ -134,10 +134,7 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY(stage.session.start());
         const auto set = [&](const QByteArray &settings) {
-            QFile target(stage.session.homePath() + u'/' + file);
-            const bool isSet
-                = target.open(QFile::WriteOnly) && target.write(settings) == settings.size();
-            target.close();
+            const bool isSet = writeFile(stage.session.homePath() + u'/' + file, settings);
             stage.session.launch(announcement[0], announcement.mid(1));
             return isSet;
         };

@@ -22,11 +22,9 @@ namespace {
     const QByteArray home = "HOME=" + stage.session.homePath().toLocal8Bit();
     const auto processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
     return std::any_of(processes.cbegin(), processes.cend(), [&home](const QString &process) {
-        QFile name(u"/proc/"_s + process + u"/comm"_s);
-        QFile environment(u"/proc/"_s + process + u"/environ"_s);
-        return name.open(QIODevice::ReadOnly) && name.readAll() == "pbcopy\n"
-            && environment.open(QIODevice::ReadOnly)
-            && environment.readAll().split('\0').contains(home);
+        const QString folder = u"/proc/"_s + process;
+        return readFile(folder + u"/comm"_s) == "pbcopy\n"
+            && readFile(folder + u"/environ"_s).split('\0').contains(home);
     });
 }
 

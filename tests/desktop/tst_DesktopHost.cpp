@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/HelperStage.h"
+#include "files/Files.h"
 #include "lib/desktop/DesktopHost.h"
 #include "support/Editors.h"
 #include "support/RecordingService.h"
-#include "support/TextFile.h"
 #include "support/XClipboard.h"
 
 #include <QElapsedTimer>

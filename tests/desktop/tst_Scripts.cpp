@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/DefaultActions.h"
 #include "desktop/Stage.h"
-#include "support/TextFile.h"
+#include "files/Files.h"
 
 #include <QDirIterator>
 #include <QTest>
@@ -29,16 +29,8 @@ std::optional<QString> onlyFile(const Stage &stage, const QString &folder)
     QDirIterator files(stage.session.homePath() + u'/' + folder, QDir::Files);
     if (!files.hasNext())
         return {};
-    QFile file(files.next());
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    return isOpen && !files.hasNext() ? std::optional(QString::fromUtf8(file.readAll()))
-                                      : std::nullopt;
-}
-
-bool writeProgram(const QString &path, const QString &script)
-{
-    return writeFile(path, u"#!/bin/sh\n"_s + script)
-        && QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    const QByteArray content = readFile(files.next());
+    return files.hasNext() ? std::nullopt : std::optional(QString::fromUtf8(content));
 }
 
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/Stage.h"
+#include "files/Files.h"
 #include "support/RecordingService.h"
-#include "support/TextFile.h"
 
 #include <QTest>
 
@@ -59,10 +59,7 @@ private Q_SLOTS:
         const QString lock = stage.session.temporaryPath() + u"/com.tessel.app.lock"_s;
         QVERIFY(QFile::exists(lock));
         QVERIFY(stage.tessel.start());
-        QFile file(lock);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray::number(stage.tessel.process().processId()));
-        file.close();
+        QCOMPARE(readFile(lock), QByteArray::number(stage.tessel.process().processId()));
 
         // The number of a stale one is given again.
         stage.tessel.process().end();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/DesktopSession.h"
 
-#include "support/TextFile.h"
+#include "files/Files.h"
 #include "support/XClipboard.h"
 #include "support/XUser.h"
 #include "support/XcbSupport.h"
@@ -87,8 +87,7 @@ QString monitorGeometry(const QRect &monitor)
 
 bool hasVariable(const QString &processFolder, const QByteArray &assignment)
 {
-    QFile file(processFolder + u"/environ"_s);
-    return file.open(QIODevice::ReadOnly) && file.readAll().split('\0').contains(assignment);
+    return readFile(processFolder + u"/environ"_s).split('\0').contains(assignment);
 }
 
 /// The test's own, also when it has taken over the environment of a desktop that is gone.

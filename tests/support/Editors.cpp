@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/Editors.h"
 
+#include "files/Files.h"
 #include "support/DesktopSession.h"
-#include "support/TextFile.h"
 #include "support/XClipboard.h"
 
 #include <QDeadlineTimer>
@@ -183,10 +183,8 @@ void Editor::selectLinesByMouse()
 
 int Editor::interrupts() const
 {
-    if (m_interruptsFile.isEmpty())
-        return 0;
-    QFile file(m_interruptsFile);
-    return file.open(QIODevice::ReadOnly) ? static_cast<int>(file.readAll().count('\n')) : 0;
+    const bool canTell = !m_interruptsFile.isEmpty();
+    return canTell ? static_cast<int>(readFile(m_interruptsFile).count('\n')) : 0;
 }
 
 bool Editor::isOpen() const

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/UrlRecorder.h"
 
-#include "support/TextFile.h"
+#include "files/Files.h"
 
 #include <QTest>
 
@@ -37,19 +37,15 @@ bool UrlRecorder::install(const QString &binFolder, const QString &dataHome,
                        "NoDisplay=true\n"
                        "Exec=%1 %u\n"
                        "MimeType=%2\n"_s.arg(script, QString::fromLatin1(handledTypes));
-    const auto command = u"#!/bin/sh\nprintf '%s\\n' \"$1\" >>'%1'\n"_s.arg(m_recordFile);
-    return writeFile(script, command)
-        && QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner)
+    const auto command = u"printf '%s\\n' \"$1\" >>'%1'\n"_s.arg(m_recordFile);
+    return writeProgram(script, command)
         && writeFile(dataHome + u"/applications/url-recorder.desktop"_s, entry)
         && writeFile(configHome + u"/mimeapps.list"_s, defaultApplications());
 }
 
 QStringList UrlRecorder::urls() const
 {
-    QFile file(m_recordFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    return QString::fromUtf8(readFile(m_recordFile)).split(u'\n', Qt::SkipEmptyParts);
 }
 
 QStringList UrlRecorder::waitForUrls(int count, std::chrono::milliseconds timeout) const

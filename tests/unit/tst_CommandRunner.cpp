@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/ChildProcess.h"
 #include "base/CommandRunner.h"
+#include "files/Files.h"
 
 #include <QAbstractEventDispatcher>
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -41,12 +40,9 @@ QList<Process> childProcesses()
     QList<Process> found;
     const QStringList entries = QDir(u"/proc"_s).entryList(QDir::Dirs);
     for (const QString &entry : entries) {
-        QFile file(u"/proc/%1/stat"_s.arg(entry));
-        if (entry.toInt() == 0 || !file.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray stat = file.readAll();
+        const QByteArray stat = readFile(u"/proc/%1/stat"_s.arg(entry)); // or it has just gone
         const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-        if (fields.value(1).toInt() == getpid())
+        if (entry.toInt() != 0 && fields.value(1).toInt() == getpid())
             found.append({ entry.toInt(), fields.first().at(0) });
     }
     return found;

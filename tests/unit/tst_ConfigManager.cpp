@@ -9,9 +9,8 @@
 #include "config/DefaultActions.h"
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
+#include "files/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -42,19 +41,6 @@ class tst_ConfigManager : public QObject
     [[nodiscard]] ConfigManager::Dependencies dependencies()
     {
         return { m_folder->path(), m_notifications, m_localization };
-    }
-
-    static void write(const QString &file, const QByteArray &content)
-    {
-        QDir().mkpath(QFileInfo(file).path());
-        QFile out(file);
-        QVERIFY(out.open(QIODevice::WriteOnly) && out.write(content) == content.size());
-    }
-
-    [[nodiscard]] static QByteArray read(const QString &file)
-    {
-        QFile in(file);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
     }
 
     static ActionConfig action(const QString &id, ActionType type, const QString &templateText)
@@ -103,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(m_log, (QStringList { saved, saved }));
         QCOMPARE(configSpy.size(), 1);
         QCOMPARE(languageSpy.size(), 0);
-        QCOMPARE(read(path()), encodeConfig(config));
+        QCOMPARE(readFile(path()), encodeConfig(config));
     }
 
     void keepsSettingsAndFillsInDefaults()
@@ -121,11 +107,11 @@ private Q_SLOTS:
         for (const auto &[before, after] : { std::pair { QByteArray("}"), defaults },
                                              { others, others },
                                              { unknown, unknown } }) {
-            write(path(), lists + before);
+            QVERIFY(writeFile(path(), lists + before));
             ConfigManager config(dependencies());
             QCOMPARE(m_log.last(), u"DEBUG: Config loaded. Excluded: 0, Actions: 5"_s);
             config.save();
-            QCOMPARE(read(path()), lists + after);
+            QCOMPARE(readFile(path()), lists + after);
         }
         QCOMPARE(m_localization.currentLanguage, Language::korean); // which the unknown one keeps
         QCOMPARE(languageSpy.size(), 2);
@@ -138,7 +124,7 @@ private Q_SLOTS:
         actions.remove(1, 2);
         actions.append(action(u"mine"_s, ActionType::builtin, u"COPY"_s));
         actions.last().iconName = u"doc.on.doc"_s;
-        write(path(), fileWith(actions));
+        QVERIFY(writeFile(path(), fileWith(actions)));
         QSignalSpy savedSpy(&m_notifications, &NotificationCenter::configDidChange);
         ConfigManager config(dependencies());
         const QString expected = u"copy translate largetype search count mine"_s;
@@ -147,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(config.customActions[5].iconName, u"phosphor_copy"_s);
         QCOMPARE(savedSpy.size(), 0);
         QTRY_COMPARE(savedSpy.size(), 1);
-        QCOMPARE(read(path()), encodeConfig(config));
+        QCOMPARE(readFile(path()), encodeConfig(config));
         ConfigManager again(dependencies());
         QCoreApplication::sendPostedEvents();
         QCOMPARE(savedSpy.size(), 1);
@@ -160,7 +146,7 @@ private Q_SLOTS:
         const auto watch = config.showKeyboardShortcuts.onValueChanged(
             [&] { seen.append(config.showKeyboardShortcuts); });
         config.showKeyboardShortcuts = false;
-        write(path(), fileWith(DefaultActions::standard()));
+        QVERIFY(writeFile(path(), fileWith(DefaultActions::standard())));
         config.load();
         QCOMPARE(seen, (QList { false, true }));
     }
@@ -168,7 +154,7 @@ private Q_SLOTS:
     void reportsFailedSave()
     {
         ConfigManager config(dependencies());
-        const QByteArray before = read(path());
+        const QByteArray before = readFile(path());
         m_log.clear();
         QSignalSpy spy(&m_notifications, &NotificationCenter::configDidChange);
         config.customActions += config.customActions;
@@ -179,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
         config.save();
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
-        QCOMPARE(read(path()), before);
+        QCOMPARE(readFile(path()), before);
         QVERIFY(QFile::remove(path()) && QDir().mkdir(path())); // a folder in the file's place
         config.save();
         QCOMPARE(m_log,
@@ -192,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(config.saveFailure(), QString());
         config.customActions.resize(1); // nothing of the longer content stays
         config.save();
-        QCOMPARE(read(path()), encodeConfig(config));
+        QCOMPARE(readFile(path()), encodeConfig(config));
     }
 
     /// A FIFO would be waited for, and /dev/zero read until the memory is full.
@@ -227,7 +213,7 @@ private Q_SLOTS:
         auto withHistory = dependencies();
         withHistory.history = m_folder->filePath(u"state/tessel"_s);
         const auto copy = [&](const QString &name) {
-            return read(withHistory.history + u"/config-%1.json"_s.arg(name));
+            return readFile(withHistory.history + u"/config-%1.json"_s.arg(name));
         };
         QByteArray good;
         {
@@ -244,7 +230,7 @@ private Q_SLOTS:
         for (const QString &name : { u""_s, u"/config-1.json"_s })
             QVERIFY(!(QFileInfo(withHistory.history + name).permissions() & 0x77));
 
-        write(path(), good + ',');
+        QVERIFY(writeFile(path(), good + ','));
         {
             ConfigManager config(withHistory);
             QCOMPARE(config.customActions.size(), 9);
@@ -294,14 +280,14 @@ private Q_SLOTS:
         const ConfigManager config(dependencies());
         m_log.clear();
         const QString source = m_folder->filePath(u"my.icon.PNG"_s);
-        write(source, QByteArray("not\0an image", 12));
+        QVERIFY(writeFile(source, QByteArray("not\0an image", 12)));
         const Result<QString> first = config.saveCustomIcon(source);
         const Result<QString> second = config.saveCustomIcon(source);
         QVERIFY(first && second && *first != *second);
         QVERIFY(first->startsWith(u"custom:") && first->endsWith(u".PNG"));
         const std::optional<QString> copy = config.getCustomIconURL(*first);
         QCOMPARE(copy, path(u"Icons/"_s + first->mid(7)));
-        QCOMPARE(read(*copy), QByteArray("not\0an image", 12));
+        QCOMPARE(readFile(*copy), QByteArray("not\0an image", 12));
         QVERIFY(QFile::remove(*copy));
         for (const QString &name : { *first, u"custom:"_s, second->mid(7) })
             QVERIFY(!config.getCustomIconURL(name));
@@ -309,7 +295,7 @@ private Q_SLOTS:
 
         QVERIFY(!config.saveCustomIcon(m_folder->filePath(u"missing.png"_s)));
         QVERIFY(QDir(path(u"Icons"_s)).removeRecursively());
-        write(path(u"Icons"_s), {}); // a file in the folder's place
+        QVERIFY(writeFile(path(u"Icons"_s), ""_ba)); // a file in the folder's place
         QVERIFY(!config.saveCustomIcon(source));
         QCOMPARE(m_log.filter(QRegularExpression(u"^Error saving custom icon: .{4}"_s)).size(), 2);
     }

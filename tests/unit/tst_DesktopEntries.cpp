@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/DesktopEntries.h"
+
+#include "files/Files.h"
 #include "platform/freedesktop/ExecLine.h"
 #include "platform/freedesktop/MimeApplications.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,14 +15,6 @@ using namespace Qt::StringLiterals;
 class tst_DesktopEntries : public QObject
 {
     Q_OBJECT
-
-    static void write(const QString &path, const QByteArray &content)
-    {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
 
 private Q_SLOTS:
     void parses()
@@ -55,13 +47,16 @@ private Q_SLOTS:
         const QString own = root.filePath(u"own"_s);
         const QString system = root.filePath(u"system"_s);
         const QByteArray head = "[Desktop Entry]\nType=Application\n";
-        write(own + u"/code.desktop"_s, head + "Name=Own Code\nStartupWMClass=Code\n");
-        write(system + u"/code.desktop"_s, head + "Name=System Code\n");
-        write(system + u"/org.xfce.mousepad.desktop"_s, head + "Name=Mousepad\n");
-        write(system + u"/kde/konsole.desktop"_s, head + "Name=Konsole\n");
-        write(system + u"/editor-settings.desktop"_s, head + "Name=S\nExec=pad --preferences\n");
-        write(system + u"/org.test.editor.desktop"_s, head + "Name=Pad\nExec=/usr/bin/pad %U\n");
-        write(system + u"/pad-opener.desktop"_s, head + "Name=O\nExec=pad\nNoDisplay=true\n");
+        QVERIFY(writeFile(own + u"/code.desktop"_s, head + "Name=Own Code\nStartupWMClass=Code\n"));
+        QVERIFY(writeFile(system + u"/code.desktop"_s, head + "Name=System Code\n"));
+        QVERIFY(writeFile(system + u"/org.xfce.mousepad.desktop"_s, head + "Name=Mousepad\n"));
+        QVERIFY(writeFile(system + u"/kde/konsole.desktop"_s, head + "Name=Konsole\n"));
+        QVERIFY(writeFile(system + u"/editor-settings.desktop"_s,
+                          head + "Name=S\nExec=pad --preferences\n"));
+        QVERIFY(writeFile(system + u"/org.test.editor.desktop"_s,
+                          head + "Name=Pad\nExec=/usr/bin/pad %U\n"));
+        QVERIFY(writeFile(system + u"/pad-opener.desktop"_s,
+                          head + "Name=O\nExec=pad\nNoDisplay=true\n"));
         DesktopEntries entries({ own, system });
         const auto id = [&entries](const QStringList &names) {
             const auto entry = entries.find(names);
@@ -88,7 +83,7 @@ private Q_SLOTS:
 
         // An application that is installed later is found without a restart.
         QTest::qWait(20); // folder times have the file system's resolution
-        write(own + u"/late.desktop"_s, head + "Name=Late\nStartupWMClass=XTerm\n");
+        QVERIFY(writeFile(own + u"/late.desktop"_s, head + "Name=Late\nStartupWMClass=XTerm\n"));
         QCOMPARE(id({ u"XTerm"_s }), u"late: Late"_s);
     }
 

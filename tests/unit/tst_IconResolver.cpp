@@ -8,9 +8,8 @@
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
+#include "files/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -104,9 +103,7 @@ private Q_SLOTS:
              { QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
                           "<rect width='9' height='9'/></svg>"), // that is the importer's to draw
                png + QByteArray::fromHex(square), png + QByteArray::fromHex(line) }) {
-            QFile file(path(u"bad.png"_s));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-            file.close();
+            QVERIFY(writeFile(path(u"bad.png"_s), content));
             QCOMPARE(icon(u"custom:bad.png"_s).pixelColor(0, 0), QColor(Qt::gray));
             const auto shown = IconResolver(*m_config, m_bundle).check(u"custom:bad.png"_s);
             QVERIFY2(!shown && shown.error().reason == u"The image file cannot be read",

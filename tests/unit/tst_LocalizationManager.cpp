@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "config/LocalizationManager.h"
 
-#include <QFile>
+#include "files/Files.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
@@ -19,9 +20,7 @@ class tst_LocalizationManager : public QObject
 
     [[nodiscard]] QJsonObject table(const QString &code) const
     {
-        QFile file(m_folder + u'/' + code + u".json"_s);
-        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
-                                              : QJsonObject();
+        return QJsonDocument::fromJson(readFile(m_folder + u'/' + code + u".json"_s)).object();
     }
 
 private Q_SLOTS:

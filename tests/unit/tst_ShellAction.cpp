@@ -6,10 +6,8 @@
 #include "actions/ShellQuoting.h"
 #include "base/CommandRunner.h"
 #include "base/HelperFolder.h"
+#include "files/Files.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -106,8 +104,7 @@ class tst_ShellAction : public QObject
         const QByteArray failure = result ? result->errorOutput : result.error().reason.toUtf8();
         if (!failure.isEmpty())
             return "failed: " + failure;
-        QFile file(qEnvironmentVariable("OUT"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+        return readFile(qEnvironmentVariable("OUT"));
     }
 
     static void setLocale(const QByteArray &name)
@@ -329,17 +326,11 @@ private Q_SLOTS:
                  text.toUtf8());
 
         qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
-        QVERIFY(QDir().mkpath(m_folder.filePath(u"tessel/shortcuts"_s)));
-        QFile shortcut(m_folder.filePath(u"tessel/shortcuts/s"_s));
-        QVERIFY(shortcut.open(QIODevice::WriteOnly) && shortcut.write("cat > $OUT") > 0
-                && shortcut.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
-        shortcut.close();
+        QVERIFY(writeProgram(m_folder.filePath(u"tessel/shortcuts/s"_s), u"cat > $OUT"_s));
         const auto ran = outcome(shortcutRequest(u"s"_s, text, runner));
         QCOMPARE(scriptLogLine(u"Shortcut"_s, ran),
                  u"Shortcut Result: Success: Ran 's' with Input: ["_s + text + u']');
-        QFile out(qEnvironmentVariable("OUT"));
-        QVERIFY(out.open(QIODevice::ReadOnly));
-        QCOMPARE(out.readAll(), text.toUtf8());
+        QCOMPARE(readFile(qEnvironmentVariable("OUT")), text.toUtf8());
     }
 };
 

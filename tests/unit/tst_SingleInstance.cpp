@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/SingleInstance.h"
 
-#include <QFile>
+#include "files/Files.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -20,19 +21,6 @@ class tst_SingleInstance : public QObject
 
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(u"lock"_s);
-
-    void write(const QByteArray &content) const
-    {
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    [[nodiscard]] QByteArray content() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
 
 private Q_SLOTS:
     void init() { QFile::remove(m_path); }
@@ -57,9 +45,9 @@ private Q_SLOTS:
         const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
         for (const char *stale : { "", "rubbish", "999999999", "1\n" }) {
             if (*stale)
-                write(stale);
+                QVERIFY(writeFile(m_path, QByteArray(stale)));
             QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
-            QCOMPARE(content(), own);
+            QCOMPARE(readFile(m_path), own);
         }
     }
 
@@ -70,29 +58,25 @@ private Q_SLOTS:
         const std::function<void()> plants[] = {
             [&] { QVERIFY(QFile::link(victim, m_path)); },
             [&] { QCOMPARE(::mkfifo(QFile::encodeName(m_path).constData(), 0600), 0); },
-            [&] { write(live.rightJustified(33, '0')); },
+            [&] { QVERIFY(writeFile(m_path, live.rightJustified(33, '0'))); },
         };
         for (const auto &plant : plants) {
             init();
-            QFile file(victim);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(live);
-            file.close();
+            QVERIFY(writeFile(victim, live));
             plant();
             QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
-            QCOMPARE(content(), QByteArray::number(QCoreApplication::applicationPid()));
+            QCOMPARE(readFile(m_path), QByteArray::number(QCoreApplication::applicationPid()));
             QVERIFY(!QFileInfo(m_path).isSymLink());
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll(), live);
+            QCOMPARE(readFile(victim), live);
         }
     }
 
     void leavesAnUnreadableFileAlone()
     {
         const QByteArray notUtf8("\xff\xfe\x01", 3);
-        write(notUtf8);
+        QVERIFY(writeFile(m_path, notUtf8));
         QCOMPARE(SingleInstance::liveOwnerElseTakeLock(m_path), std::nullopt);
-        QCOMPARE(content(), notUtf8);
+        QCOMPARE(readFile(m_path), notUtf8);
         const QString nowhere = m_folder.filePath(u"missing/lock"_s);
         QCOMPARE(SingleInstance::liveOwnerElseTakeLock(nowhere), std::nullopt);
     }

@@ -4,8 +4,8 @@
 
 #include "actions/Placeholder.h"
 #include "base/Url.h"
+#include "files/Files.h"
 
-#include <QFile>
 #include <QTest>
 
 using namespace Tessel;
@@ -41,10 +41,10 @@ private Q_SLOTS:
     /// The Unicode Character Database's own test of cluster boundaries ("÷ 0061 × 0308 ÷ 0020 ÷").
     void charactersOfTheUnicodeTest()
     {
-        QFile file(u"/usr/share/unicode/auxiliary/GraphemeBreakTest.txt"_s);
-        QVERIFY2(file.open(QIODevice::ReadOnly), "install unicode-data");
+        const QString file = u"/usr/share/unicode/auxiliary/GraphemeBreakTest.txt"_s;
+        QVERIFY2(QFile::exists(file), "install unicode-data");
         int cases = 0;
-        for (const QByteArray &line : file.readAll().split('\n')) {
+        for (const QByteArray &line : readFile(file).split('\n')) {
             const QString rule = QString::fromUtf8(line).section(u'#', 0, 0).trimmed();
             if (rule.isEmpty())
                 continue;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "lib/shortcuts/UserShortcuts.h"
 
-#include <QDir>
+#include "files/Files.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,10 +36,8 @@ struct Folder
              QFile::Permissions permissions = normal,
              const QByteArray &interpreter = "#!/bin/sh\n") const
     {
-        QFile file(path + u'/' + fileName);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(interpreter + script);
-        QVERIFY(file.setPermissions(permissions));
+        const QString file = path + u'/' + fileName;
+        QVERIFY(writeFile(file, interpreter + script) && QFile::setPermissions(file, permissions));
     }
 };
 
@@ -169,9 +168,7 @@ private Q_SLOTS:
         qputenv("HOME", root.path().toUtf8());
         qunsetenv("XDG_CONFIG_HOME");
         QVERIFY(shortcuts.run(u"일정 추가"_s, u"한글"_s)); // the user's own
-        QFile journal(root.filePath(u"Documents/Journal.md"_s));
-        QVERIFY(journal.open(QIODevice::ReadOnly));
-        QVERIFY(journal.readAll().endsWith("\n\n한글\n\n"));
+        QVERIFY(readFile(root.filePath(u"Documents/Journal.md"_s)).endsWith("\n\n한글\n\n"));
     }
 };
 

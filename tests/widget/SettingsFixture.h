@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Log.h"
+#include "files/Files.h"
 #include "settings/ActionsModel.h"
 #include "settings/ActionsTableView.h"
 #include "settings/RowTextView.h"
@@ -10,7 +11,6 @@
 #include "widget/PanelFixture.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabBar>
@@ -114,8 +114,8 @@ struct SettingsFixture : PanelFixture
     /// The list as it is on the disk.
     [[nodiscard]] AppConfig saved() const
     {
-        QFile file(folder.filePath(QStringLiteral("GlintClone/config.json")));
-        return decodeConfig(file.open(QIODevice::ReadOnly) ? file.readAll() : "{}").valueOr({});
+        return decodeConfig(readFile(folder.filePath(QStringLiteral("GlintClone/config.json"))))
+            .valueOr({});
     }
     [[nodiscard]] ActionConfig saved(int row) const { return saved().customActions.value(row); }
 };

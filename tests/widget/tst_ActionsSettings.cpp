@@ -28,11 +28,9 @@ namespace {
 /// Memory that is this process's own, in KiB.
 int privateDirty()
 {
-    QFile file(u"/proc/self/smaps_rollup"_s);
     const QRegularExpression line(u"Private_Dirty:\\s+(\\d+)"_s);
-    return file.open(QIODevice::ReadOnly)
-        ? line.match(QString::fromLatin1(file.readAll())).captured(1).toInt()
-        : 0;
+    const auto found = line.match(QString::fromLatin1(readFile(u"/proc/self/smaps_rollup"_s)));
+    return found.captured(1).toInt();
 }
 
 }
@@ -299,9 +297,7 @@ private Q_SLOTS:
 
     void importedIcons()
     {
-        QFile star(u"" TESSEL_BUNDLE "/phosphor_star.png"_s);
-        QVERIFY(star.open(QIODevice::ReadOnly));
-        const QByteArray png = star.readAll();
+        const QByteArray png = readFile(u"" TESSEL_BUNDLE "/phosphor_star.png"_s);
         QByteArray huge = png; // its header says 30,000 by 30,000
         huge.replace(16, 8, QByteArray::fromHex("0000753000007530"));
         QByteArray icns = "icns" + QByteArray(4, '\0') + "ic07" + QByteArray(4, '\0') + png;
@@ -340,9 +336,7 @@ private Q_SLOTS:
                { tiff.left(60), unreadable },
                { webp.left(30), unreadable },
                { QByteArray("#!/bin/sh\n"), unreadable } }) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-            file.close();
+            QVERIFY(writeFile(path, content));
             fixture.click(0, ActionsModel::iconColumn);
             const QPointer picker = fixture.window->findChild<IconPickerViewController *>();
             picker->importIcon(path);

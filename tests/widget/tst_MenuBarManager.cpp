@@ -3,6 +3,7 @@
 #include "app/MenuBarManager.h"
 #include "base/FileLogger.h"
 #include "base/Log.h"
+#include "files/Files.h"
 #include "settings/SettingsWindowController.h"
 #include "widget/CpuTime.h"
 #include "widget/PanelFixture.h"
@@ -10,7 +11,6 @@
 #include "windows/LargeTypeWindow.h"
 #include "windows/Theme.h"
 
-#include <QFile>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -176,11 +176,9 @@ private Q_SLOTS:
         const QString path = fixture.folder.filePath(u"debug.log"_s);
         FileLogger::log(u"first"_s, path);
         FileLogger::log(u"two\nlines"_s, path);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
         const QRegularExpression lines(
             u"^(\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ): first\\n(?1): two\\nlines\\n$"_s);
-        QVERIFY(lines.match(QString::fromUtf8(file.readAll())).hasMatch());
+        QVERIFY(lines.match(QString::fromUtf8(readFile(path))).hasMatch());
         QCOMPARE(fixture.lines, QStringList({ u"first"_s, u"two\nlines"_s }));
         FileLogger::log(u"nowhere"_s, u"/nonexistent/debug.log"_s);
         QCOMPARE(fixture.lines.last(), u"nowhere"_s);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/UpdaterController.h"
 #include "base/Log.h"
+#include "files/Files.h"
 #include "platform/fake/FakePlatform.h"
 #include "widget/CpuTime.h"
 #include "widget/ShownWindow.h"
@@ -9,7 +10,6 @@
 #include "windows/UpdateWindow.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
@@ -125,19 +125,15 @@ struct Fixture
 
     void remember(const QString &highestVersion, const QString &lastCheck = {}) const
     {
-        QFile file(dependencies.stateFile);
-        QVERIFY(file.open(QIODevice::WriteOnly));
         const QJsonObject state { { u"highestVersion"_s, highestVersion },
                                   { u"lastCheck"_s, lastCheck } };
-        file.write(QJsonDocument(state).toJson());
+        QVERIFY(writeFile(dependencies.stateFile, QJsonDocument(state).toJson()));
     }
 
     [[nodiscard]] QString remembered(const QString &member = u"highestVersion"_s) const
     {
-        QFile file(dependencies.stateFile);
-        return file.open(QIODevice::ReadOnly)
-            ? QJsonDocument::fromJson(file.readAll()).object().value(member).toString()
-            : QString();
+        const QByteArray state = readFile(dependencies.stateFile);
+        return QJsonDocument::fromJson(state).object().value(member).toString();
     }
 
     UpdaterController &start(std::chrono::milliseconds firstCheckDelay = 1h)
@@ -225,10 +221,7 @@ private Q_SLOTS:
             [](Fixture &f) { f.dependencies.helperPath = u"/nowhere"_s; });
         row("a helper that hangs", u"program"_s, [](Fixture &f) {
             f.dependencies.helperPath = f.folder.filePath(u"helper"_s);
-            QFile script(f.dependencies.helperPath);
-            QVERIFY(script.open(QIODevice::WriteOnly));
-            script.write("#!/bin/sh\nexec sleep 60\n");
-            QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+            QVERIFY(writeProgram(f.dependencies.helperPath, u"exec sleep 60\n"_s));
             f.dependencies.timeout = 50ms;
         });
     }
