@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/Cases.h"
 
-#include <QFile>
+#include "files/Files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -45,13 +45,10 @@ void addLine(const QString &line, Case &row)
 
 QList<Case> readCases(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
     QList<Case> cases;
     QString title;
     Case row;
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n') << QString();
+    const QStringList lines = QString::fromUtf8(Tessel::readFile(path)).split(u'\n') << QString();
     for (qsizetype number = 1; const QString &line : lines) {
         ++number;
         if (!line.isEmpty()) {

@@ -21,6 +21,12 @@ void record(const QString &call, const QStringList &parts)
     std::fputs((line + u'\n').toUtf8().constData(), stderr);
 }
 
+Result<void> recorded(const QString &call, const QStringList &parts)
+{
+    record(call, parts);
+    return {};
+}
+
 QString text(const QString &label, const QString &value)
 {
     const QString escaped
@@ -63,21 +69,18 @@ std::optional<QString> RecordingHost::text()
 
 Result<void> RecordingHost::setText(const QString &text)
 {
-    record(u"copy"_s, { ::text({}, text) });
     m_clipboard = text;
-    return {};
+    return recorded(u"copy"_s, { ::text({}, text) });
 }
 
 Result<void> RecordingHost::type(const QString &text, Modifiers modifiers)
 {
-    record(u"type"_s, { ::text({}, text), ::names(modifiers) });
-    return {};
+    return recorded(u"type"_s, { ::text({}, text), ::names(modifiers) });
 }
 
 Result<void> RecordingHost::press(int keyCode, Modifiers modifiers)
 {
-    record(u"press"_s, { QString::number(keyCode), ::names(modifiers) });
-    return {};
+    return recorded(u"press"_s, { QString::number(keyCode), ::names(modifiers) });
 }
 
 std::optional<DialogAnswer> RecordingHost::ask(const DialogRequest &request)
@@ -115,11 +118,10 @@ std::optional<std::optional<QStringList>> RecordingHost::choose(const ListReques
 
 Result<void> RecordingHost::notify(const DesktopNotification &notification)
 {
-    record(u"notify"_s,
-           { ::text({}, notification.text), ::text(u"title "_s, notification.title),
-             ::text(u"subtitle "_s, notification.subtitle),
-             ::text(u"file "_s, notification.file) });
-    return {};
+    return recorded(u"notify"_s,
+                    { ::text({}, notification.text), ::text(u"title "_s, notification.title),
+                      ::text(u"subtitle "_s, notification.subtitle),
+                      ::text(u"file "_s, notification.file) });
 }
 
 void RecordingHost::beep()
@@ -129,8 +131,7 @@ void RecordingHost::beep()
 
 Result<void> RecordingHost::say(const QString &text)
 {
-    record(u"say"_s, { ::text({}, text) });
-    return {};
+    return recorded(u"say"_s, { ::text({}, text) });
 }
 
 QList<Process> RecordingHost::processes()
@@ -156,26 +157,22 @@ bool RecordingHost::isRunning(const QString &application)
 
 Result<void> RecordingHost::activate(const QString &application)
 {
-    record(u"activate"_s, { ::text({}, application) });
-    return {};
+    return recorded(u"activate"_s, { ::text({}, application) });
 }
 
 Result<void> RecordingHost::launch(const QString &application)
 {
-    record(u"launch"_s, { ::text({}, application) });
-    return {};
+    return recorded(u"launch"_s, { ::text({}, application) });
 }
 
 Result<void> RecordingHost::quit(const QString &application)
 {
-    record(u"quit"_s, { ::text({}, application) });
-    return {};
+    return recorded(u"quit"_s, { ::text({}, application) });
 }
 
 Result<void> RecordingHost::open(const QString &target, const QString &application)
 {
-    record(u"open"_s, { ::text({}, target), ::text(u"with "_s, application) });
-    return {};
+    return recorded(u"open"_s, { ::text({}, target), ::text(u"with "_s, application) });
 }
 
 Result<QString> RecordingHost::openAs(const QString &path, const QString &mimeType)
@@ -186,8 +183,7 @@ Result<QString> RecordingHost::openAs(const QString &path, const QString &mimeTy
 
 Result<void> RecordingHost::reveal(const QString &path)
 {
-    record(u"reveal"_s, { ::text({}, path) });
-    return {};
+    return recorded(u"reveal"_s, { ::text({}, path) });
 }
 
 QStringList RecordingHost::names()

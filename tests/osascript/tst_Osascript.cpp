@@ -72,39 +72,37 @@ class tst_Osascript : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cases_data();
-    void cases();
+    void cases_data()
+    {
+        QTest::addColumn<Case>("row");
+        const QDir folder(QStringLiteral(OSASCRIPT_CASES));
+        const QStringList files = folder.entryList({ u"*.txt"_s });
+        QVERIFY(!files.isEmpty());
+        for (const QString &file : files) {
+            for (const Case &row : readCases(folder.filePath(file)))
+                QTest::newRow(qPrintable(row.name)) << row;
+        }
+    }
+
+    void cases()
+    {
+        QFETCH(const Case, row);
+        const QTemporaryDir home;
+        QVERIFY2(row.result.isEmpty() != row.error.isEmpty(),
+                 "has no result and no error, or both");
+        const Outcome outcome = run(row, home.path());
+        QCOMPARE(outcome.recorded, row.recorded);
+        if (row.error.isEmpty()) {
+            QCOMPARE(outcome.errors, QString());
+            QCOMPARE(outcome.output, row.result == u"nothing" ? QString() : row.result + u'\n');
+            QCOMPARE(outcome.status, 0);
+            return;
+        }
+        QCOMPARE(outcome.output, QString());
+        QVERIFY2(brief(outcome.errors).startsWith(row.error), qPrintable(outcome.errors));
+        QCOMPARE(outcome.status, 1);
+    }
 };
-
-void tst_Osascript::cases_data()
-{
-    QTest::addColumn<Case>("row");
-    const QDir folder(QStringLiteral(OSASCRIPT_CASES));
-    const QStringList files = folder.entryList({ u"*.txt"_s });
-    QVERIFY(!files.isEmpty());
-    for (const QString &file : files) {
-        for (const Case &row : readCases(folder.filePath(file)))
-            QTest::newRow(qPrintable(row.name)) << row;
-    }
-}
-
-void tst_Osascript::cases()
-{
-    QFETCH(const Case, row);
-    const QTemporaryDir home;
-    QVERIFY2(row.result.isEmpty() != row.error.isEmpty(), "has no result and no error, or both");
-    const Outcome outcome = run(row, home.path());
-    QCOMPARE(outcome.recorded, row.recorded);
-    if (row.error.isEmpty()) {
-        QCOMPARE(outcome.errors, QString());
-        QCOMPARE(outcome.output, row.result == u"nothing" ? QString() : row.result + u'\n');
-        QCOMPARE(outcome.status, 0);
-        return;
-    }
-    QCOMPARE(outcome.output, QString());
-    QVERIFY2(brief(outcome.errors).startsWith(row.error), qPrintable(outcome.errors));
-    QCOMPARE(outcome.status, 1);
-}
 
 QTEST_GUILESS_MAIN(tst_Osascript)
 #include "tst_Osascript.moc"
