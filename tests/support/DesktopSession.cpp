@@ -3,6 +3,7 @@
 #include "support/DesktopSession.h"
 
 #include "files/Files.h"
+#include "support/DisplayConnection.h"
 #include "support/XClipboard.h"
 #include "support/XUser.h"
 #include "support/XcbSupport.h"
@@ -64,15 +65,6 @@ void setResources(const QString &display, const QByteArray &resources)
                         resources.constData());
     const Xcb::Owned<xcb_get_input_focus_reply_t> handled(
         xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-}
-
-// A compositing manager owns this selection (EWMH, "compositing managers").
-bool hasCompositor(xcb_connection_t *c)
-{
-    const auto cookie = xcb_get_selection_owner(c, Xcb::atom(c, "_NET_WM_CM_S0"));
-    const Xcb::Owned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(c, cookie, nullptr));
-    return reply && reply->owner;
 }
 
 // In the form of xrandr(1); physical sizes for 96 dots per inch.
@@ -243,8 +235,9 @@ bool DesktopSession::startCompositor()
 {
     auto &compositor
         = launch(u"picom"_s, { u"--config"_s, u"/dev/null"_s, u"--backend"_s, u"xrender"_s });
-    const Xcb::Connection connection(xcb_connect(m_display.toLatin1().constData(), nullptr));
-    return QTest::qWaitFor([&connection] { return hasCompositor(connection.get()); },
+    // A compositing manager owns this selection (EWMH, "compositing managers").
+    const auto x = connectionTo(m_display.toLatin1());
+    return QTest::qWaitFor([&x] { return x && x->selectionOwner(x->atom("_NET_WM_CM_S0")) != 0; },
                            static_cast<int>(defaultTimeout.count()))
         || fail(u"picom does not start: "_s + compositor.errorOutput());
 }

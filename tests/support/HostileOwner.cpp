@@ -162,7 +162,10 @@ void Owner::onExposed()
         return;
     // Without a window manager nobody else gives the focus.
     const auto check = Xcb::atom(m_c, "_NET_SUPPORTING_WM_CHECK");
-    if (Xcb::number(Xcb::property(m_c, Xcb::screen(m_c)->root, check).get()) == 0)
+    const Xcb::Owned<xcb_get_property_reply_t> manager(xcb_get_property_reply(
+        m_c, xcb_get_property(m_c, 0, Xcb::screen(m_c)->root, check, XCB_ATOM_WINDOW, 0, 1),
+        nullptr));
+    if (!manager || manager->value_len == 0)
         xcb_set_input_focus(m_c, XCB_INPUT_FOCUS_PARENT, m_window, XCB_CURRENT_TIME);
     report("ready %u\n", m_window);
 }

@@ -38,28 +38,4 @@ using Connection = std::unique_ptr<xcb_connection_t, Disconnecter>;
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
 }
 
-[[nodiscard]] inline Owned<xcb_get_property_reply_t> property(xcb_connection_t *connection,
-                                                              xcb_window_t window, xcb_atom_t name)
-{
-    const auto cookie
-        = xcb_get_property(connection, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 1 << 24);
-    return Owned<xcb_get_property_reply_t>(xcb_get_property_reply(connection, cookie, nullptr));
-}
-
-[[nodiscard]] inline std::string bytes(const xcb_get_property_reply_t *reply)
-{
-    if (!reply)
-        return {};
-    return std::string(static_cast<const char *>(xcb_get_property_value(reply)),
-                       static_cast<std::size_t>(xcb_get_property_value_length(reply)));
-}
-
-// The first 32-bit item of a property; 0 when there is none.
-[[nodiscard]] inline uint32_t number(const xcb_get_property_reply_t *reply)
-{
-    if (!reply || reply->format != 32 || xcb_get_property_value_length(reply) < 4)
-        return 0;
-    return *static_cast<const uint32_t *>(xcb_get_property_value(reply));
-}
-
 }
