@@ -2,12 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Result.h"
 #include "files/Files.h"
 #include "support/DesktopSession.h"
 
 #include <QTest>
 
 namespace Tessel {
+
+[[nodiscard]] inline QString reason(const Result<void> &result)
+{
+    return result ? QString() : result.error().reason;
+}
 
 /// A desktop with a shell that finds the helpers.
 struct Stage final

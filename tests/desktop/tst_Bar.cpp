@@ -23,45 +23,39 @@ class tst_Bar : public QObject
     static QPoint middle(const Stage &stage) { return stage.editor->window().geometry.center(); }
 
 private Q_SLOTS:
-    void leavesNoTraceAroundIt_data()
-    {
-        QTest::addColumn<bool>("compositor");
-        QTest::newRow("compositor") << true;
-        QTest::newRow("no compositor") << false;
-    }
-
     void leavesNoTraceAroundIt()
     {
-        QFETCH(bool, compositor);
-        Stage stage;
-        QVERIFY(prepare(stage));
-        QVERIFY(!compositor || stage.session.startCompositor()); // after the program
-        stage.user().movePointer(middle(stage));
-        const QImage before = stage.user().screenshot();
-        const auto bar = stage.tessel.summon();
-        QVERIFY(bar);
-        const QPoint center = bar->geometry.center();
-        QTRY_VERIFY(stage.user().screenshot().pixel(center) != before.pixel(center));
+        for (const bool compositor : { true, false }) {
+            Stage stage;
+            QVERIFY(prepare(stage));
+            QVERIFY(!compositor || stage.session.startCompositor()); // after the program
+            stage.user().movePointer(middle(stage));
+            const QImage before = stage.user().screenshot();
+            const auto bar = stage.tessel.summon();
+            QVERIFY(bar);
+            const QPoint center = bar->geometry.center();
+            QTRY_VERIFY(stage.user().screenshot().pixel(center) != before.pixel(center));
 
-        // In the corners of the window, where only the end of the shadow is, all is as before.
-        const auto corners = [&](const QImage &image) {
-            const QRect window = bar->geometry;
-            QList<QRgb> pixels;
-            for (const QPoint &corner :
-                 { window.topLeft() + QPoint(1, 1), window.topRight() + QPoint(-1, 1),
-                   window.bottomLeft() + QPoint(1, -1), window.bottomRight() + QPoint(-1, -1) })
-                pixels += image.pixel(corner);
-            return pixels;
-        };
-        QTRY_COMPARE(corners(stage.user().screenshot()), corners(before));
-        // Beside the bar there is a shadow where it can be blended, nothing where it cannot.
-        const QPoint below(center.x(), bar->geometry.y() + bar->geometry.height() - 17);
-        QCOMPARE(stage.user().screenshot().pixel(below) != before.pixel(below), compositor);
+            // In the corners of the window, where only the end of the shadow is, all is as before.
+            const auto corners = [&](const QImage &image) {
+                const QRect window = bar->geometry;
+                QList<QRgb> pixels;
+                for (const QPoint &corner :
+                     { window.topLeft() + QPoint(1, 1), window.topRight() + QPoint(-1, 1),
+                       window.bottomLeft() + QPoint(1, -1), window.bottomRight() + QPoint(-1, -1) })
+                    pixels += image.pixel(corner);
+                return pixels;
+            };
+            QTRY_COMPARE(corners(stage.user().screenshot()), corners(before));
+            // Beside the bar there is a shadow where it can be blended, nothing where it cannot.
+            const QPoint below(center.x(), bar->geometry.y() + bar->geometry.height() - 17);
+            QCOMPARE(stage.user().screenshot().pixel(below) != before.pixel(below), compositor);
 
-        stage.user().tap(XKB_KEY_Escape);
-        QVERIFY(stage.tessel.waitUntilBarGone());
-        QTRY_COMPARE(stage.user().screenshot(bar->geometry), before.copy(bar->geometry));
-        QVERIFY(stage.session.urlRecorder().urls().isEmpty());
+            stage.user().tap(XKB_KEY_Escape);
+            QVERIFY(stage.tessel.waitUntilBarGone());
+            QTRY_COMPARE(stage.user().screenshot(bar->geometry), before.copy(bar->geometry));
+            QVERIFY(stage.session.urlRecorder().urls().isEmpty());
+        }
     }
 
     void inputElsewhereGoesThroughAndHides_data()

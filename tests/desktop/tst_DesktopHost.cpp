@@ -18,11 +18,6 @@ using namespace Tessel::Desktop;
 
 namespace {
 
-QString reason(const Result<void> &result)
-{
-    return result ? QString() : result.error().reason;
-}
-
 /// A desktop that the test has entered, and what scripts see of it.
 struct HostStage
 {

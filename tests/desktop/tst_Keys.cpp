@@ -126,35 +126,29 @@ private Q_SLOTS:
         QVERIFY(stage.session.urlRecorder().urls().isEmpty());
     }
 
-    void anotherProgramHasTheTrigger_data()
-    {
-        QTest::addColumn<bool>("first");
-        QTest::newRow("before us") << true;
-        QTest::newRow("after us") << false;
-    }
-
     void anotherProgramHasTheTrigger()
     {
-        QFETCH(bool, first);
-        KeyStage stage;
-        QVERIFY(stage.session.start());
-        const auto other = connectionTo(stage.session.display().toLatin1());
-        const auto grab = [&other] {
-            xcb_grab_key(other->xcb(), 0, other->root(), XCB_MOD_MASK_ANY, 68, XCB_GRAB_MODE_ASYNC,
-                         XCB_GRAB_MODE_ASYNC);
-            xcb_flush(other->xcb());
-        };
-        if (first)
-            grab();
-        QVERIFY(stage.tessel.start());
-        if (!first)
-            grab();
-        QVERIFY(stage.open({ u"text"_s, u"word"_s }));
-        stage.user().press(XKB_KEY_F2);
-        QTest::qWait(80); // until then the other one has the whole keyboard
-        stage.user().release(XKB_KEY_F2);
-        QVERIFY(stage.tessel.waitForBar());
-        QVERIFY(XcbPtr<xcb_generic_event_t>(xcb_poll_for_event(other->xcb())));
+        for (const bool first : { true, false }) {
+            KeyStage stage;
+            QVERIFY(stage.session.start());
+            const auto other = connectionTo(stage.session.display().toLatin1());
+            const auto grab = [&other] {
+                xcb_grab_key(other->xcb(), 0, other->root(), XCB_MOD_MASK_ANY, 68,
+                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+                xcb_flush(other->xcb());
+            };
+            if (first)
+                grab();
+            QVERIFY(stage.tessel.start());
+            if (!first)
+                grab();
+            QVERIFY(stage.open({ u"text"_s, u"word"_s }));
+            stage.user().press(XKB_KEY_F2);
+            QTest::qWait(80); // until then the other one has the whole keyboard
+            stage.user().release(XKB_KEY_F2);
+            QVERIFY(stage.tessel.waitForBar());
+            QVERIFY(XcbPtr<xcb_generic_event_t>(xcb_poll_for_event(other->xcb())));
+        }
     }
 
     /// Its key is observed then, and the word is still marked.

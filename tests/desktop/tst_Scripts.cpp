@@ -41,27 +41,21 @@ class tst_Scripts : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void uppercase_data()
-    {
-        QTest::addColumn<EditorKind>("kind");
-        QTest::newRow("mousepad") << EditorKind::Mousepad;
-        QTest::newRow("featherpad") << EditorKind::FeatherPad;
-    }
-
     void uppercase()
     {
-        QFETCH(EditorKind, kind);
-        Stage stage;
-        stage.tessel.actions = { defaultAction(u"Uppercase"_s) };
-        QVERIFY(stage.start());
-        QVERIFY(stage.open(u"one é жук 한글 it's\n\"two\" \\"_s, kind));
-        QVERIFY(stage.runAction());
-        const QString upper = u"ONE É ЖУК 한글 IT'S\n\"TWO\" \\"_s;
-        QVERIFY(stage.session.clipboard().waitForText(upper));
-        // Looking at the content selects it anew, which must not come before the paste.
-        const quint32 editor = stage.editor->window().id;
-        QTRY_VERIFY_WITH_TIMEOUT(stage.user().window(editor)->title.contains(u'*'), 15000);
-        QTRY_COMPARE_WITH_TIMEOUT(stage.editor->content(), upper, 15000);
+        for (const EditorKind kind : { EditorKind::Mousepad, EditorKind::FeatherPad }) {
+            Stage stage;
+            stage.tessel.actions = { defaultAction(u"Uppercase"_s) };
+            QVERIFY(stage.start());
+            QVERIFY(stage.open(u"one é жук 한글 it's\n\"two\" \\"_s, kind));
+            QVERIFY(stage.runAction());
+            const QString upper = u"ONE É ЖУК 한글 IT'S\n\"TWO\" \\"_s;
+            QVERIFY(stage.session.clipboard().waitForText(upper));
+            // Looking at the content selects it anew, which must not come before the paste.
+            const quint32 editor = stage.editor->window().id;
+            QTRY_VERIFY_WITH_TIMEOUT(stage.user().window(editor)->title.contains(u'*'), 15000);
+            QTRY_COMPARE_WITH_TIMEOUT(stage.editor->content(), upper, 15000);
+        }
     }
 
     void note()
