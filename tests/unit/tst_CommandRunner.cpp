@@ -212,36 +212,28 @@ private Q_SLOTS:
         QCOMPARE(m_results.constFirst().output, QByteArray("SigBlk 0000000\nSigIgn 0000000\n"));
     }
 
-    void launchFails_data()
-    {
-        QTest::addColumn<CommandRequest>("request");
-        QTest::addColumn<QString>("reason");
-        const QString echo = u"/bin/echo"_s;
-        const QString missing = QString::fromLocal8Bit(std::strerror(ENOENT));
-        const auto row = [](const char *name, const CommandRequest &request,
-                            const QString &reason) { QTest::newRow(name) << request << reason; };
-        row("missing", { u"/nowhere/zsh"_s }, u"/nowhere/zsh: "_s + missing);
-        row("not on the PATH", { u"nowhere"_s }, u"nowhere: "_s + missing);
-        row("no folder", { .program = echo, .workingFolder = u"/nowhere"_s },
-            echo + u": "_s + missing);
-        row("NUL", { echo, { u"a\0b"_s } }, u"The text contains a NUL character"_s);
-        row("large", { echo, {}, { { u"A"_s, QString(4000000, u'a') } } },
-            u"The text is too large"_s);
-    }
-
     void launchFails()
     {
-        QFETCH(CommandRequest, request);
-        QFETCH(QString, reason);
+        const QString echo = u"/bin/echo"_s;
+        const QString missing = QString::fromLocal8Bit(std::strerror(ENOENT));
         const qsizetype descriptors = entriesOf("/proc/self/fd");
-        start(request);
-        QVERIFY(m_results.isEmpty());
-        QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
-        QVERIFY2(m_failure.startsWith(reason), qPrintable(m_failure));
-        const Result<void> detached = startDetached(request);
-        QVERIFY(!detached && detached.error().reason.endsWith(m_failure));
-        QCOMPARE(entriesOf("/proc/self/fd"), descriptors);
-        endChildProcesses(); // as what is detached has this process for its parent
+        for (const auto &[request, reason] :
+             { std::pair { CommandRequest { u"/nowhere/zsh"_s }, u"/nowhere/zsh: "_s + missing },
+               { { u"nowhere"_s }, u"nowhere: "_s + missing }, // on the PATH
+               { { .program = echo, .workingFolder = u"/nowhere"_s }, echo + u": "_s + missing },
+               { { echo, { u"a\0b"_s } }, u"The text contains a NUL character"_s },
+               { { echo, {}, { { u"A"_s, QString(4000000, u'a') } } },
+                 u"The text is too large"_s } }) {
+            m_results.clear();
+            start(request);
+            QVERIFY(m_results.isEmpty());
+            QTRY_COMPARE_WITH_TIMEOUT(m_results.size(), 1, bound);
+            QVERIFY2(m_failure.startsWith(reason), qPrintable(m_failure));
+            const Result<void> detached = startDetached(request);
+            QVERIFY(!detached && detached.error().reason.endsWith(m_failure));
+            QCOMPARE(entriesOf("/proc/self/fd"), descriptors);
+            endChildProcesses(); // as what is detached has this process for its parent
+        }
     }
 
     void endlessCommandsDelayNobody()

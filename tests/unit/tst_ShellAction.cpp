@@ -107,6 +107,15 @@ class tst_ShellAction : public QObject
         return readFile(qEnvironmentVariable("OUT"));
     }
 
+    static void checkReport(const Result<CommandResult> &outcome, const QString &logLine,
+                            const QString &error)
+    {
+        const ShellReport report = shellReport(outcome);
+        QCOMPARE(report.logLine, logLine);
+        QCOMPARE(report.error ? report.error->title + u": "_s + report.error->message : u""_s,
+                 error);
+    }
+
     static void setLocale(const QByteArray &name)
     {
         if (name.isNull())
@@ -224,54 +233,24 @@ private Q_SLOTS:
             QByteArray("LANG=en_US.UTF-8\nTESSEL_TEXT= a \n"));
     }
 
-    void reports_data()
-    {
-        QTest::addColumn<int>("exitStatus");
-        QTest::addColumn<QByteArray>("output");
-        QTest::addColumn<QByteArray>("errorOutput");
-        QTest::addColumn<QString>("logLine");
-        QTest::addColumn<QString>("message"); // null: nothing is shown
-        const auto row
-            = [](const char *name, int exitStatus, const char *output, const char *errorOutput,
-                 const char *logLine, const char *message = nullptr) {
-                  QTest::newRow(name) << exitStatus << QByteArray(output) << QByteArray(errorOutput)
-                                      << QString::fromUtf8(logLine) << QString::fromUtf8(message);
-              };
-        row("output", 0, "\ufeff일정\nb\t\r\n\u0085\u2028", "", "Shell Output: \ufeff일정\nb");
-        row("blank output", 0, " \n", "", "Shell Output: ");
-        row("invalid output", 0, "a\xff", "", "");
-        row("failure", 3, "out\n", " err\nor\n",
-            "ERROR: Shell command failed with status 3:  err\nor\n",
-            "The command exited with status 3.\n\nError:\nerr\nor");
-        row("signal, invalid UTF-8", 143, "", "ok \xc3(",
-            "ERROR: Shell command failed with status 143: Unknown error",
-            "The command exited with status 143.\n\nError:\nUnknown error");
-    }
-
     void reports()
     {
-        QFETCH(int, exitStatus);
-        QFETCH(QByteArray, output);
-        QFETCH(QByteArray, errorOutput);
-        QFETCH(QString, message);
-        const ShellReport report
-            = shellReport(CommandResult { exitStatus, false, output, errorOutput });
-        QTEST(report.logLine, "logLine");
-        QCOMPARE(report.error.has_value(), !message.isNull());
-        if (report.error) {
-            QCOMPARE(report.error->title, u"Command Failed"_s);
-            QCOMPARE(report.error->message, message);
-        }
-    }
-
-    void reportsFailedLaunch()
-    {
-        const ShellReport report = shellReport(Failure { u"/bin/zsh: gone"_s });
-        QCOMPARE(report.logLine, u"ERROR: Shell command failed: /bin/zsh: gone"_s);
-        QVERIFY(report.error);
-        QCOMPARE(report.error->title, u"Execution Failed"_s);
-        QCOMPARE(report.error->message,
-                 u"Could not launch the command.\n\nError:\n/bin/zsh: gone"_s);
+        const QString exited = u"The command exited with status %1.\n\nError:\n%2"_s;
+        for (const auto &[outcome, logLine, error] :
+             { std::tuple { CommandResult { 0, false, "\ufeff일정\nb\t\r\n\u0085\u2028", "" },
+                            u"Shell Output: \ufeff일정\nb"_s, u""_s },
+               { { 0, false, " \n", "" }, u"Shell Output: "_s, u""_s },
+               { { 0, false, "a\xff", "" }, u""_s, u""_s },
+               { { 3, false, "out\n", " err\nor\n" },
+                 u"ERROR: Shell command failed with status 3:  err\nor\n"_s,
+                 u"Command Failed: "_s + exited.arg(3).arg(u"err\nor"_s) },
+               { { 143, false, "", "ok \xc3(" }, // not UTF-8
+                 u"ERROR: Shell command failed with status 143: Unknown error"_s,
+                 u"Command Failed: "_s + exited.arg(143).arg(u"Unknown error"_s) } })
+            checkReport(outcome, logLine, error);
+        checkReport(Failure { u"/bin/zsh: gone"_s },
+                    u"ERROR: Shell command failed: /bin/zsh: gone"_s,
+                    u"Execution Failed: Could not launch the command.\n\nError:\n/bin/zsh: gone"_s);
     }
 
     /// Beside an installed program, whether they are there or not: never in the folder of a build.
@@ -295,24 +274,17 @@ private Q_SLOTS:
     }
 
     /// The text must stay a text, also where it looks like an option.
-    void textIsNoOptionOfTheScriptRunner_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("plain") << u"it's \"\\"_s << u"n"_s;
-        QTest::newRow("script") << u"-ereturn \"run\""_s << u"n"_s;
-        QTest::newRow("end of options") << u"--"_s << u"n"_s;
-        QTest::newRow("name") << u"text"_s << u"-l"_s;
-    }
-
     void textIsNoOptionOfTheScriptRunner()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, name);
-        CommandRequest request = shortcutRequest(name, text, helperFolder() + u"/osascript"_s);
-        QCOMPARE(request.arguments.size() > 4, text.startsWith(u'-') || name.startsWith(u'-'));
-        request.arguments[1] = u"on run {t, n}\nreturn t & \"|\" & n\nend run"_s;
-        QCOMPARE(outcome(request).valueOr({}).output, (text + u'|' + name + u'\n').toUtf8());
+        for (const auto &[text, name] : { std::pair { u"it's \"\\"_s, u"n"_s },
+                                          { u"-ereturn \"run\""_s, u"n"_s },
+                                          { u"--"_s, u"n"_s },
+                                          { u"text"_s, u"-l"_s } }) {
+            CommandRequest request = shortcutRequest(name, text, helperFolder() + u"/osascript"_s);
+            QCOMPARE(request.arguments.size() > 4, text.startsWith(u'-') || name.startsWith(u'-'));
+            request.arguments[1] = u"on run {t, n}\nreturn t & \"|\" & n\nend run"_s;
+            QCOMPARE(outcome(request).valueOr({}).output, (text + u'|' + name + u'\n').toUtf8());
+        }
     }
 
     void scriptsGetLargeTexts()

@@ -77,24 +77,22 @@ private Q_SLOTS:
         QTest::addColumn<QString>("failure");
         const QByteArray large(200 << 10, 'x');
         const QByteArray most((128 << 10) - qsizetype(sizeof "SHORTCUT_INPUT="), 'x');
-        QTest::newRow("standard input") << QByteArray("cat") << QByteArray("a\xff\0b\n", 5)
-                                        << QByteArray("a\xff\0b\n", 5) << QString();
-        QTest::newRow("variable") << QByteArray("printf %s \"$SHORTCUT_INPUT\"")
-                                  << QByteArray("\xed\x95\x9c\n\"$x")
-                                  << QByteArray("\xed\x95\x9c\n\"$x") << QString();
-        QTest::newRow("largest variable") << QByteArray("echo ${#SHORTCUT_INPUT}") << most
-                                          << QByteArray::number(most.size()) + '\n'
-                                          << QString();
-        QTest::newRow("too large for a variable")
-            << QByteArray("echo ${SHORTCUT_INPUT-unset} $(wc -c)") << large
-            << QByteArray("unset 204800\n") << QString();
-        QTest::newRow("does not read")
-            << QByteArray("echo done") << large << QByteArray("done\n") << QString();
-        QTest::newRow("fails") << QByteArray("echo half; exit 3") << QByteArray()
-                               << QByteArray("half\n")
-                               << u"The shortcut “s” failed with status 3."_s;
-        QTest::newRow("finds helpers first") << QByteArray("echo ${PATH%%:*}") << QByteArray()
-                                             << QByteArray("/nowhere/helpers\n") << QString();
+        const auto row = [](const char *name, const QByteArray &script, const QByteArray &input,
+                            const QByteArray &output, const QString &failure = {}) {
+            QTest::newRow(name) << script << input << output << failure;
+        };
+        const QByteArray bytes("a\xff\0b\n", 5);
+        const QByteArray text = "\xed\x95\x9c\n\"$x";
+        row("standard input", "cat", bytes, bytes);
+        row("variable", "printf %s \"$SHORTCUT_INPUT\"", text, text);
+        row("largest variable", "echo ${#SHORTCUT_INPUT}", most,
+            QByteArray::number(most.size()) + '\n');
+        row("too large for a variable", "echo ${SHORTCUT_INPUT-unset} $(wc -c)", large,
+            "unset 204800\n");
+        row("does not read", "echo done", large, "done\n");
+        row("fails", "echo half; exit 3", {}, "half\n",
+            u"The shortcut “s” failed with status 3."_s);
+        row("finds helpers first", "echo ${PATH%%:*}", {}, "/nowhere/helpers\n");
     }
 
     void inputAndOutput()
