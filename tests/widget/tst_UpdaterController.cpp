@@ -6,6 +6,7 @@
 #include "platform/fake/FakePlatform.h"
 #include "widget/CpuTime.h"
 #include "widget/ShownWindow.h"
+#include "widget/UpdateServer.h"
 #include "windows/ReleaseNotes.h"
 #include "windows/UpdateWindow.h"
 
@@ -16,14 +17,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
-
-#include <openssl/evp.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
@@ -32,78 +29,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int patience = 20000; // milliseconds
-
-/// Answers by path with bytes as they are; with nothing, and an open connection, where they are
-/// empty; with 404 where there is no answer.
-class Server final : public QTcpServer
-{
-public:
-    Server()
-    {
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            QTcpSocket *socket = nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, this, [this, socket] { answer(socket); });
-            connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
-                ++disconnections;
-                socket->deleteLater();
-            });
-        });
-        listen(QHostAddress::LocalHost);
-    }
-
-    QHash<QByteArray, QByteArray> answers;
-    QList<QByteArray> requests; ///< heads
-    int disconnections = 0;
-
-private:
-    void answer(QTcpSocket *socket)
-    {
-        const QByteArray head = socket->readAll(); // a small request comes in one piece
-        requests += head;
-        const QByteArray bytes
-            = answers.value(head.split(' ').value(1), "HTTP/1.1 404 Not Found\r\n\r\n");
-        if (bytes.isEmpty())
-            return;
-        socket->write(bytes);
-        socket->disconnectFromHost();
-    }
-};
-
-QByteArray ok(const QByteArray &body)
-{
-    return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n"
-        + body;
-}
-
-QByteArray redirect(const QByteArray &target)
-{
-    return "HTTP/1.1 302 Found\r\nLocation: " + target + "\r\nContent-Length: 0\r\n\r\n";
-}
-
-QByteArray feed(const QByteArray &version, const QByteArray &more = {})
-{
-    return "<rss xmlns:sparkle='http://www.andymatuschak.org/xml-namespaces/sparkle'><channel>"
-           "<item><sparkle:version>"
-        + version + "</sparkle:version>" + more + "</item></channel></rss>";
-}
-
-/// By the owner of the feed, whose private key is 32 times "s".
-QByteArray sign(const QByteArray &data)
-{
-    const auto bytes = [](const QByteArray &array) {
-        return reinterpret_cast<const unsigned char *>(array.data());
-    };
-    unsigned char raw[64];
-    size_t size = sizeof raw;
-    EVP_PKEY *key
-        = EVP_PKEY_new_raw_private_key(EVP_PKEY_ED25519, nullptr, bytes(QByteArray(32, 's')), 32);
-    EVP_MD_CTX *context = EVP_MD_CTX_new();
-    EVP_DigestSignInit(context, nullptr, nullptr, nullptr, key);
-    EVP_DigestSign(context, raw, &size, bytes(data), size_t(data.size()));
-    EVP_MD_CTX_free(context);
-    EVP_PKEY_free(key);
-    return QByteArray(reinterpret_cast<char *>(raw), qsizetype(size)).toBase64() + '\n';
-}
 
 /// A program of version 1.0 that finds its feed on a server of this machine.
 struct Fixture
@@ -157,7 +82,7 @@ struct Fixture
     }
 
     QTemporaryDir folder;
-    Server server;
+    UpdateServer server;
     FakePlatform platform;
     QStringList log;
     UpdaterController::Dependencies dependencies {
