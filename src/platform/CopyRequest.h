@@ -19,9 +19,9 @@ public:
     virtual void prepare() = 0;
 
     /// Asks the application, as the user would with its copy shortcut, and returns at once.
-    /// Modifiers that the user holds are lifted. Not for terminals and their like. The future finishes when the
-    /// application has seen the shortcut; when it does not tell that, it is cancelled or never
-    /// ends.
+    /// Modifiers that the user holds are lifted. Not for terminals and their like. The future
+    /// finishes when the application has seen the shortcut; when it does not tell that, it is
+    /// cancelled or never ends.
     [[nodiscard]] virtual QFuture<void> copySelection(const FrontApplication &application) = 0;
 
     enum class Marked { ever, sinceFocus };

@@ -47,7 +47,8 @@ private Q_SLOTS:
             QCOMPARE(match(u"([😀]|x)+(?=b(?<=😀b))"_s, before + faces + u'b'), std::optional(faces));
     }
 
-    /// Some run through the text ten thousand times before ICU calls back, which would take minutes.
+    /// Some run through the text ten thousand times before ICU calls back, which would take
+    /// minutes.
     void givesUpInTime()
     {
         const QString text(16 * mebi, u'a');

@@ -34,8 +34,8 @@ QFuture<std::optional<QString>> X11SelectionReader::read(quint32 selection,
 {
     auto promise = std::make_shared<QPromise<std::optional<QString>>>();
     promise->start();
-    auto transfer = std::make_unique<X11SelectionTransfer>(m_connection, selection, patience, 3s,
-                                                           X11SelectionTransfer::Accept::selectedText);
+    auto transfer = std::make_unique<X11SelectionTransfer>(
+        m_connection, selection, patience, 3s, X11SelectionTransfer::Accept::selectedText);
     connect(transfer.get(), &X11SelectionTransfer::finished, this,
             [this, promise, done = transfer.get()](const std::optional<QByteArray> &text) {
                 promise->addResult(text ? std::optional(decoded(*text)) : std::nullopt);
