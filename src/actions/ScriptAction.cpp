@@ -80,7 +80,7 @@ CommandRequest shortcutRequest(const QString &name, const QString &text, const Q
     QStringList arguments { u"-e"_s, u"on run {t, n}\n"_s + shortcutScript };
     if (text.startsWith(u'-') || name.startsWith(u'-'))
         arguments += u"--"_s; // or the runner would take them for options, "-e" among them
-    const CommandRequest direct = request(runner, arguments + QStringList { text, name }, text);
+    CommandRequest direct = request(runner, arguments + QStringList { text, name }, text);
     if (canBeHandedOver(direct))
         return direct;
     const QString start = u"on run {n}\n    set t to \"%1\"\n"_s;

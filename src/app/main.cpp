@@ -26,36 +26,50 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Hides the desktop's name while Qt looks for a platform theme: Qt 6.4 would load the GTK one
-/// under GNOME, XFCE and others, which triples the start-up time. Children must see the name again.
-class HiddenDesktop final
+/// A variable of the environment that has another value while this lives.
+class TemporaryVariable final
 {
 public:
-    HiddenDesktop()
+    TemporaryVariable(const char *name, const char *value)
+        : m_name(name)
+        , m_wasSet(qEnvironmentVariableIsSet(name))
+        , m_before(qgetenv(name))
     {
-        if (qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
-            return; // the user chose one
-        m_isActive = true;
-        m_wasSet = qEnvironmentVariableIsSet(variable);
-        m_name = qgetenv(variable);
-        qputenv(variable, "none"); // were it unset, Qt would ask DESKTOP_SESSION
+        qputenv(name, value);
     }
-    ~HiddenDesktop()
+    ~TemporaryVariable()
     {
-        if (!m_isActive)
-            return;
         if (m_wasSet)
-            qputenv(variable, m_name);
+            qputenv(m_name, m_before);
         else
-            qunsetenv(variable);
+            qunsetenv(m_name);
     }
-    Q_DISABLE_COPY_MOVE(HiddenDesktop)
+    Q_DISABLE_COPY_MOVE(TemporaryVariable)
 
 private:
-    static constexpr const char *variable = "XDG_CURRENT_DESKTOP";
-    bool m_isActive = false;
-    bool m_wasSet = false;
-    QByteArray m_name;
+    const char *m_name;
+    bool m_wasSet;
+    QByteArray m_before;
+};
+
+/// What keeps Qt from waiting while it makes the application object. Children must not see it.
+class QuickStart final
+{
+public:
+    QuickStart()
+    {
+        // Qt 6.4 would load the GTK theme under GNOME, XFCE and others, which triples the time of
+        // the start. Were the name unset, Qt would ask DESKTOP_SESSION.
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
+            m_desktop.emplace("XDG_CURRENT_DESKTOP", "none");
+        // Qt 6.8 asks the portal for a colour picker.
+        if (!DesktopBus::isReady())
+            m_portal.emplace("QT_NO_XDG_DESKTOP_PORTAL", "1");
+    }
+
+private:
+    std::optional<TemporaryVariable> m_desktop;
+    std::optional<TemporaryVariable> m_portal;
 };
 
 /// Qt serves screen readers over D-Bus. Without a bus that answers, it gets an address for them
@@ -65,9 +79,8 @@ void keepScreenReadersFromWaiting()
     constexpr const char *variable = "AT_SPI_BUS_ADDRESS";
     if (DesktopBus::isReady() || qEnvironmentVariableIsSet(variable))
         return;
-    qputenv(variable, "disabled:");
+    const TemporaryVariable address(variable, "disabled:");
     QAccessible::setRootObject(qApp);
-    qunsetenv(variable);
 }
 
 }
@@ -95,9 +108,9 @@ int main(int argc, char *argv[])
         Log::print(notice);
 
     QtArguments arguments(argc, argv, platform.qtPlugin());
-    std::optional<HiddenDesktop> hidden(std::in_place);
+    std::optional<QuickStart> quickStart(std::in_place);
     QApplication app(arguments.count(), arguments.values());
-    hidden.reset();
+    quickStart.reset();
     keepScreenReadersFromWaiting();
     prependHelperFolderToPath();
     QApplication::setApplicationName(u"Tessel"_s);

@@ -13,11 +13,11 @@ namespace Tessel {
 namespace DesktopBus {
 
 /// Whether connecting takes no time: the buses answer, or there are none. Asks when it is first
-/// called, and waits for a moment then; needs the application object.
+/// called, and waits for a moment then.
 [[nodiscard]] bool isReady();
 
 /// Calls once they are ready, at once where they are; not after the context's end. Before that
-/// nothing may use D-Bus, nor make Qt do so.
+/// nothing may use D-Bus, nor make Qt do so. Needs the application object.
 void whenReady(QObject *context, const std::function<void()> &then);
 
 }

@@ -25,6 +25,12 @@ QByteArray addressIn(const char *variable, const char *standard)
     return qEnvironmentVariableIsEmpty(variable) ? QByteArray(standard) : qgetenv(variable);
 }
 
+bool answers(const BusProbe &probe, int patience)
+{
+    pollfd answer { .fd = probe.answer().number(), .events = POLLIN, .revents = 0 };
+    return !probe.isCrowded() && (answer.fd < 0 || ::poll(&answer, 1, patience) != 0);
+}
+
 class Buses final : public QObject
 {
 public:
@@ -33,55 +39,57 @@ public:
         const QDeadlineTimer deadline(maxWait);
         for (const QByteArray &address :
              { addressIn("DBUS_SESSION_BUS_ADDRESS", "unix:runtime=yes"),
-               addressIn("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket") })
-            m_silent += answers(address, int(deadline.remainingTime())) ? 0 : 1;
+               addressIn("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket") }) {
+            auto probe = std::make_shared<BusProbe>(address);
+            if (!answers(*probe, int(deadline.remainingTime())))
+                m_silent.append({ address, std::move(probe) });
+        }
     }
 
-    [[nodiscard]] bool areReady() const { return m_silent == 0; }
+    [[nodiscard]] bool areReady() const { return m_silent.isEmpty(); }
 
     void whenReady(QObject *context, const std::function<void()> &then)
     {
         if (areReady())
-            then();
-        else
-            m_waiting.append({ context, then });
+            return then();
+        m_waiting.append({ context, then });
+        if (m_waiting.size() > 1)
+            return;
+        for (const auto &[address, probe] : std::as_const(m_silent))
+            listen(address, probe);
     }
 
 private:
-    /// Within so many milliseconds; else goes on asking.
-    bool answers(const QByteArray &address, int patience)
+    void listen(const QByteArray &address, const std::shared_ptr<BusProbe> &probe)
     {
-        const auto probe = std::make_shared<BusProbe>(address);
-        pollfd answer { .fd = probe->answer().number(), .events = POLLIN, .revents = 0 };
         if (probe->isCrowded()) {
             QTimer::singleShot(maxWait, this, [this, address] {
-                if (answers(address, 0))
-                    countAnswer();
+                const auto next = std::make_shared<BusProbe>(address);
+                answers(*next, 0) ? countAnswer() : listen(address, next);
             });
-            return false;
+            return;
         }
-        if (answer.fd < 0 || ::poll(&answer, 1, patience) != 0)
-            return true;
-        auto *notifier = new QSocketNotifier(answer.fd, QSocketNotifier::Read, this);
+        auto *notifier = new QSocketNotifier(probe->answer().number(), QSocketNotifier::Read, this);
         connect(notifier, &QSocketNotifier::activated, this, [this, notifier, probe] {
             notifier->setEnabled(false);
             notifier->deleteLater();
             countAnswer();
         });
-        return false;
     }
 
     void countAnswer()
     {
-        if (--m_silent > 0)
+        if (++m_answers < m_silent.size())
             return;
+        m_silent.clear();
         for (const auto &[context, then] : std::exchange(m_waiting, {})) {
             if (context)
                 then();
         }
     }
 
-    int m_silent = 0; ///< how many have not answered
+    QList<std::pair<QByteArray, std::shared_ptr<BusProbe>>> m_silent; ///< by address
+    qsizetype m_answers = 0; ///< of these, since
     QList<std::pair<QPointer<QObject>, std::function<void()>>> m_waiting;
 };
 
