@@ -5,16 +5,18 @@
 
 build_packages=(
     cmake g++ ninja-build pkg-config
-    libicu-dev libssl-dev libtiff-dev libwebp-dev libxcb-res0-dev libxcb-screensaver0-dev
-    libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev libxcb1-dev
-    libxkbcommon-dev libxkbcommon-x11-dev nlohmann-json3-dev qcoro-qt6-dev qt6-base-dev qt6-svg-dev
+    libicu-dev libssl-dev libtiff-dev libwayland-bin libwayland-dev libwebp-dev libxcb-res0-dev
+    libxcb-screensaver0-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
+    libxcb1-dev libxkbcommon-dev libxkbcommon-x11-dev nlohmann-json3-dev qcoro-qt6-dev
+    qt6-base-dev qt6-base-private-dev qt6-svg-dev
 )
-run_packages=(dbus dbus-user-session file fonts-dejavu-core xdg-utils zsh)
+run_packages=(dbus dbus-user-session file fonts-dejavu-core qt6-wayland xdg-utils zsh)
 demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
 test_packages=(
-    at-spi2-core dbus dbus-x11 featherpad fonts-noto-cjk i3lock mousepad openbox picom sakura tk
-    trayer unicode-data vim-gtk3 x11-utils x11-xkb-utils x11-xserver-utils xdg-utils
-    xfce4-clipman-plugin xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb zsh
+    at-spi2-core dbus dbus-x11 featherpad foot fonts-noto-cjk grim i3lock kwin-data kwin-wayland
+    mousepad openbox picom qtwayland5 sakura sway tk trayer unicode-data vim-gtk3 wayland-utils
+    x11-utils x11-xkb-utils x11-xserver-utils xdg-utils xfce4-clipman-plugin xfce4-panel xfconf
+    xfwm4 xsettingsd xterm xvfb xwayland zsh
 )
 lint_packages=(clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)

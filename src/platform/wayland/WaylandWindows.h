@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace Tessel {
+
+/// A window of an application, as the compositor describes it.
+struct WaylandWindow
+{
+    quint64 handle = 0; ///< never 0 and never given again
+    QString applicationId; ///< of xdg_toplevel.set_app_id; an X11 program's window class
+    QString title;
+    qint64 processId = 0; ///< 0: the compositor does not tell
+    bool isMinimized = false;
+};
+
+/// The windows of all applications.
+class WaylandWindows : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// In the order in which they were last active, the latest first.
+    [[nodiscard]] virtual QList<WaylandWindow> all() const = 0;
+
+    /// The one that has the user's attention. Popups of ours do not count.
+    [[nodiscard]] virtual std::optional<WaylandWindow> active() const = 0;
+
+    virtual void activate(quint64 handle) = 0;
+    virtual void close(quint64 handle) = 0; ///< as its own button would
+
+Q_SIGNALS:
+    void activeChanged();
+};
+
+}
