@@ -8,6 +8,7 @@
 #include "base/ClosedStreams.h"
 #include "base/HelperFolder.h"
 #include "base/Log.h"
+#include "base/PrivateVariables.h"
 #include "config/ConfigManager.h"
 #include "config/ResourceBundle.h"
 #include "platform/DesktopBus.h"
@@ -107,6 +108,9 @@ int main(int argc, char *argv[])
     if (const QString notice = platform.notice(); !notice.isEmpty())
         Log::print(notice);
 
+    const auto variables = platform.qtVariables();
+    for (auto it = variables.cbegin(); it != variables.cend(); ++it)
+        setPrivateVariable(it.key(), *it);
     QtArguments arguments(argc, argv, platform.qtPlugin());
     std::optional<QuickStart> quickStart(std::in_place);
     QApplication app(arguments.count(), arguments.values());

@@ -70,6 +70,7 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
     updateTheme();
     if (m_buttons.isEmpty()) {
         Log::print(u"DEBUG: No action applies to the selected text.");
+        m_location.watch.reset();
         hide();
         return;
     }
@@ -81,7 +82,7 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
     m_phase = Phase::shown;
     m_isChosen = false;
     m_takesKeys = makeKey;
-    m_window.create();
+    m_window.makeNative();
     takeKeys(); // before anybody can see the bar and press one
     m_window.moveTo(frame.topLeft());
     m_window.fadeIn();
@@ -119,6 +120,7 @@ void FloatingPanel::hide()
     if (m_phase != Phase::shown)
         return;
     m_phase = Phase::hiding;
+    m_location.watch.reset();
     m_dependencies.popupHost.releaseKeys(m_window.windowHandle());
     m_window.fadeOut();
 }

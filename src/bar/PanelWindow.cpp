@@ -104,13 +104,10 @@ private:
 };
 
 PanelWindow::PanelWindow(PopupHost &host)
-    : QWidget(nullptr, host.windowFlags())
-    , m_host(host)
+    : PopupWindow(host)
     , m_ground(new Ground(this))
     , m_pop(new PopEffect(m_ground))
 {
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowTitle(u"Tessel"_s);
     m_ground->setGraphicsEffect(m_pop);
     m_pop->setEnabled(false);
@@ -134,7 +131,7 @@ PanelWindow::~PanelWindow() = default;
 QList<HoverButton *> PanelWindow::buttons(int count)
 {
     while (m_buttons.size() < count)
-        m_buttons += new HoverButton(m_host, m_ground);
+        m_buttons += new HoverButton(host(), m_ground);
     for (int i = 0; i < m_buttons.size(); ++i)
         m_buttons.at(i)->setVisible(i < count);
     return m_buttons.first(count);
@@ -162,17 +159,9 @@ void PanelWindow::setTheme(const Theme &theme, Backdrop backdrop)
         button->setTheme(theme);
 }
 
-void PanelWindow::create()
-{
-    if (windowHandle())
-        return;
-    winId();
-    m_host.adopt(windowHandle());
-}
-
 void PanelWindow::warmUp()
 {
-    create();
+    makeNative();
     grab();
 }
 
@@ -182,7 +171,7 @@ void PanelWindow::moveTo(QPoint place)
     shapeWindow(*this, roundedRectangle(bar, cornerRadius), m_isCompositing);
     move(place);
     m_pop->setAnchor({ bar.center().x(), bar.y() + bar.height() });
-    m_host.setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
+    host().setActiveRegion(windowHandle(), m_layout.bar, cornerRadius);
 }
 
 void PanelWindow::fadeIn()

@@ -4,10 +4,10 @@
 
 #include "bar/PanelLayout.h"
 #include "windows/HeldKey.h"
+#include "windows/PopupWindow.h"
 
 #include <QPixmap>
 #include <QVariantAnimation>
-#include <QWidget>
 
 #include <functional>
 
@@ -15,13 +15,12 @@ namespace Tessel {
 
 class HoverButton;
 class PopEffect;
-class PopupHost;
 enum class Backdrop;
 struct PopupKey;
 struct Theme;
 
 /// The bar on the screen: draws its rounded ground and shadow, holds the buttons, fades and pops.
-class PanelWindow final : public QWidget
+class PanelWindow final : public PopupWindow
 {
     Q_OBJECT
 
@@ -36,8 +35,6 @@ public:
     void arrange();
 
     void setTheme(const Theme &theme, Backdrop backdrop);
-
-    void create(); ///< needed before anything that concerns its windowHandle()
 
     /// Brings the window, after a change of its buttons too, to a place (top-left corner, global
     /// logical pixels): its outline, and where it takes clicks, are those of the bar.
@@ -68,7 +65,6 @@ private:
     [[nodiscard]] QString offeredActions() const;
     void vanish();
 
-    PopupHost &m_host;
     Ground *m_ground; ///< fills the window; the buttons are its children
     PopEffect *m_pop;
     QList<HoverButton *> m_buttons;

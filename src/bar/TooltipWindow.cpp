@@ -21,21 +21,16 @@ constexpr int shadowDepth = 8;
 
 TooltipWindow::TooltipWindow(PopupHost &host, const QString &text, QPoint tip,
                              const Theme::Bubble &theme)
-    : QWidget(nullptr,
-              host.windowFlags() | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus)
+    : PopupWindow(host, Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus)
     , m_text(text)
     , m_margin(host.isCompositing() ? shadowDepth + shadowDrop : 0)
     , m_theme(theme)
 {
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
     setFont(sized(QFont(), FontSize::bubble));
     const QSize label = fontMetrics().size(Qt::TextSingleLine, text);
     const QSize size = label.grownBy(padding);
     setGeometry(QRect(QPoint(tip.x() - size.width() / 2, tip.y() - size.height()), size)
                     .marginsAdded(margins()));
-    winId();
-    host.adopt(windowHandle());
     shapeWindow(*this, bubble(), isCompositing());
 }
 

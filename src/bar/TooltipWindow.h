@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "windows/PopupWindow.h"
 #include "windows/Theme.h"
-
-#include <QWidget>
 
 namespace Tessel {
 
-class PopupHost;
-
 /// A dark bubble with an arrow that points down at a place on the screen. Clicks go through it.
-class TooltipWindow final : public QWidget
+class TooltipWindow final : public PopupWindow
 {
     Q_OBJECT
 

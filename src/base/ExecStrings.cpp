@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/ExecStrings.h"
 
+#include "base/PrivateVariables.h"
+
 #include <algorithm>
 
 #include <unistd.h>
@@ -12,9 +14,11 @@ namespace Tessel {
 
 namespace {
 
-/// The process's own variables, byte for byte, but for those that are changed.
-QList<QByteArray> environmentWith(const QMap<QString, std::optional<QString>> &changes)
+/// The process's own variables, byte for byte, but for those that are changed or private.
+QList<QByteArray> environmentWith(const QMap<QString, std::optional<QString>> &wanted)
 {
+    auto changes = variablesOfChildren();
+    changes.insert(wanted);
     QList<QByteArray> entries;
     for (char **entry = environ; entry && *entry; ++entry) {
         const QByteArray own(*entry);

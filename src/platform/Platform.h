@@ -4,6 +4,9 @@
 
 #include "base/Result.h"
 
+#include <QMap>
+#include <QString>
+
 #include <memory>
 
 namespace Tessel {
@@ -32,6 +35,9 @@ public:
 
     /// Qt's plugin for windows that it needs; empty: whichever Qt chooses.
     [[nodiscard]] virtual QByteArray qtPlugin() const = 0;
+
+    /// Variables of the environment, by name, that Qt has to find from the application object on.
+    [[nodiscard]] virtual QMap<QString, QString> qtVariables() const { return {}; }
 
     /// Begins to deliver events. Needs the application object.
     virtual void start() = 0;

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QWindow;
@@ -21,6 +22,10 @@ struct PopupLocation
     QPoint pointer;
     std::optional<QRect> screen; ///< the main screen: the active window's, else the primary one
     std::optional<QRect> visibleFrame; ///< the same without panels and docks
+
+    /// To be kept as long as the popup is shown: where clicks and scrolling elsewhere are seen only
+    /// by what lies above all windows, it does so while this lives.
+    std::shared_ptr<void> watch = {};
 };
 
 /// What shows through translucent pixels of a popup: nothing, as they would be black, what is
@@ -59,6 +64,13 @@ public:
     /// Completes a new popup window, made with these flags: above full-screen windows, on
     /// every desktop, with no shadow but its own.
     virtual void adopt(QWindow *window) = 0;
+
+    /// To be called right before such a window is shown where it stands, and before it is hidden.
+    virtual void present(QWindow *window) = 0;
+    virtual void dismiss(QWindow *window) = 0;
+
+    /// Lets clicks through a shown window, which is to paint nothing any more; its keys still come.
+    virtual void conceal(QWindow *window) = 0;
 
     /// Only this part (logical pixels, in the window) takes clicks, and is blurred behind where the
     /// compositor can; the rest lets clicks through.

@@ -37,8 +37,6 @@ void LargeTypeWindow::show(PopupHost &host, const QString &text, const Theme &th
         auto *window
             = new LargeTypeWindow(host, text, location.screen.value_or(withoutScreen), theme);
         shown = window;
-        window->winId();
-        host.adopt(window->windowHandle());
         window->setVisible(true);
         announcePopup(*window);
         host.takeKeyboard(window->windowHandle());
@@ -47,12 +45,10 @@ void LargeTypeWindow::show(PopupHost &host, const QString &text, const Theme &th
 
 LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame,
                                  const Theme &theme)
-    : QWidget(nullptr, host.windowFlags())
-    , m_host(host)
+    : PopupWindow(host)
     , m_theme(theme)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(u"Tessel Large Type"_s);
     setAccessibleName(text.left(maxCharacters));
     setGeometry(frame);
@@ -90,6 +86,8 @@ void LargeTypeWindow::layOut(const QString &text)
 
 void LargeTypeWindow::paintEvent(QPaintEvent *)
 {
+    if (m_isConcealed)
+        return;
     QPainter painter(this);
     painter.fillRect(rect(), m_theme.largeType.veil);
     painter.setPen(m_theme.largeType.text);
@@ -101,12 +99,14 @@ void LargeTypeWindow::paintEvent(QPaintEvent *)
 }
 
 /// The press must not reach the window below, nor may its repetitions and its release: the keyboard
-/// is kept until the key is up, by a window that has left the screen.
+/// is kept until the key is up, by a window of which nothing is seen.
 void LargeTypeWindow::keyPressEvent(QKeyEvent *event)
 {
     if (event->isAutoRepeat() && !m_key.isDown())
         return; // of a key that was down before
-    move(-2 * width(), -2 * height());
+    m_isConcealed = true;
+    update();
+    host().conceal(windowHandle());
     m_key.press();
     m_key.whenUp([this] { closeWindow(); });
 }
@@ -144,7 +144,7 @@ void LargeTypeWindow::closeShown()
 
 void LargeTypeWindow::closeWindow()
 {
-    m_host.releaseKeyboard(windowHandle());
+    host().releaseKeyboard(windowHandle());
     if (shown == this)
         shown.clear();
     close();

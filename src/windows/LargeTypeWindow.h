@@ -3,21 +3,20 @@
 #pragma once
 
 #include "windows/HeldKey.h"
+#include "windows/PopupWindow.h"
 
 #include <QTextLayout>
-#include <QWidget>
 
 #include <memory>
 #include <vector>
 
 namespace Tessel {
 
-class PopupHost;
 struct Theme;
 
 /// A text in very large letters on a dark veil over the whole main screen, until the next key,
 /// change of a modifier, or click. At most one is shown.
-class LargeTypeWindow final : public QWidget
+class LargeTypeWindow final : public PopupWindow
 {
     Q_OBJECT
 
@@ -40,12 +39,12 @@ private:
     LargeTypeWindow(PopupHost &host, const QString &text, const QRect &frame, const Theme &theme);
     void layOut(const QString &text);
 
-    PopupHost &m_host;
     const Theme &m_theme;
     std::vector<std::unique_ptr<QTextLayout>> m_paragraphs; ///< only as many as can be seen
     double m_textHeight = 0;
     HeldKey m_key; ///< that closes the window
     bool m_isPressed = false; ///< a mouse button, in the window
+    bool m_isConcealed = false; ///< until the key is up
 };
 
 }

@@ -112,6 +112,9 @@ public:
             return Qt::ToolTip | Qt::FramelessWindowHint;
         }
         void adopt(QWindow *window) override { adopted += window; }
+        void present(QWindow *) override { }
+        void dismiss(QWindow *) override { }
+        void conceal(QWindow *) override { }
         void setActiveRegion(QWindow *, const QRect &region, int) override { active = region; }
         void takeKeys(QWindow *window,
                       const std::function<bool(const PopupKey &)> &wantsKey) override;

@@ -99,6 +99,9 @@ public:
     [[nodiscard]] bool isScreenLocked() const override { return false; }
     [[nodiscard]] Backdrop backdrop() const override { return Backdrop::none; }
     void adopt(QWindow *) override { }
+    void present(QWindow *) override { }
+    void dismiss(QWindow *) override { }
+    void conceal(QWindow *) override { }
     void setActiveRegion(QWindow *, const QRect &, int) override { }
     void takeKeys(QWindow *, const std::function<bool(const PopupKey &)> &) override { }
     void releaseKeys(QWindow *) override { }

@@ -185,6 +185,12 @@ void X11PopupHost::adopt(QWindow *window)
         m_connection.xcb(), xcb_get_input_focus(m_connection.xcb()), nullptr));
 }
 
+/// The server takes the keyboard from a window that is unmapped.
+void X11PopupHost::conceal(QWindow *window)
+{
+    window->setPosition(-2 * window->width(), -2 * window->height());
+}
+
 void X11PopupHost::setActiveRegion(QWindow *window, const QRect &region, int cornerRadius)
 {
     const double scale = window->devicePixelRatio();

@@ -21,6 +21,9 @@ public:
     [[nodiscard]] Backdrop backdrop() const override;
     [[nodiscard]] Qt::WindowFlags windowFlags() const override;
     void adopt(QWindow *window) override;
+    void present(QWindow *) override { }
+    void dismiss(QWindow *) override { }
+    void conceal(QWindow *window) override;
     void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) override;
     void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants) override;
     void releaseKeys(QWindow *window) override;

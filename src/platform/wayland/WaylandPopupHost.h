@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/EventMonitor.h"
+#include "platform/PopupHost.h"
+#include "platform/freedesktop/SessionLock.h"
+#include "platform/wayland/LayerSurface.h"
+#include "platform/wayland/PointerCatcher.h"
+
+#include <QPromise>
+#include <QTimer>
+
+#include <map>
+#include <optional>
+#include <set>
+
+namespace Tessel {
+
+/// Popups are surfaces of the compositor's highest layer. One that takes keys has the keyboard as a
+/// whole, so what it does not want is told as a key that went elsewhere.
+class WaylandPopupHost final : public PopupHost
+{
+    Q_OBJECT
+
+public:
+    /// `elsewhere` hears of what the user does outside of the popup that is shown.
+    WaylandPopupHost(WaylandConnection &connection,
+                     std::function<void(const InputEvent &)> elsewhere);
+    ~WaylandPopupHost() override;
+
+    [[nodiscard]] QFuture<PopupLocation> locate() override;
+    /// Lockers cover what is shown (ext-session-lock-v1), and no trigger comes meanwhile.
+    [[nodiscard]] bool isScreenLocked() const override { return false; }
+    [[nodiscard]] Backdrop backdrop() const override { return Backdrop::sharp; }
+    [[nodiscard]] Qt::WindowFlags windowFlags() const override;
+    void adopt(QWindow *) override { }
+    void present(QWindow *window) override;
+    void dismiss(QWindow *window) override;
+    void conceal(QWindow *window) override;
+    void setActiveRegion(QWindow *window, const QRect &region, int cornerRadius) override;
+    void takeKeys(QWindow *window, const std::function<bool(const PopupKey &)> &wants) override;
+    void releaseKeys(QWindow *window) override;
+    bool takeKeyboard(QWindow *window) override;
+    void releaseKeyboard(QWindow *window) override;
+
+    [[nodiscard]] bool eventFilter(QObject *window, QEvent *event) override;
+
+private:
+    using Wants = std::function<bool(const PopupKey &)>;
+
+    void answer(QPoint pointer, const QScreen *screen);
+    void setKeyboard(QWindow *window, const Wants &wants);
+    void giveKeyboardBack();
+
+    std::function<void(const InputEvent &)> m_elsewhere;
+    PointerCatcher m_catcher;
+    SessionLock m_sessionLock;
+
+    std::optional<QPromise<PopupLocation>> m_question; ///< where the pointer is
+    std::shared_ptr<void> m_watch; ///< until that is answered
+    QTimer m_patience;
+
+    std::optional<LayerShell> m_shell; ///< when the first popup is shown
+    std::map<QWindow *, std::unique_ptr<LayerSurface>> m_shown;
+    QPointer<QWindow> m_keysWindow; ///< that has the keyboard
+    Wants m_wants; ///< empty: nothing any more
+    std::set<quint32> m_keysDown; ///< in it; native scan codes
+    QTimer m_idle; ///< since the last key
+};
+
+}
