@@ -124,8 +124,9 @@ void HoverButton::enterEvent(QEnterEvent *)
     update();
     if (!showsTooltip || !hoverToolTipText)
         return;
-    m_tooltip = std::make_unique<TooltipWindow>(
-        m_host, *hoverToolTipText, mapToGlobal(QPoint(width() / 2, 0)), m_theme->bubble);
+    m_tooltip
+        = std::make_unique<TooltipWindow>(m_host, window()->windowHandle(), *hoverToolTipText,
+                                          mapToGlobal(QPoint(width() / 2, 0)), m_theme->bubble);
     m_tooltip->show();
 }
 

@@ -7,6 +7,7 @@
 #include "windows/WindowShape.h"
 
 #include <QPainter>
+#include <QWindow>
 
 namespace Tessel {
 
@@ -19,7 +20,7 @@ constexpr int shadowDepth = 8;
 
 }
 
-TooltipWindow::TooltipWindow(PopupHost &host, const QString &text, QPoint tip,
+TooltipWindow::TooltipWindow(PopupHost &host, QWindow *bar, const QString &text, QPoint tip,
                              const Theme::Bubble &theme)
     : PopupWindow(host, Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus)
     , m_text(text)
@@ -31,6 +32,8 @@ TooltipWindow::TooltipWindow(PopupHost &host, const QString &text, QPoint tip,
     const QSize size = label.grownBy(padding);
     setGeometry(QRect(QPoint(tip.x() - size.width() / 2, tip.y() - size.height()), size)
                     .marginsAdded(margins()));
+    makeNative();
+    windowHandle()->setTransientParent(bar);
     shapeWindow(*this, bubble(), isCompositing());
 }
 

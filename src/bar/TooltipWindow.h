@@ -13,8 +13,9 @@ class TooltipWindow final : public PopupWindow
     Q_OBJECT
 
 public:
-    /// `tip`: where the arrow points, in global logical pixels.
-    TooltipWindow(PopupHost &host, const QString &text, QPoint tip, const Theme::Bubble &theme);
+    /// Above `bar`, which is shown. `tip`: where the arrow points, in global logical pixels.
+    TooltipWindow(PopupHost &host, QWindow *bar, const QString &text, QPoint tip,
+                  const Theme::Bubble &theme);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

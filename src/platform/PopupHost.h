@@ -66,6 +66,7 @@ public:
     virtual void adopt(QWindow *window) = 0;
 
     /// To be called right before such a window is shown where it stands, and before it is hidden.
+    /// It lies above its transient parent, if that is shown.
     virtual void present(QWindow *window) = 0;
     virtual void dismiss(QWindow *window) = 0;
 

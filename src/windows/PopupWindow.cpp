@@ -4,6 +4,8 @@
 
 #include "platform/PopupHost.h"
 
+#include <QWindow>
+
 namespace Tessel {
 
 PopupWindow::PopupWindow(PopupHost &host, Qt::WindowFlags flags)
@@ -32,10 +34,12 @@ void PopupWindow::setVisible(bool willBeVisible)
 {
     if (willBeVisible != isVisible()) {
         makeNative();
-        if (willBeVisible)
+        if (willBeVisible) {
+            windowHandle()->setGeometry(geometry()); // Qt would give it to the window later
             m_host.present(windowHandle());
-        else
+        } else {
             m_host.dismiss(windowHandle());
+        }
     }
     QWidget::setVisible(willBeVisible);
 }

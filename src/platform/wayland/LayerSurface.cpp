@@ -18,11 +18,21 @@ constexpr quint32 shellVersion = 3;
 constexpr quint32 topLeft = ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT;
 constexpr int ignoresPanels = -1;
 
-const wl_registry_listener findShell = {
-    [](void *found, wl_registry *registry, quint32 name, const char *interface, quint32 version) {
+struct Found
+{
+    zwlr_layer_shell_v1 *shell = nullptr;
+    wl_subcompositor *subcompositor = nullptr;
+};
+
+const wl_registry_listener findGlobals = {
+    [](void *data, wl_registry *registry, quint32 name, const char *interface, quint32 version) {
+        auto &found = *static_cast<Found *>(data);
         if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0)
-            *static_cast<void **>(found) = wl_registry_bind(
-                registry, name, &zwlr_layer_shell_v1_interface, qMin(shellVersion, version));
+            found.shell = static_cast<zwlr_layer_shell_v1 *>(wl_registry_bind(
+                registry, name, &zwlr_layer_shell_v1_interface, qMin(shellVersion, version)));
+        else if (std::strcmp(interface, wl_subcompositor_interface.name) == 0)
+            found.subcompositor = static_cast<wl_subcompositor *>(
+                wl_registry_bind(registry, name, &wl_subcompositor_interface, 1));
     },
     [](void *, wl_registry *, quint32) {},
 };
@@ -52,6 +62,7 @@ LayerShell::LayerShell()
         QGuiApplication::platformNativeInterface()->nativeResourceForIntegration("wl_display")))
     , m_queue(wl_display_create_queue(m_display), wl_event_queue_destroy)
     , m_shell(nullptr, zwlr_layer_shell_v1_destroy)
+    , m_subcompositor(nullptr, wl_subcompositor_destroy)
 {
     // The registry is made on the queue at once: an event must not come to Qt's first.
     const WaylandPtr<wl_display> wrapper(
@@ -60,10 +71,24 @@ LayerShell::LayerShell()
     wl_proxy_set_queue(reinterpret_cast<wl_proxy *>(wrapper.get()), queue());
     const WaylandPtr<wl_registry> registry(wl_display_get_registry(wrapper.get()),
                                            wl_registry_destroy);
-    void *found = nullptr;
-    wl_registry_add_listener(registry.get(), &findShell, &found);
+    Found found;
+    wl_registry_add_listener(registry.get(), &findGlobals, &found);
     wl_display_roundtrip_queue(m_display, queue());
-    m_shell.reset(static_cast<zwlr_layer_shell_v1 *>(found));
+    m_shell.reset(found.shell);
+    m_subcompositor.reset(found.subcompositor);
+}
+
+WaylandPtr<wl_subsurface> LayerShell::attach(QWindow &window, QWindow &parent) const
+{
+    WaylandPtr<wl_subsurface> role(wl_subcompositor_get_subsurface(m_subcompositor.get(),
+                                                                   nativeSurface(window),
+                                                                   nativeSurface(parent)),
+                                   wl_subsurface_destroy);
+    const QPoint place = window.position() - parent.position();
+    wl_subsurface_set_position(role.get(), place.x(), place.y());
+    wl_subsurface_set_desync(role.get());
+    wl_surface_commit(nativeSurface(parent)); // which has the place
+    return role;
 }
 
 const zwlr_layer_surface_v1_listener LayerSurface::listener = {

@@ -11,6 +11,8 @@
 class QScreen;
 struct wl_event_queue;
 struct wl_output;
+struct wl_subcompositor;
+struct wl_subsurface;
 struct wl_surface;
 struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
@@ -31,10 +33,15 @@ public:
     [[nodiscard]] wl_display *display() const { return m_display; }
     [[nodiscard]] wl_event_queue *queue() const { return m_queue.get(); }
 
+    /// Shows a window that has no role yet above another, which has one, as a part of it, until the
+    /// result is destroyed; that has to be before the window is hidden.
+    [[nodiscard]] WaylandPtr<wl_subsurface> attach(QWindow &window, QWindow &parent) const;
+
 private:
     wl_display *m_display; ///< Qt's
     WaylandPtr<wl_event_queue> m_queue; ///< for answers that are waited for
     WaylandPtr<zwlr_layer_shell_v1> m_shell;
+    WaylandPtr<wl_subcompositor> m_subcompositor;
 };
 
 /// Puts a window of Qt's above all others, at its place on its screen, for as long as this lives:

@@ -67,6 +67,20 @@ public:
         wl_surface_commit(m_surface.get());
     }
 
+    void leaveOpen(const QRegion &region)
+    {
+        if (!m_surface)
+            return;
+        constexpr int everywhere = 1 << 20;
+        const WaylandPtr<wl_region> input(wl_compositor_create_region(m_catcher.m_compositor.get()),
+                                          wl_region_destroy);
+        wl_region_add(input.get(), 0, 0, everywhere, everywhere);
+        for (const QRect &part : region)
+            wl_region_subtract(input.get(), part.x(), part.y(), part.width(), part.height());
+        wl_surface_set_input_region(m_surface.get(), input.get());
+        wl_surface_commit(m_surface.get());
+    }
+
     void hide()
     {
         m_layer.reset();
@@ -210,6 +224,15 @@ std::shared_ptr<void> PointerCatcher::spread()
     return watch;
 }
 
+void PointerCatcher::leaveOpen(const QString &output, const QRegion &region)
+{
+    for (const auto &sheet : m_sheets) {
+        if (sheet->name() == output)
+            sheet->leaveOpen(region);
+    }
+    m_connection.flush();
+}
+
 void PointerCatcher::enter(wl_surface *surface, QPointF place)
 {
     for (const auto &sheet : m_sheets) {
@@ -223,7 +246,7 @@ void PointerCatcher::enter(wl_surface *surface, QPointF place)
 /// sway 1.10 does not say where the pointer is as long as it rests.
 void PointerCatcher::nudge()
 {
-    if (!m_hand)
+    if (!m_hand || m_isFound)
         return;
     zwlr_virtual_pointer_v1_motion(m_hand.get(), 0, 0, 0);
     zwlr_virtual_pointer_v1_frame(m_hand.get());

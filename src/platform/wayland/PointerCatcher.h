@@ -6,6 +6,7 @@
 
 #include <QPointF>
 #include <QPointer>
+#include <QRegion>
 
 #include <vector>
 
@@ -33,6 +34,10 @@ public:
 
     /// Lies above everything until the returned token is destroyed.
     [[nodiscard]] std::shared_ptr<void> spread();
+
+    /// Of an output, by its name: where clicks go through, in logical pixels on it. A popup needs
+    /// that: with sway 1.7 what was shown first lies above what comes later.
+    void leaveOpen(const QString &output, const QRegion &region);
 
 Q_SIGNALS:
     /// Once after it was spread: on which output, by its name, and where on it, in logical pixels.

@@ -98,11 +98,18 @@ void WaylandPopupHost::present(QWindow *window)
     if (!m_shell)
         m_shell.emplace();
     window->create();
-    window->installEventFilter(this);
+    if (!m_shell->shell() || m_shown.contains(window) || m_attached.contains(window))
+        return; // a surface can have one role only
+    if (QWindow *parent = window->transientParent(); parent && m_shown.contains(parent)) {
+        // sway 1.7 would show what comes later below.
+        m_attached.emplace(window, m_shell->attach(*window, *parent));
+        return;
+    }
     const auto keyboard
         = window == m_keysWindow ? LayerSurface::Keyboard::exclusive : LayerSurface::Keyboard::none;
-    if (m_shell->shell() && !m_shown.contains(window))
-        m_shown[window] = std::make_unique<LayerSurface>(*m_shell, *window, keyboard);
+    m_shown[window] = std::make_unique<LayerSurface>(*m_shell, *window, keyboard);
+    window->installEventFilter(this);
+    openSheets();
 }
 
 /// The surface of a window that is to be shown again must be a new one.
@@ -113,14 +120,13 @@ void WaylandPopupHost::dismiss(QWindow *window)
         m_keysWindow.clear();
         m_keysDown.clear();
     }
-    if (m_shown.erase(window) > 0)
-        QMetaObject::invokeMethod(
-            window,
-            [window] {
-                if (!window->isVisible())
-                    window->destroy();
-            },
-            Qt::QueuedConnection);
+    if (m_shown.erase(window) + m_attached.erase(window) == 0)
+        return;
+    const auto destroy = [window] {
+        if (!window->isVisible())
+            window->destroy();
+    };
+    QMetaObject::invokeMethod(window, destroy, Qt::QueuedConnection);
 }
 
 void WaylandPopupHost::conceal(QWindow *window)
@@ -132,6 +138,18 @@ void WaylandPopupHost::conceal(QWindow *window)
 void WaylandPopupHost::setActiveRegion(QWindow *window, const QRect &region, int)
 {
     window->setMask(region);
+    openSheets();
+}
+
+/// Clicks on popups are for them.
+void WaylandPopupHost::openSheets()
+{
+    QRegion popups;
+    for (const auto &[window, surface] : m_shown)
+        popups += window->mask().translated(window->position());
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens)
+        m_catcher.leaveOpen(screen->name(), popups.translated(-screen->geometry().topLeft()));
 }
 
 void WaylandPopupHost::takeKeys(QWindow *window, const Wants &wants)

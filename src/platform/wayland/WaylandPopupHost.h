@@ -50,6 +50,7 @@ private:
     using Wants = std::function<bool(const PopupKey &)>;
 
     void answer(QPoint pointer, const QScreen *screen);
+    void openSheets();
     void setKeyboard(QWindow *window, const Wants &wants);
     void giveKeyboardBack();
 
@@ -63,6 +64,7 @@ private:
 
     std::optional<LayerShell> m_shell; ///< when the first popup is shown
     std::map<QWindow *, std::unique_ptr<LayerSurface>> m_shown;
+    std::map<QWindow *, WaylandPtr<wl_subsurface>> m_attached; ///< to those
     QPointer<QWindow> m_keysWindow; ///< that has the keyboard
     Wants m_wants; ///< empty: nothing any more
     std::set<quint32> m_keysDown; ///< in it; native scan codes
