@@ -6,6 +6,7 @@
 #include "app/MenuBarManager.h"
 #include "app/UpdaterController.h"
 #include "bar/FloatingPanel.h"
+#include "base/BaseFolders.h"
 #include "base/DesktopNotification.h"
 #include "base/HelperFolder.h"
 #include "base/Log.h"
@@ -28,6 +29,8 @@
 #include "windows/Theme.h"
 #include "windows/WindowStyle.h"
 
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -55,7 +58,10 @@ void AppDelegate::applicationDidFinishLaunching()
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
                    u"System Settings.");
-        showMissingAccess(missing);
+        warn(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s.arg(
+            missing.join(u"\n• "_s)));
+    } else if (const QString notice = platform.notice(); !notice.isEmpty()) {
+        showNotice(notice);
     }
     m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
         ConfigManager::shared(), NotificationCenter::defaultCenter(),
@@ -126,13 +132,22 @@ void AppDelegate::notify(const DesktopNotification &notification)
                    });
 }
 
-void AppDelegate::showMissingAccess(const QStringList &missing)
+/// Once: the user can do little about most of these.
+void AppDelegate::showNotice(const QString &notice)
+{
+    QFile told(BaseFolders::state() + u"/session-notice"_s);
+    if (told.open(QIODevice::ReadOnly) && told.read(64 << 10) == notice.toUtf8())
+        return;
+    told.close();
+    if (QDir().mkpath(BaseFolders::state()) && told.open(QIODevice::WriteOnly))
+        told.write(notice.toUtf8());
+    warn(notice);
+}
+
+void AppDelegate::warn(const QString &text)
 {
     applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
-    auto *box = new QMessageBox(QMessageBox::Warning, u"Tessel"_s,
-                                u"Tessel cannot see the selected text here. "
-                                "Missing:\n\n• %1"_s.arg(missing.join(u"\n• "_s)),
-                                QMessageBox::Close);
+    auto *box = new QMessageBox(QMessageBox::Warning, u"Tessel"_s, text, QMessageBox::Close);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->show();

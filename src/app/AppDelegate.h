@@ -31,7 +31,8 @@ public:
 private:
     void tellNothingOpened(const QString &url);
     void notify(const DesktopNotification &notification);
-    void showMissingAccess(const QStringList &missing);
+    void showNotice(const QString &notice);
+    void warn(const QString &text);
 
     CommandRunner m_notifier;
     std::unique_ptr<SelectionDetector> m_detector;

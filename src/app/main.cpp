@@ -106,7 +106,7 @@ int main(int argc, char *argv[])
     }
     Platform &platform = **connected;
     if (const QString notice = platform.notice(); !notice.isEmpty())
-        Log::print(notice);
+        Log::print(u"WARNING: "_s + notice);
 
     const auto variables = platform.qtVariables();
     for (auto it = variables.cbegin(); it != variables.cend(); ++it)

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] static Platform &current();
     static void setCurrent(Platform *platform);
 
-    /// What the user should know about this desktop, as a line of the log; may be empty.
+    /// What the user should know about this desktop, in words; may be empty.
     [[nodiscard]] virtual QString notice() const = 0;
 
     /// Qt's plugin for windows that it needs; empty: whichever Qt chooses.

@@ -9,12 +9,11 @@
 #include "platform/freedesktop/FreedesktopAppearance.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/NotifierArea.h"
+#include "platform/freedesktop/QtPlugins.h"
 
 #include <QClipboard>
 #include <QCursor>
-#include <QDir>
 #include <QGuiApplication>
-#include <QLibraryInfo>
 #include <QScreen>
 #include <QWindow>
 
@@ -109,13 +108,6 @@ public:
     void releaseKeyboard(QWindow *) override { }
 };
 
-/// Qt's plugin for Wayland is a package of its own.
-bool hasWaylandPlugin()
-{
-    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_s);
-    return !plugins.entryList({ u"libqwayland*"_s }).isEmpty();
-}
-
 bool isOnlyWayland()
 {
     return qEnvironmentVariableIsEmpty("DISPLAY")
@@ -138,7 +130,7 @@ struct NonePlatform::Services
 bool NonePlatform::isOffered()
 {
     return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY")
-        || (isOnlyWayland() && hasWaylandPlugin());
+        || (isOnlyWayland() && hasQtWaylandPlugin());
 }
 
 Result<std::unique_ptr<Platform>> NonePlatform::connect()

@@ -36,6 +36,11 @@ PopupKey popupKey(const QKeyEvent &event)
 
 }
 
+bool WaylandPopupHost::isOffered(const WaylandConnection &connection)
+{
+    return connection.offers("zwlr_layer_shell_v1") && connection.offers("wp_viewporter");
+}
+
 WaylandPopupHost::WaylandPopupHost(WaylandConnection &connection,
                                    std::function<void(const InputEvent &)> elsewhere)
     : m_elsewhere(std::move(elsewhere))

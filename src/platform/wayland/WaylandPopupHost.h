@@ -24,6 +24,8 @@ class WaylandPopupHost final : public PopupHost
     Q_OBJECT
 
 public:
+    [[nodiscard]] static bool isOffered(const WaylandConnection &connection);
+
     /// `elsewhere` hears of what the user does outside of the popup that is shown.
     WaylandPopupHost(WaylandConnection &connection,
                      std::function<void(const InputEvent &)> elsewhere);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Platform.h"
 
+#include "platform/freedesktop/QtPlugins.h"
 #include "platform/x11/X11Appearance.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11CopyRequest.h"
@@ -65,8 +66,11 @@ QString X11Platform::notice() const
 {
     if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return {};
-    return u"WARNING: Wayland session: keys pressed in, and text selected in, "
-           "applications that do not use XWayland are not seen."_s;
+    const QString limit = u"In this Wayland session, keys pressed in, and text selected in, "
+                          "applications that do not use XWayland are not seen."_s;
+    return hasQtWaylandPlugin()
+        ? limit
+        : limit + u" Qt's plugin for Wayland (package qt6-wayland) may change that."_s;
 }
 
 void X11Platform::start()
