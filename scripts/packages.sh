@@ -11,7 +11,9 @@ build_packages=(
     qt6-base-dev qt6-base-private-dev qt6-svg-dev
 )
 run_packages=(dbus dbus-user-session file fonts-dejavu-core qt6-wayland xdg-utils zsh)
-demo_packages=(imagemagick mousepad openbox picom xdotool xterm xvfb)
+demo_packages=(
+    foot grim imagemagick mousepad openbox picom sway wtype xdotool xterm xvfb
+)
 test_packages=(
     at-spi2-core dbus dbus-x11 featherpad foot fonts-noto-cjk grim i3lock kwin-data kwin-wayland
     mousepad openbox picom qtwayland5 sakura sway tk trayer unicode-data vim-gtk3 wayland-utils
