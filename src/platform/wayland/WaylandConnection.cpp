@@ -110,11 +110,15 @@ bool WaylandConnection::roundTrip()
     return false;
 }
 
-/// The socket is readable.
+/// Does not wait: a round trip may have read what made the socket readable.
 void WaylandConnection::dispatch()
 {
-    if (wl_display_dispatch(display()) < 0)
-        lose();
+    while (wl_display_prepare_read(display()) != 0) {
+        if (wl_display_dispatch_pending(display()) < 0)
+            return lose();
+    }
+    if (wl_display_read_events(display()) < 0 || wl_display_dispatch_pending(display()) < 0)
+        return lose();
     flush();
 }
 
