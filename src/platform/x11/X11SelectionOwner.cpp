@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11SelectionOwner.h"
 
-#include "base/TextRules.h"
+#include "platform/freedesktop/SelectionText.h"
 #include "platform/x11/X11Connection.h"
-
-#include <QString>
 
 #include <algorithm>
 #include <xcb/xcb.h>
@@ -17,14 +15,6 @@ namespace {
 constexpr qsizetype maxPiece = 256 << 10;
 constexpr qsizetype requestHead = 64; ///< more than the fixed part of any request
 constexpr qsizetype maxTargetPairs = 1 << 10;
-
-std::optional<QByteArray> latin1(const QByteArray &utf8)
-{
-    const QString text = exactText(utf8);
-    const bool fits = utf8.isValidUtf8()
-        && std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
-    return fits ? std::optional(text.toLatin1()) : std::nullopt;
-}
 
 }
 
@@ -41,7 +31,7 @@ X11SelectionOwner::X11SelectionOwner(X11Connection &connection, const char *sele
     m_contents[utf8] = m_contents[connection.atom("TEXT")] = { utf8, text };
     for (const char *name : { "text/plain;charset=utf-8", "text/plain" })
         m_contents[connection.atom(name)] = { connection.atom(name), text };
-    if (const auto string = latin1(text))
+    if (const auto string = toLatin1(text))
         m_contents[XCB_ATOM_STRING] = { XCB_ATOM_STRING, *string };
 }
 

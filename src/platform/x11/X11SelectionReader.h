@@ -2,29 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFuture>
-#include <QObject>
-#include <QString>
+#include "platform/freedesktop/SelectionReads.h"
 
 #include <chrono>
-#include <memory>
-#include <optional>
-#include <vector>
 
 namespace Tessel {
 
 class X11Connection;
-class X11SelectionTransfer;
 
 /// Fetches the text of a selection (ICCCM, section 2), large ones in pieces (INCR), without ever
 /// waiting for the owner.
-class X11SelectionReader final : public QObject
+class X11SelectionReader final
 {
-    Q_OBJECT
-
 public:
-    explicit X11SelectionReader(X11Connection &connection);
-    ~X11SelectionReader() override;
+    explicit X11SelectionReader(X11Connection &connection)
+        : m_connection(connection)
+    {
+    }
 
     /// Nothing when the selection has no text, or is copied files, or when its owner does nothing
     /// for `patience`.
@@ -33,7 +27,7 @@ public:
 
 private:
     X11Connection &m_connection;
-    std::vector<std::unique_ptr<X11SelectionTransfer>> m_transfers;
+    SelectionReads m_reads;
 };
 
 }

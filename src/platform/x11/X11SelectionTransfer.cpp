@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11SelectionTransfer.h"
 
+#include "platform/freedesktop/SelectionText.h"
 #include "platform/x11/X11Connection.h"
 
 #include <iterator>
@@ -12,41 +13,21 @@ namespace Tessel {
 
 namespace {
 
-constexpr quint32 maxBytes = 64 << 20;
-
-/// Text formats in order of preference. STRING is ISO 8859-1 (ICCCM, section 2.6.2).
-struct Format
-{
-    const char *target;
-    bool isUtf8;
-};
-constexpr Format formats[] = {
-    { "UTF8_STRING", true },
-    { "text/plain;charset=utf-8", true },
-    { "STRING", false },
-};
-
-/// Offered, with the value "secret", by password managers (KDE's clipboard introduced it).
-constexpr const char *passwordHint = "x-kde-passwordManagerHint";
+constexpr auto maxBytes = static_cast<quint32>(maxSelectionBytes);
 
 }
 
 X11SelectionTransfer::X11SelectionTransfer(X11Connection &connection, quint32 selection,
                                            std::chrono::milliseconds patience,
                                            std::chrono::milliseconds limit, Accept accept)
-    : m_connection(connection)
+    : SelectionTransfer(patience, limit)
+    , m_connection(connection)
     , m_selection(selection)
     , m_owner(connection.selectionOwner(selection))
     , m_window(connection.createWindow())
     , m_property(connection.atom("TESSEL_SELECTION"))
 {
     m_subscription = connection.subscribe([this](const X11Event &event) { handle(event); });
-    for (QTimer *timer : { &m_patience, &m_limit }) {
-        timer->setSingleShot(true);
-        connect(timer, &QTimer::timeout, this, [this] { finish({}); });
-    }
-    m_patience.setInterval(patience);
-    m_limit.start(limit);
     if (accept == Accept::selectedText)
         request(Asked::targets, "TARGETS");
     else
@@ -61,10 +42,10 @@ X11SelectionTransfer::~X11SelectionTransfer()
 
 void X11SelectionTransfer::requestNextFormat()
 {
-    if (++m_format == int(std::size(formats)))
+    if (++m_format == int(std::size(textFormats)))
         finish({});
     else
-        request(Asked::text, formats[m_format].target);
+        request(Asked::text, textFormats[m_format].name);
 }
 
 void X11SelectionTransfer::request(Asked what, const char *target)
@@ -73,12 +54,12 @@ void X11SelectionTransfer::request(Asked what, const char *target)
     xcb_convert_selection(m_connection.xcb(), m_window, m_selection, m_connection.atom(target),
                           m_property, XCB_CURRENT_TIME);
     xcb_flush(m_connection.xcb());
-    m_patience.start();
+    awaitOwner();
 }
 
 void X11SelectionTransfer::handle(const X11Event &event)
 {
-    if (m_isFinished)
+    if (isFinished())
         return;
     const int type = event.type();
     if (type == XCB_SELECTION_NOTIFY) {
@@ -105,7 +86,7 @@ void X11SelectionTransfer::takeAnswer(quint32 property)
     case Asked::targets:
         return takeTargets(property);
     case Asked::passwordHint:
-        if (property != XCB_NONE && m_connection.property(m_window, property, 16) == "secret")
+        if (property != XCB_NONE && m_connection.property(m_window, property, 16) == secretHint)
             return finish({});
         return requestNextFormat();
     case Asked::text:
@@ -118,7 +99,7 @@ void X11SelectionTransfer::takeTargets(quint32 property)
 {
     const auto targets
         = property == XCB_NONE ? QList<quint32>() : m_connection.items(m_window, property);
-    if (targets.contains(m_connection.atom("text/uri-list")))
+    if (targets.contains(m_connection.atom(copiedFiles)))
         finish({});
     else if (targets.contains(m_connection.atom(passwordHint)))
         request(Asked::passwordHint, passwordHint);
@@ -138,7 +119,7 @@ void X11SelectionTransfer::takeText(quint32 property)
         // Deleting the property asks for the first piece (ICCCM, section 2.7.2).
         xcb_delete_property(m_connection.xcb(), m_window, m_property);
         xcb_flush(m_connection.xcb());
-        m_patience.start();
+        awaitOwner();
         return;
     }
     if (!type || type->bytes_after > maxBytes) {
@@ -160,22 +141,12 @@ void X11SelectionTransfer::takePiece()
     else if (m_bytes.size() > maxBytes)
         finish({});
     else
-        m_patience.start();
-}
-
-void X11SelectionTransfer::finish(const std::optional<QByteArray> &text)
-{
-    if (std::exchange(m_isFinished, true))
-        return;
-    m_patience.stop();
-    m_limit.stop();
-    QMetaObject::invokeMethod(
-        this, [this, text] { Q_EMIT finished(text); }, Qt::QueuedConnection);
+        awaitOwner();
 }
 
 QByteArray X11SelectionTransfer::utf8() const
 {
-    return formats[m_format].isUtf8 ? m_bytes : QString::fromLatin1(m_bytes).toUtf8();
+    return toUtf8(m_bytes, textFormats[m_format].charset);
 }
 
 }

@@ -5,8 +5,6 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SelectionTransfer.h"
 
-#include <QEventLoop>
-
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -21,16 +19,7 @@ constexpr auto selection = "CLIPBOARD";
 std::optional<QByteArray> X11TextClipboard::text()
 {
     m_connection.start();
-    std::optional<QByteArray> result;
-    QEventLoop loop;
-    const X11SelectionTransfer transfer(m_connection, m_connection.atom(selection), 2s, 30s);
-    QObject::connect(&transfer, &X11SelectionTransfer::finished, &loop,
-                     [&result, &loop](const std::optional<QByteArray> &text) {
-                         result = text;
-                         loop.quit();
-                     });
-    loop.exec();
-    return result;
+    return X11SelectionTransfer(m_connection, m_connection.atom(selection), 2s, 30s).wait();
 }
 
 Result<void> X11TextClipboard::take(const QByteArray &text)
