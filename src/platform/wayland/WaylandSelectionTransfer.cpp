@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/WaylandSelectionTransfer.h"
+
+#include <array>
+#include <cerrno>
+
+#include <unistd.h>
+
+namespace Tessel {
+
+WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dataControl,
+                                                   Selection selection,
+                                                   std::chrono::milliseconds patience,
+                                                   std::chrono::milliseconds limit, Accept accept)
+    : SelectionTransfer(patience, limit)
+    , m_dataControl(dataControl)
+    , m_selection(selection)
+{
+    connect(&m_readable, &QSocketNotifier::activated, this, &WaylandSelectionTransfer::readPiece);
+    connect(&dataControl, &WaylandDataControl::changed, this, [this](Selection changed) {
+        // Another owner: the answer of the one before is of no use any more. With none, what it has
+        // written still is: some end as soon as they have been asked once.
+        if (changed == m_selection && !m_dataControl.mimeTypes(m_selection).isEmpty())
+            end({});
+    });
+    const QList<QByteArray> &offered = dataControl.mimeTypes(selection);
+    if (accept == Accept::anyText)
+        requestText();
+    else if (offered.contains(copiedFiles))
+        end({});
+    else if (offered.contains(passwordHint))
+        request(Asked::hint, passwordHint);
+    else
+        requestText();
+}
+
+void WaylandSelectionTransfer::requestText()
+{
+    const auto format = textFormatOf(m_dataControl.mimeTypes(m_selection));
+    if (!format)
+        return end({});
+    m_charset = format->charset;
+    request(Asked::text, format->name);
+}
+
+void WaylandSelectionTransfer::request(Asked what, const QByteArray &mimeType)
+{
+    m_asked = what;
+    m_bytes.clear();
+    m_pipe = m_dataControl.receive(m_selection, mimeType);
+    if (!m_pipe.isValid())
+        return end({});
+    m_readable.setSocket(m_pipe.number());
+    m_readable.setEnabled(true);
+    awaitOwner();
+}
+
+void WaylandSelectionTransfer::readPiece()
+{
+    std::array<char, 1 << 16> piece; // what a pipe holds
+    const ssize_t size = read(m_pipe.number(), piece.data(), piece.size());
+    if (size < 0 && (errno == EAGAIN || errno == EINTR))
+        return;
+    if (size < 0)
+        return end({});
+    if (size == 0)
+        return takeAnswer();
+    m_bytes.append(piece.data(), size);
+    if (m_bytes.size() > maxSelectionBytes)
+        end({});
+    else
+        awaitOwner();
+}
+
+void WaylandSelectionTransfer::takeAnswer()
+{
+    m_readable.setEnabled(false);
+    if (m_asked == Asked::text)
+        return end(toUtf8(m_bytes, m_charset));
+    if (m_bytes == secretHint)
+        end({});
+    else
+        requestText();
+}
+
+void WaylandSelectionTransfer::end(const std::optional<QByteArray> &text)
+{
+    m_readable.setEnabled(false);
+    finish(text);
+}
+
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/SelectionText.h"
+#include "platform/freedesktop/SelectionTransfer.h"
+#include "platform/wayland/WaylandDataControl.h"
+
+#include <QSocketNotifier>
+
+namespace Tessel {
+
+/// A transfer through a pipe. When its owner dies it looks complete: the end of a pipe does not say
+/// why it is the end.
+class WaylandSelectionTransfer final : public SelectionTransfer
+{
+    Q_OBJECT
+
+public:
+    using Selection = WaylandDataControl::Selection;
+
+    /// Gives up when the owner does nothing for `patience`, or after `limit` in all.
+    WaylandSelectionTransfer(const WaylandDataControl &dataControl, Selection selection,
+                             std::chrono::milliseconds patience, std::chrono::milliseconds limit,
+                             Accept accept = Accept::anyText);
+
+private:
+    /// What was asked for last.
+    enum class Asked { hint, text };
+
+    void request(Asked what, const QByteArray &mimeType);
+    void requestText();
+    void readPiece();
+    void takeAnswer();
+    void end(const std::optional<QByteArray> &text);
+
+    const WaylandDataControl &m_dataControl;
+    Selection m_selection;
+    Asked m_asked = Asked::text;
+    TextFormat::Charset m_charset = TextFormat::Charset::utf8;
+    QByteArray m_bytes;
+    Descriptor m_pipe;
+    QSocketNotifier m_readable { QSocketNotifier::Read };
+};
+
+}
