@@ -110,12 +110,15 @@ AccessibilityManager::getSelectionBySimulation(FrontApplication application,
     using Marked = CopyRequest::Marked;
     CopyRequest &copyRequest = m_dependencies.copyRequest;
     Pasteboard &pasteboard = m_dependencies.pasteboard;
+    const bool isSentKeys = !application.isTerminal && !application.isModal;
+    m_lastSimulationTime = m_dependencies.clock(); // a trigger during the wait is not another one
+    if (isSentKeys)
+        co_await copyRequest.whenReady();
     const qint64 before = pasteboard.changeCount();
     const qint64 start = m_dependencies.clock();
     m_lastSimulationTime = start;
     QFuture<void> seen;
     std::optional<QFuture<bool>> marked; // once it was asked for
-    const bool isSentKeys = !application.isTerminal && !application.isModal;
     if (isSentKeys)
         seen = copyRequest.copySelection(application);
     else

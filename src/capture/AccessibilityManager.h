@@ -43,7 +43,8 @@ public:
     /// The process-wide instance, on the current platform.
     static AccessibilityManager &shared();
 
-    /// Takes half a second at most, longer only while the owner of a large text keeps sending it.
+    /// Takes half a second at most, longer only while the copy shortcut cannot be pressed yet
+    /// (CopyRequest::whenReady) or the owner of a large text keeps sending it.
     /// `nothingSelected` is called as soon as that is as good as certain, which may be before the
     /// end. The manager must outlive the task.
     [[nodiscard]] QCoro::Task<std::optional<SelectedText>>

@@ -18,10 +18,14 @@ public:
     /// Learns what depends on the keyboard layout, so that the first request is quick.
     virtual void prepare() = 0;
 
+    /// Finishes when the shortcut can be pressed: at once where modifiers that the user holds can
+    /// be lifted, else when they are up, or after a second.
+    [[nodiscard]] virtual QFuture<void> whenReady() = 0;
+
     /// Asks the application, as the user would with its copy shortcut, and returns at once.
-    /// Modifiers that the user holds are lifted. Not for terminals and their like. The future
-    /// finishes when the application has seen the shortcut; when it does not tell that, it is
-    /// cancelled or never ends.
+    /// Modifiers that the user holds are lifted where that can be done. Not for terminals and their
+    /// like. The future finishes when the application has seen the shortcut; when it does not tell
+    /// that, it is cancelled or never ends.
     [[nodiscard]] virtual QFuture<void> copySelection(const FrontApplication &application) = 0;
 
     enum class Marked { ever, sinceFocus };

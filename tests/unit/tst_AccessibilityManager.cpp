@@ -45,8 +45,10 @@ private Q_SLOTS:
         QTest::addColumn<QList<Answer>>("answers");
         QTest::addColumn<QString>("expected"); // null: nothing is captured
         QTest::addColumn<int>("poll"); // the one that ends the capture, at the earliest
-        const auto row = [](const char *name, const QList<Answer> &answers, const QString &expected,
-                            int poll) { QTest::newRow(name) << answers << expected << poll; };
+        QTest::addColumn<int>("held"); // how long keys cannot be pressed, in milliseconds
+        const auto row
+            = [](const char *name, const QList<Answer> &answers, const QString &expected, int poll,
+                 int held = 0) { QTest::newRow(name) << answers << expected << poll << held; };
         // What was there before does not count, even the same text.
         row("at once", { { 0, u"word"_s }, { 150, u"later"_s } }, u"word"_s, 1);
         row("line ends", { { 0, u"a\r\nb\rc"_s } }, u"a\nb\nc"_s, 1);
@@ -54,6 +56,7 @@ private Q_SLOTS:
         row("image first", { { 0, {} }, { 250, u"then text"_s }, { 350, u"later"_s } },
             u"then text"_s, 3);
         row("too late", { { 560, u"x"_s } }, {}, 5);
+        row("modifiers held", { { 350, u"word"_s } }, u"word"_s, 4, 300);
     }
 
     void capture()
@@ -61,6 +64,7 @@ private Q_SLOTS:
         QFETCH(QList<Answer>, answers);
         QFETCH(QString, expected);
         QFETCH(int, poll);
+        QFETCH(int, held);
         auto &clipboard = m_platform.pasteboard();
         clipboard.put(u"word"_s);
         QObject context;
@@ -69,6 +73,14 @@ private Q_SLOTS:
                 QTimer::singleShot(answer.after, Qt::PreciseTimer, &context,
                                    [&clipboard, answer] { clipboard.put(answer.text); });
         };
+        QPromise<void> ready;
+        ready.start();
+        m_platform.copyRequest().ready = ready.future();
+        QTimer::singleShot(held, Qt::PreciseTimer, &context, [&] {
+            if (held)
+                clipboard.put(u"before the keys"_s);
+            ready.finish();
+        });
         auto accessibility = manager();
         const qint64 start = m_clock.elapsed();
         const auto captured = QCoro::waitFor(accessibility.getSelectedTextInfo());
@@ -79,8 +91,8 @@ private Q_SLOTS:
             QCOMPARE(captured->text, expected);
             QCOMPARE(captured->bundleId, u"org.test.Editor"_s);
         }
-        QVERIFY2(took >= poll * 100 - 5, qPrintable(QString::number(took)));
-        QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - 5);
+        QVERIFY2(took >= held + poll * 100 - 5, qPrintable(QString::number(took)));
+        QVERIFY(*accessibility.millisecondsSinceSimulation() >= took - held - 5);
     }
 
     void markedText_data()

@@ -46,10 +46,12 @@ public:
     {
     public:
         void prepare() override { }
+        [[nodiscard]] QFuture<void> whenReady() override { return ready; }
         [[nodiscard]] QFuture<void> copySelection(const FrontApplication &application) override;
         [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &application,
                                                    Marked marked) override;
 
+        QFuture<void> ready = QtFuture::makeReadyFuture();
         std::function<void()> onCopy; ///< the application's answer
         bool answers = false; ///< the application says when it has seen the shortcut
         std::function<bool(Marked)> onCopyMarked; ///< the desktop's; empty: nothing is marked

@@ -40,6 +40,7 @@ class NoCopyRequest final : public CopyRequest
 {
 public:
     void prepare() override { }
+    [[nodiscard]] QFuture<void> whenReady() override { return QtFuture::makeReadyFuture(); }
     [[nodiscard]] QFuture<void> copySelection(const FrontApplication &) override { return {}; }
     [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &, Marked) override
     {

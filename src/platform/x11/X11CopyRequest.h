@@ -38,6 +38,7 @@ public:
     ~X11CopyRequest() override;
 
     void prepare() override;
+    [[nodiscard]] QFuture<void> whenReady() override { return QtFuture::makeReadyFuture(); }
     [[nodiscard]] QFuture<void> copySelection(const FrontApplication &application) override;
     [[nodiscard]] QFuture<bool> copyMarkedText(const FrontApplication &application,
                                                Marked marked) override;
