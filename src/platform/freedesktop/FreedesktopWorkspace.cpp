@@ -3,7 +3,6 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 
 #include "base/Log.h"
-#include "platform/freedesktop/Terminals.h"
 #include "platform/freedesktop/XdgOpen.h"
 
 #include <QCollator>
@@ -27,24 +26,6 @@ constexpr auto untilFailure = 10s;
 FreedesktopWorkspace::FreedesktopWorkspace()
     : m_entries(DesktopEntries::standardFolders())
 {
-}
-
-FrontApplication FreedesktopWorkspace::applicationNamed(const WindowNames &names)
-{
-    FrontApplication application;
-    application.isTerminal = Terminals::isTerminalClass(names.windowClass)
-        || Terminals::isTerminalClass(names.instance);
-    application.isModal = Terminals::isModalEditorClass(names.windowClass);
-    if (const auto entry
-        = m_entries.find({ names.applicationId, names.windowClass, names.instance })) {
-        application.bundleIdentifier = entry->id;
-        application.localizedName = entry->name;
-        application.isTerminal |= entry->isTerminal;
-    } else if (!names.windowClass.isEmpty()) {
-        application.bundleIdentifier = names.windowClass;
-        application.localizedName = names.windowClass;
-    }
-    return application;
 }
 
 /// Several entries can lay claim to the same windows.

@@ -5,6 +5,7 @@
 #include "base/CommandRunner.h"
 #include "platform/Workspace.h"
 #include "platform/freedesktop/DesktopEntries.h"
+#include "platform/freedesktop/WindowNames.h"
 
 namespace Tessel {
 
@@ -20,16 +21,10 @@ public:
     void open(const QString &url) override;
 
 protected:
-    /// The names that a window goes by; each may be empty.
-    struct WindowNames
+    [[nodiscard]] FrontApplication applicationNamed(const WindowNames &names)
     {
-        QString applicationId;
-        QString windowClass;
-        QString instance;
-    };
-
-    /// The application that such a window belongs to, without the window's handle.
-    [[nodiscard]] FrontApplication applicationNamed(const WindowNames &names);
+        return Tessel::applicationNamed(names, m_entries);
+    }
 
 private:
     [[nodiscard]] QString identifierForWindowsOf(const DesktopEntry &entry);

@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/Terminals.h"
 
+#include "platform/Workspace.h"
+
 #include <algorithm>
 #include <iterator>
+
+using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
@@ -86,6 +90,25 @@ bool Terminals::hasControlShiftShortcuts(const QString &identifier)
     // Desktop entries carry a vendor prefix: "debian-xterm".
     const QStringView name = QStringView(identifier).mid(identifier.indexOf(u'-') + 1);
     return !contains(withoutShortcuts, identifier) && !contains(withoutShortcuts, name);
+}
+
+Result<ShortcutModifiers> Terminals::shortcutIn(const FrontApplication &application,
+                                                ShortcutKey key, ShortcutModifiers modifiers)
+{
+    if (!modifiers.command || !application.isTerminal)
+        return modifiers;
+    const QString &name = application.localizedName;
+    // Some make an interrupt of Ctrl+Shift+C when nothing is selected (Konsole, Terminator).
+    if (key == ShortcutKey::c)
+        return Failure {
+            u"%1 is a terminal: copying there could interrupt the program in it."_s.arg(name)
+        };
+    if (!hasControlShiftShortcuts(application.bundleIdentifier.value_or(QString())))
+        return Failure {
+            u"%1 has no shortcuts of this kind: the key would go to the program in it."_s.arg(name)
+        };
+    modifiers.shift = true;
+    return modifiers;
 }
 
 }

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "base/Result.h"
+#include "base/ShortcutModifiers.h"
 
 namespace Tessel {
+
+struct FrontApplication;
 
 /// What is known of terminal emulators, and of programs like them, beyond their desktop entries.
 namespace Terminals {
@@ -20,6 +23,13 @@ namespace Terminals {
 /// them (an interrupt, for C). Takes the desktop
 /// entry's identifier or the window class.
 [[nodiscard]] bool hasControlShiftShortcuts(const QString &identifier);
+
+enum class ShortcutKey { c, other };
+
+/// What has to be held for a shortcut in the application: in terminals Command is Ctrl+Shift. Fails
+/// where the key would reach, or interrupt, the program in a terminal.
+[[nodiscard]] Result<ShortcutModifiers> shortcutIn(const FrontApplication &application,
+                                                   ShortcutKey key, ShortcutModifiers modifiers);
 
 }
 

@@ -3,7 +3,7 @@
 #include "platform/x11/X11Typist.h"
 
 #include "base/KeyCodes.h"
-#include "base/TextRules.h"
+#include "platform/freedesktop/KeySymbols.h"
 #include "platform/freedesktop/Terminals.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SpareKeys.h"
@@ -12,7 +12,6 @@
 #include <QThread>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
-#include <xkbcommon/xkbcommon.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -26,31 +25,6 @@ constexpr qsizetype maxAtOnce = 200;
 constexpr auto patience = 2s;
 /// For programs that cannot be asked whether they have looked a lent key up.
 constexpr unsigned long blindWaitMs = 150;
-
-quint32 symbolOf(char32_t character)
-{
-    switch (character) {
-    case U'\n':
-        return XKB_KEY_Return;
-    case U'\t':
-        return XKB_KEY_Tab;
-    case U'\b':
-        return XKB_KEY_BackSpace;
-    case U'\x1b':
-        return XKB_KEY_Escape;
-    default:
-        return character < U' ' ? quint32(XKB_KEY_NoSymbol) : xkb_utf32_to_keysym(character);
-    }
-}
-
-QList<quint32> symbolsOf(const QString &text)
-{
-    QList<quint32> symbols;
-    for (const uint character : withNormalizedLineEnds(text).toUcs4())
-        symbols += symbolOf(character);
-    symbols.removeAll(XKB_KEY_NoSymbol);
-    return symbols;
-}
 
 std::optional<quint8> keyAtPlaceOf(char32_t letter)
 {
@@ -91,7 +65,7 @@ X11Typist::X11Typist(X11Connection &connection, const X11KeyLayout &layout,
 
 Result<void> X11Typist::type(const QString &text)
 {
-    const QList<quint32> symbols = symbolsOf(text);
+    const QList<quint32> symbols = KeySymbols::ofText(text);
     QHash<quint32, std::optional<X11KeyLayout::Stroke>> strokes;
     for (const quint32 symbol : symbols) {
         if (!strokes.contains(symbol))
@@ -133,11 +107,11 @@ void X11Typist::press(X11KeyLayout::Stroke stroke)
 std::optional<X11KeyLayout::Stroke> X11Typist::strokeFor(char32_t character) const
 {
     const auto plainKey = [this](char32_t c) -> std::optional<X11KeyLayout::Stroke> {
-        const auto key = m_layout.key(symbolOf(c));
+        const auto key = m_layout.key(KeySymbols::ofCharacter(c));
         return key ? std::optional(X11KeyLayout::Stroke { *key }) : std::nullopt;
     };
     if (!QChar::isLetter(character)) {
-        const auto typed = m_layout.stroke(symbolOf(character));
+        const auto typed = m_layout.stroke(KeySymbols::ofCharacter(character));
         return typed ? typed : plainKey(character);
     }
     auto stroke = plainKey(QChar::toLower(character));
@@ -152,7 +126,8 @@ std::optional<X11KeyLayout::Stroke> X11Typist::strokeFor(char32_t character) con
 
 Result<void> X11Typist::shortcut(char32_t character, ShortcutModifiers modifiers)
 {
-    const bool hasLetter = m_layout.key(symbolOf(QChar::toLower(character))).has_value();
+    const bool hasLetter
+        = m_layout.key(KeySymbols::ofCharacter(QChar::toLower(character))).has_value();
     if (modifiers == ShortcutModifiers { .command = true } && !hasLetter && !m_front.isTerminal) {
         // Toolkits that look for the letter do not find it at its place (tried: GTK 3 and Qt 5).
         for (const EditingKey &editing : editingKeys) {
@@ -171,20 +146,13 @@ Result<void> X11Typist::shortcut(char32_t character, ShortcutModifiers modifiers
 
 Result<void> X11Typist::shortcut(quint8 key, ShortcutModifiers modifiers)
 {
-    if (modifiers.command && m_front.isTerminal) {
-        const QString identifier = m_front.bundleIdentifier.value_or(QString());
-        // Some make an interrupt of Ctrl+Shift+C when nothing is selected (Konsole, Terminator).
-        if (m_layout.key(XKB_KEY_c) == key)
-            return Failure { u"%1 is a terminal: copying there could interrupt the program in it."_s
-                                 .arg(m_front.localizedName) };
-        if (!Terminals::hasControlShiftShortcuts(identifier))
-            return Failure {
-                u"%1 has no shortcuts of this kind: the key would go to the program in it."_s.arg(
-                    m_front.localizedName)
-            };
-        modifiers.shift = true;
-    }
-    m_keys.press(modifierKeys(modifiers) + QList<quint8> { key });
+    const auto held = Terminals::shortcutIn(
+        m_front,
+        m_layout.key(XKB_KEY_c) == key ? Terminals::ShortcutKey::c : Terminals::ShortcutKey::other,
+        modifiers);
+    if (!held)
+        return held.error();
+    m_keys.press(modifierKeys(*held) + QList<quint8> { key });
     settle(0);
     return {};
 }
