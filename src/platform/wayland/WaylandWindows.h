@@ -10,6 +10,8 @@
 
 namespace Tessel {
 
+struct WindowNames;
+
 /// A window of an application, as the compositor describes it.
 struct WaylandWindow
 {
@@ -19,6 +21,10 @@ struct WaylandWindow
     qint64 processId = 0; ///< 0: the compositor does not tell
     bool isMinimized = false;
 };
+
+/// Its application's names. The same program goes by different ones ("mousepad",
+/// "org.xfce.mousepad"), by its version and toolkit.
+[[nodiscard]] WindowNames namesOf(const WaylandWindow &window);
 
 /// The windows of all applications.
 class WaylandWindows : public QObject
