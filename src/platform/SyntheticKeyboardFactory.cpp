@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/BackendChoice.h"
 #include "platform/SyntheticKeyboard.h"
+#ifdef TESSEL_WAYLAND
+#include "platform/wayland/WaylandSyntheticKeyboard.h"
+#endif
 #ifdef TESSEL_X11
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
@@ -12,6 +15,9 @@ namespace Tessel {
 Result<std::unique_ptr<SyntheticKeyboard>> makeSyntheticKeyboard()
 {
     return connectToDesktop<SyntheticKeyboard>({
+#ifdef TESSEL_WAYLAND
+        { "wayland", WaylandSyntheticKeyboard::isOffered, WaylandSyntheticKeyboard::connect },
+#endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11SyntheticKeyboard::connect },
 #endif

@@ -12,6 +12,9 @@ class WaylandKeys
 public:
     virtual ~WaylandKeys() = default;
 
+    /// Does what the first press needs, so that it is quick.
+    virtual void prepare() { }
+
     /// Finishes when modifiers that the user holds do not matter: at once where the keyboard has
     /// modifiers of its own, else when they are up, or after a second.
     [[nodiscard]] virtual QFuture<void> whenReady() = 0;
