@@ -139,7 +139,7 @@ QList<Process> RecordingHost::processes()
     return {
         { u"Text Editor"_s, u"org.example.editor"_s, 101, true, true },
         { u"Terminal"_s, u"org.example.terminal"_s, 102, false, true },
-        { u"Files"_s, u"org.example.files"_s, 103, false, false },
+        { u"Files"_s, u"org.example.files"_s, 0, false, false },
     };
 }
 

@@ -91,7 +91,7 @@ struct Process
 {
     QString name; ///< as the desktop shows it
     QString identifier; ///< of the desktop entry or of the window's class
-    qint64 id = 0;
+    qint64 id = 0; ///< 0: the desktop does not tell
     bool isFrontmost = false;
     bool isVisible = false;
 };

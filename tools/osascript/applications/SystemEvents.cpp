@@ -79,7 +79,7 @@ Value SystemEvents::property(const Object &object, const QString &name)
     if (name == u"visible")
         return Value(process.isVisible);
     if (name == u"unix id" || name == u"id")
-        return Value(process.id);
+        return process.id ? Value(process.id) : Value(Missing());
     return name == u"bundle identifier" ? Value(process.identifier) : Value();
 }
 
