@@ -4,6 +4,7 @@
 
 #include <QFlags>
 #include <QObject>
+#include <QString>
 
 #include <functional>
 #include <memory>
@@ -17,6 +18,14 @@ struct KeyChord
     qint64 modifiers = 0; ///< modifier bits (KeyCodes.h)
 
     friend bool operator==(const KeyChord &, const KeyChord &) = default;
+};
+
+/// What becomes of the trigger's key press.
+enum class TriggerRoute {
+    kept, ///< from the application in front, which gets it by passTriggerOn()
+    shared, ///< the application gets it as well
+    lost, ///< it is kept, and cannot be passed on
+    unbound, ///< the desktop tells us of no key: the user has to bind one to "tessel --trigger"
 };
 
 /// A key press, scroll or click that went to another application, or the trigger.
@@ -59,16 +68,18 @@ public:
     /// that: it comes to the handlers once, without its repetitions.
     virtual void setTrigger(const KeyChord &chord) = 0;
 
-    /// Whether the application in front gets the trigger as well, since another program has taken
-    /// the key from us.
-    [[nodiscard]] virtual bool isTriggerShared() const = 0;
+    [[nodiscard]] virtual TriggerRoute triggerRoute() const = 0;
+
+    /// What the user adds to the desktop's configuration to bind the trigger; empty when that is
+    /// not known.
+    [[nodiscard]] virtual QString triggerBinding() const { return {}; }
 
     /// Presses the trigger that was kept last for the application in front, once; nothing when it
     /// got it already.
     virtual void passTriggerOn() = 0;
 
 Q_SIGNALS:
-    void triggerSharedChanged();
+    void triggerRouteChanged(); ///< or the binding
 };
 
 }

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "settings/GeneralSettingsViewController.h"
-#include "platform/EventMonitor.h"
 
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
 #include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
+#include "platform/EventMonitor.h"
 #include "settings/AccessibleCells.h"
 #include "settings/ApplicationChooser.h"
 #include "settings/CellField.h"
@@ -20,6 +20,7 @@
 #include "windows/ApplicationIcon.h"
 
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -45,6 +46,33 @@ class PopUpButton final : public QComboBox
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
 };
+
+/// A key of the table of texts; empty when there is nothing to say.
+const char *noticeOf(TriggerRoute route)
+{
+    switch (route) {
+    case TriggerRoute::shared:
+        return "Another program uses this key too: it also gets the key press.";
+    case TriggerRoute::lost:
+        return "Applications do not get this key while Tessel is running.";
+    case TriggerRoute::unbound:
+        return "This desktop does not pass keys to Tessel. Bind one to \"tessel --trigger\" in its "
+               "settings.";
+    case TriggerRoute::kept:
+        break;
+    }
+    return "";
+}
+
+/// What is to be copied into another program.
+QLabel *selectableLine()
+{
+    QLabel *line = label({}, FontSize::note);
+    line->setFont(sized(QFontDatabase::systemFont(QFontDatabase::FixedFont), FontSize::note));
+    line->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    line->setWordWrap(true);
+    return line;
+}
 
 /// Edits an excluded application.
 class EntryDelegate final : public QStyledItemDelegate
@@ -212,21 +240,27 @@ QWidget *GeneralSettingsViewController::triggerRow()
         config.save();
     };
     m_triggerNotice = secondaryLabel({}, FontSize::note);
+    m_triggerBinding = selectableLine();
     auto *rows = new QWidget;
     QBoxLayout *column = stack(rows, Qt::Vertical, 6);
     column->addWidget(row(10, { labelOf(recorder, text("Trigger Shortcut") + u':'), recorder }));
     column->addWidget(m_triggerNotice);
+    column->addWidget(m_triggerBinding);
     showTriggerNotice();
-    connect(&m_dependencies.eventMonitor, &EventMonitor::triggerSharedChanged, m_triggerNotice,
+    connect(&m_dependencies.eventMonitor, &EventMonitor::triggerRouteChanged, m_triggerNotice,
             [this] { showTriggerNotice(); });
     return rows;
 }
 
 void GeneralSettingsViewController::showTriggerNotice()
 {
-    m_triggerNotice->setText(
-        text("Another program uses this key too: it also gets the key press."));
-    m_triggerNotice->setHidden(!m_dependencies.eventMonitor.isTriggerShared());
+    const EventMonitor &monitor = m_dependencies.eventMonitor;
+    const QString notice = text(noticeOf(monitor.triggerRoute()));
+    m_triggerNotice->setText(notice);
+    m_triggerNotice->setHidden(notice.isEmpty());
+    m_triggerBinding->setText(monitor.triggerBinding());
+    m_triggerBinding->setHidden(monitor.triggerRoute() != TriggerRoute::unbound
+                                || m_triggerBinding->text().isEmpty());
 }
 
 QWidget *GeneralSettingsViewController::exclusionSection()

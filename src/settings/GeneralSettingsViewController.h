@@ -56,6 +56,7 @@ private:
     QScrollArea *m_scrollArea = nullptr;
     QComboBox *m_languageButton = nullptr;
     QLabel *m_triggerNotice = nullptr;
+    QLabel *m_triggerBinding = nullptr;
     QTableView *m_tableView = nullptr;
     ExcludedAppsModel *m_excludedApps = nullptr;
     QHash<AppIconType, IconSelectionButton *> m_iconButtons;

@@ -46,8 +46,9 @@ private Q_SLOTS:
     void languageShowsAtOnceAndIsKept()
     {
         SettingsFixture fixture;
-        fixture.platform.eventMonitor().isShared = true;
-        Q_EMIT fixture.platform.eventMonitor().triggerSharedChanged();
+        fixture.platform.eventMonitor().route = TriggerRoute::unbound;
+        fixture.platform.eventMonitor().binding = u"bind = , F2, exec, tessel --trigger"_s;
+        Q_EMIT fixture.platform.eventMonitor().triggerRouteChanged();
         auto *language = fixture.control<QComboBox>(u"Language"_s);
         QVERIFY(language);
         language->setFocus();
@@ -58,10 +59,16 @@ private Q_SLOTS:
         QCOMPARE(fixture.saved().language, u"ko"_s);
         QTRY_COMPARE(fixture.window->findChildren<IconSelectionButton *>().size(), 3);
         QVERIFY(fixture.control<QComboBox>(u"언어"_s)->hasFocus());
-        const auto labels = fixture.window->findChildren<QLabel *>();
-        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
-            return label->isVisible() && label->text().startsWith(u"다른 프로그램");
-        }));
+        const auto isShown = [&fixture](QStringView start) {
+            const auto labels = fixture.window->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [start](const QLabel *label) {
+                return label->isVisible() && label->text().startsWith(start);
+            });
+        };
+        QVERIFY(isShown(u"이 데스크톱은") && isShown(u"bind = "));
+        fixture.platform.eventMonitor().route = TriggerRoute::shared;
+        Q_EMIT fixture.platform.eventMonitor().triggerRouteChanged();
+        QVERIFY(isShown(u"다른 프로그램") && !isShown(u"bind = "));
 
         const auto header = [&fixture](int column) {
             return fixture.table().model()->headerData(column, Qt::Horizontal);

@@ -30,11 +30,13 @@ public:
                                                                      Handler handler) override;
         void send(const InputEvent &event); ///< to every handler that wants it
         void setTrigger(const KeyChord &) override { }
-        [[nodiscard]] bool isTriggerShared() const override { return isShared; }
+        [[nodiscard]] TriggerRoute triggerRoute() const override { return route; }
+        [[nodiscard]] QString triggerBinding() const override { return binding; }
         void passTriggerOn() override { ++passedOn; }
 
         bool refuses = false;
-        bool isShared = false;
+        TriggerRoute route = TriggerRoute::kept;
+        QString binding;
         int passedOn = 0; ///< how often the application was to get the trigger
 
     private:

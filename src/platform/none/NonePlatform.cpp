@@ -32,7 +32,7 @@ public:
         return nullptr;
     }
     void setTrigger(const KeyChord &) override { }
-    [[nodiscard]] bool isTriggerShared() const override { return false; }
+    [[nodiscard]] TriggerRoute triggerRoute() const override { return TriggerRoute::unbound; }
     void passTriggerOn() override { }
 };
 

@@ -103,7 +103,7 @@ template <typename Change> void X11EventMonitor::updateTrigger(Change change)
     const bool wasShared = m_trigger.isShared();
     change();
     if (m_trigger.isShared() != wasShared)
-        Q_EMIT triggerSharedChanged();
+        Q_EMIT triggerRouteChanged();
 }
 
 void X11EventMonitor::selectEvents()

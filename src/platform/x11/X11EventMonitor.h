@@ -31,7 +31,10 @@ public:
     [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                  Handler handler) override;
     void setTrigger(const KeyChord &chord) override;
-    [[nodiscard]] bool isTriggerShared() const override { return m_trigger.isShared(); }
+    [[nodiscard]] TriggerRoute triggerRoute() const override
+    {
+        return m_trigger.isShared() ? TriggerRoute::shared : TriggerRoute::kept;
+    }
     void passTriggerOn() override { m_trigger.passOn(); }
 
 private:
