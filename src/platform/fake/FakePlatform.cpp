@@ -6,39 +6,10 @@
 
 namespace Tessel {
 
-class FakePlatform::Monitor::Token final : public Subscription
-{
-public:
-    Token(Monitor &monitor, InputEvent::Kinds wanted, Handler callback)
-        : kinds(wanted)
-        , handler(std::move(callback))
-        , m_monitor(monitor)
-    {
-        m_monitor.m_tokens.push_back(this);
-    }
-    ~Token() override { m_monitor.m_tokens.remove(this); }
-    Q_DISABLE_COPY_MOVE(Token)
-
-    InputEvent::Kinds kinds;
-    Handler handler;
-
-private:
-    Monitor &m_monitor;
-};
-
 std::unique_ptr<EventMonitor::Subscription>
 FakePlatform::Monitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
 {
-    return refuses ? nullptr : std::make_unique<Token>(*this, kinds, std::move(handler));
-}
-
-void FakePlatform::Monitor::send(const InputEvent &event)
-{
-    const auto tokens = m_tokens;
-    for (Token *token : tokens) {
-        if (token->kinds.testFlag(event.kind))
-            token->handler(event);
-    }
+    return refuses ? nullptr : m_handlers.add(kinds, std::move(handler));
 }
 
 QFuture<void> FakePlatform::Copier::copySelection(const FrontApplication &application)

@@ -4,7 +4,7 @@
 
 #include "platform/Appearance.h"
 #include "platform/CopyRequest.h"
-#include "platform/EventMonitor.h"
+#include "platform/EventHandlers.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
@@ -14,8 +14,6 @@
 #include <QHash>
 #include <QPromise>
 #include <QStringList>
-
-#include <list>
 
 namespace Tessel {
 
@@ -28,7 +26,7 @@ public:
     public:
         [[nodiscard]] std::unique_ptr<Subscription> addGlobalMonitor(InputEvent::Kinds kinds,
                                                                      Handler handler) override;
-        void send(const InputEvent &event); ///< to every handler that wants it
+        void send(const InputEvent &event) { m_handlers.deliver(event); }
         void setTrigger(const KeyChord &) override { }
         [[nodiscard]] TriggerRoute triggerRoute() const override { return route; }
         [[nodiscard]] QString triggerBinding() const override { return binding; }
@@ -40,8 +38,7 @@ public:
         int passedOn = 0; ///< how often the application was to get the trigger
 
     private:
-        class Token;
-        std::list<Token *> m_tokens;
+        EventHandlers m_handlers;
     };
 
     class Copier final : public CopyRequest

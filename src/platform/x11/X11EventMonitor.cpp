@@ -37,26 +37,6 @@ bool hasFocus()
 
 }
 
-class X11EventMonitor::Token final : public Subscription
-{
-public:
-    Token(X11EventMonitor &monitor, InputEvent::Kinds wanted, Handler callback)
-        : kinds(wanted)
-        , handler(std::move(callback))
-        , m_monitor(monitor)
-    {
-        m_monitor.m_tokens.append(this);
-    }
-    ~Token() override { m_monitor.m_tokens.removeOne(this); }
-    Q_DISABLE_COPY_MOVE(Token)
-
-    InputEvent::Kinds kinds;
-    Handler handler;
-
-private:
-    X11EventMonitor &m_monitor;
-};
-
 X11EventMonitor::X11EventMonitor(X11Connection &connection, X11KeyGrabs &grabs,
                                  std::function<bool()> popupHasKeyboard,
                                  std::function<void()> pressedElsewhere)
@@ -84,7 +64,7 @@ X11EventMonitor::addGlobalMonitor(InputEvent::Kinds kinds, Handler handler)
 {
     if (!m_subscription)
         return nullptr;
-    return std::make_unique<Token>(*this, kinds, std::move(handler));
+    return m_handlers.add(kinds, std::move(handler));
 }
 
 void X11EventMonitor::start()
@@ -207,15 +187,6 @@ void X11EventMonitor::deliverShared(quint8 key)
     const KeyChord &trigger = m_trigger.chord();
     deliver({ InputEvent::Kind::keyDown, trigger.keyCode, trigger.modifiers });
     updateTrigger([this] { m_trigger.retry(); });
-}
-
-void X11EventMonitor::deliver(const InputEvent &event)
-{
-    const auto tokens = m_tokens; // a handler may end its own subscription
-    for (Token *token : tokens) {
-        if (m_tokens.contains(token) && token->kinds.testFlag(event.kind))
-            token->handler(event);
-    }
 }
 
 bool X11EventMonitor::isPointerOverOwnWindow() const

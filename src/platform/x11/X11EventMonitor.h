@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/EventMonitor.h"
+#include "platform/EventHandlers.h"
 #include "platform/x11/X11TriggerKey.h"
 
-#include <QList>
 #include <QTimer>
 
 namespace Tessel {
@@ -38,8 +37,6 @@ public:
     void passTriggerOn() override { m_trigger.passOn(); }
 
 private:
-    class Token;
-
     void selectEvents();
     void handle(const X11Event &event);
     void handleRaw(const X11Event &event);
@@ -47,7 +44,7 @@ private:
     void missTrigger();
     void deliverShared(quint8 key);
     void handleRawPress(quint32 button);
-    void deliver(const InputEvent &event);
+    void deliver(const InputEvent &event) { m_handlers.deliver(event); }
     template <typename Change> void updateTrigger(Change change);
     [[nodiscard]] bool isPointerOverOwnWindow() const;
 
@@ -61,7 +58,7 @@ private:
     quint8 m_expectedKey = 0; ///< that it waits for
     quint8 m_modifiers = 0; ///< mask as of the last state change that the server told
     bool m_isLeftPressOurs = false; ///< the left button went down in one of our windows
-    QList<Token *> m_tokens;
+    EventHandlers m_handlers;
 };
 
 }
