@@ -29,8 +29,17 @@ void WaylandEventMonitor::start(std::unique_ptr<WaylandTrigger> trigger)
     });
     connect(m_trigger.get(), &WaylandTrigger::routeChanged, this,
             &EventMonitor::triggerRouteChanged);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
-            [this] { m_trigger->setWatching(!hasFocus()); });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *window) {
+        leaveKeysToOwnWindows();
+        if (window) // Qt does not say that the focus goes with it
+            connect(window, &QObject::destroyed, this, &WaylandEventMonitor::leaveKeysToOwnWindows,
+                    Qt::UniqueConnection);
+    });
+}
+
+void WaylandEventMonitor::leaveKeysToOwnWindows()
+{
+    m_trigger->setWatching(!hasFocus());
 }
 
 std::unique_ptr<EventMonitor::Subscription>

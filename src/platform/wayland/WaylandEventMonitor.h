@@ -32,6 +32,8 @@ public:
     void deliver(const InputEvent &event) { m_handlers.deliver(event); }
 
 private:
+    void leaveKeysToOwnWindows();
+
     EventHandlers m_handlers;
     std::unique_ptr<WaylandTrigger> m_trigger;
     KeyChord m_chord;
