@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+namespace Tessel {
+
+class WaylandConnection;
+class WaylandKeys;
+class WaylandTrigger;
+
+/// What a way to the trigger may be made of.
+struct WaylandTriggerParts
+{
+    WaylandConnection &connection;
+    WaylandKeys &keys;
+};
+
+/// The best way that the desktop has. Needs the application object; the parts must outlive it.
+[[nodiscard]] std::unique_ptr<WaylandTrigger> makeWaylandTrigger(const WaylandTriggerParts &parts);
+
+}
