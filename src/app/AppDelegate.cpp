@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 
 #include "actions/ActionManager.h"
+#include "app/BusService.h"
 #include "app/MenuBarManager.h"
 #include "app/UpdaterController.h"
 #include "bar/FloatingPanel.h"
@@ -68,6 +69,7 @@ void AppDelegate::applicationDidFinishLaunching()
         AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
         platform.popupHost(), platform.workspace() });
     m_detector->startMonitoring();
+    connect(new BusService(this), &BusService::triggerRequested, this, &AppDelegate::trigger);
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
@@ -110,6 +112,11 @@ void AppDelegate::applicationDidFinishLaunching()
 void AppDelegate::showPreferences()
 {
     m_menuBarManager->openSettings();
+}
+
+void AppDelegate::trigger()
+{
+    m_detector->trigger();
 }
 
 /// Names the scheme only: the rest has the captured text in it.

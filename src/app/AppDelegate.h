@@ -27,6 +27,7 @@ public:
 
     void applicationDidFinishLaunching();
     void showPreferences(); ///< once that is done
+    void trigger(); ///< likewise
 
 private:
     void tellNothingOpened(const QString &url);

@@ -3,6 +3,7 @@
 #include "app/SecondStart.h"
 
 #include "app/SignalEvents.h"
+#include "app/SingleInstance.h"
 #include "base/ChildProcess.h"
 #include "base/DesktopNotification.h"
 #include "base/HelperFolder.h"
@@ -63,6 +64,12 @@ void handOverTo(qint32 lockOwner, const QString &lockPath)
         ::kill(lockOwner, SignalEvents::showPreferences);
     else
         tell(lockPath);
+}
+
+bool triggerRunningProgram(const QString &lockPath)
+{
+    const auto owner = SingleInstance::liveOwner(lockPath);
+    return owner && isTessel(*owner) && ::kill(*owner, SignalEvents::trigger) == 0;
 }
 
 }

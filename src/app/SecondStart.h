@@ -11,4 +11,7 @@ namespace Tessel {
 /// says so. Waits for nobody. Needs an application object.
 void handOverTo(qint32 lockOwner, const QString &lockPath);
 
+/// Has the program that holds the lock do what the trigger key does; false when none runs.
+[[nodiscard]] bool triggerRunningProgram(const QString &lockPath);
+
 }

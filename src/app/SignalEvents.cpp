@@ -26,8 +26,10 @@ void send(int number)
 
 SignalEvents::SignalEvents()
 {
-    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) == 0)
-        std::signal(showPreferences, send);
+    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    std::signal(showPreferences, send);
+    std::signal(trigger, send);
 }
 
 void SignalEvents::start()
@@ -49,6 +51,8 @@ void SignalEvents::read()
         return;
     if (number == showPreferences)
         Q_EMIT preferencesRequested();
+    else if (number == trigger)
+        Q_EMIT triggerRequested();
     else
         Q_EMIT endRequested();
 }

@@ -15,8 +15,9 @@ class SignalEvents final : public QObject
 
 public:
     static constexpr int showPreferences = SIGUSR1;
+    static constexpr int trigger = SIGUSR2;
 
-    /// From here on, that signal no longer ends the process. Needs no application object.
+    /// From here on, those signals no longer end the process. Needs no application object.
     SignalEvents();
 
     /// Delivers what has come, and from now on what comes; SIGTERM, SIGINT and SIGHUP too.
@@ -24,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void preferencesRequested();
+    void triggerRequested();
     void endRequested();
 
 private:

@@ -94,6 +94,13 @@ std::optional<qint32> SingleInstance::parseProcessId(const QByteArray &text)
     return fits ? std::optional<qint32>(value) : std::nullopt;
 }
 
+std::optional<qint32> SingleInstance::liveOwner(const QString &path)
+{
+    const Result<QByteArray> content = readLock(QFile::encodeName(path).constData());
+    const auto owner = content ? parseProcessId(*content) : std::nullopt;
+    return owner && ::kill(*owner, 0) == 0 ? owner : std::nullopt;
+}
+
 std::optional<qint32> SingleInstance::liveOwnerElseTakeLock(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);

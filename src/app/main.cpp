@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/CommandLine.h"
 #include "app/SecondStart.h"
 #include "app/SignalEvents.h"
 #include "app/SingleInstance.h"
@@ -90,6 +91,8 @@ int main(int argc, char *argv[])
 {
     occupyClosedStreams();
     BaseFolders::dropRelative();
+    if (const auto status = answerCommandLine(argc, argv))
+        return *status;
     std::signal(SIGPIPE, SIG_IGN); // a closed standard output must not end the program
     SignalEvents signals; // before the lock tells others of this process
     const QString lock = SingleInstance::lockFilePath();
@@ -130,6 +133,7 @@ int main(int argc, char *argv[])
     QObject::connect(&signals, &SignalEvents::endRequested, &app, &QCoreApplication::quit);
     QObject::connect(&signals, &SignalEvents::preferencesRequested, &delegate,
                      &AppDelegate::showPreferences);
+    QObject::connect(&signals, &SignalEvents::triggerRequested, &delegate, &AppDelegate::trigger);
     QTimer::singleShot(0, &delegate, [&delegate, &signals] {
         delegate.applicationDidFinishLaunching();
         signals.start();

@@ -23,6 +23,9 @@ namespace {
 /// Our own copy keystroke, and what is typed right after it, are not the user's wish.
 constexpr qint64 selfSuppression = 1000; // milliseconds
 
+/// Between what a key that is held repeats.
+constexpr qint64 maxRepetition = 500; // milliseconds
+
 void printCapture(const QString &text, QPoint pointer)
 {
     const QString rule(50, u'-');
@@ -66,10 +69,9 @@ void SelectionDetector::handleKeyOrScroll(const InputEvent &event)
     const bool isTrigger = event.kind == InputEvent::Kind::keyDown
         && event.keyCode == m_dependencies.config.triggerKeyCode
         && modifiers == m_dependencies.config.triggerModifiers;
-    const auto sinceSimulation = m_dependencies.accessibility.millisecondsSinceSimulation();
-    if (sinceSimulation && *sinceSimulation < selfSuppression) {
+    if (isDeaf()) {
         if (isTrigger && m_isPassedOn)
-            passTriggerOn(); // this one is the application's, too
+            m_dependencies.eventMonitor.passTriggerOn(); // this one is the application's, too
         return;
     }
     if (event.kind == InputEvent::Kind::keyDown) {
@@ -77,6 +79,7 @@ void SelectionDetector::handleKeyOrScroll(const InputEvent &event)
             Log::print(u"DEBUG: Hotkey pressed (Code: %1, Modifiers: %2)"_s.arg(event.keyCode)
                            .arg(modifiers));
             m_isPassedOn = false;
+            m_isKeyOurs = true;
             checkSelection();
             return;
         }
@@ -87,6 +90,23 @@ void SelectionDetector::handleKeyOrScroll(const InputEvent &event)
         }
     }
     m_dependencies.bar.hide();
+}
+
+void SelectionDetector::trigger()
+{
+    const bool isRepetition = m_sinceAsked.isValid() && m_sinceAsked.elapsed() < maxRepetition;
+    m_sinceAsked.start();
+    if (isRepetition || isDeaf())
+        return;
+    m_isPassedOn = false;
+    m_isKeyOurs = false;
+    checkSelection();
+}
+
+bool SelectionDetector::isDeaf() const
+{
+    const auto sinceSimulation = m_dependencies.accessibility.millisecondsSinceSimulation();
+    return sinceSimulation && *sinceSimulation < selfSuppression;
 }
 
 void SelectionDetector::checkSelection()
@@ -103,7 +123,8 @@ void SelectionDetector::checkSelection()
 void SelectionDetector::passTriggerOn()
 {
     m_isPassedOn = true;
-    m_dependencies.eventMonitor.passTriggerOn();
+    if (m_isKeyOurs)
+        m_dependencies.eventMonitor.passTriggerOn();
 }
 
 QCoro::Task<> SelectionDetector::runTriggerCycle()

@@ -5,6 +5,7 @@
 #include "platform/EventMonitor.h"
 
 #include <QCoroTask>
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <memory>
@@ -42,15 +43,23 @@ public:
 
     void startMonitoring();
 
+public Q_SLOTS:
+    /// Does what the trigger key does, on behalf of a key that the desktop keeps for itself. That
+    /// may repeat it.
+    void trigger();
+
 private:
     void setTrigger();
     void handleKeyOrScroll(const InputEvent &event);
+    [[nodiscard]] bool isDeaf() const;
     void checkSelection();
     void passTriggerOn();
     QCoro::Task<> runTriggerCycle();
 
     Dependencies m_dependencies;
     bool m_isPassedOn = false; ///< the application got the last trigger
+    bool m_isKeyOurs = false; ///< the last trigger was a key that can be passed on
+    QElapsedTimer m_sinceAsked; ///< by trigger()
     std::unique_ptr<EventMonitor::Subscription> m_clickMonitor;
     std::unique_ptr<EventMonitor::Subscription> m_keyMonitor; ///< goes first
 };

@@ -54,10 +54,25 @@ private Q_SLOTS:
         QVERIFY(stage.tessel.waitForWindow(u"Tessel Preferences"_s)); // of the first
         QVERIFY(first.isRunning());
 
+        const auto trigger = [&stage] {
+            ChildProcess &asking = stage.session.launch(TesselProgram::path(), { u"--trigger"_s });
+            return asking.waitForExit() ? asking.exitCode() : -1;
+        };
+        QCOMPARE(trigger(), 0);
+        QVERIFY(stage.logs(u"checkSelection"_s));
+        const auto bus = QDBusConnection::connectToBus(
+            stage.session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s), u"user"_s);
+        const auto name = u"com.tessel.app"_s;
+        QCOMPARE(
+            bus.call(QDBusMessage::createMethodCall(name, u"/com/tessel/app"_s, name, u"Trigger"_s))
+                .type(),
+            QDBusMessage::ReplyMessage);
+
         // After its end the lock file is left behind, and stale.
         stage.tessel.process().end();
         const QString lock = stage.session.temporaryPath() + u"/com.tessel.app.lock"_s;
         QVERIFY(QFile::exists(lock));
+        QCOMPARE(trigger(), 1);
         QVERIFY(stage.tessel.start());
         QCOMPARE(readFile(lock), QByteArray::number(stage.tessel.process().processId()));
 
@@ -69,6 +84,7 @@ private Q_SLOTS:
         QVERIFY(stage.session.launch(TesselProgram::path()).waitForExit());
         QTRY_COMPARE_WITH_TIMEOUT(server.calls.size(), 1, 15000);
         QVERIFY(server.calls.first()[4].toString().contains(lock));
+        QCOMPARE(trigger(), 1);
         QVERIFY(other.isRunning());
     }
 

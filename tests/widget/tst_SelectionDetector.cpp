@@ -139,6 +139,26 @@ private Q_SLOTS:
         QCOMPARE(fixture.passedOn(), 2);
     }
 
+    void keyOfTheDesktop()
+    {
+        Fixture fixture;
+        fixture.platform.copyRequest().onCopy = {};
+        fixture.detector->trigger();
+        // It is not pressed for the application; a trigger that follows is.
+        QVERIFY(QTest::qWaitFor([&fixture] {
+            fixture.trigger();
+            return fixture.passedOn() > 0;
+        }));
+        QCOMPARE(fixture.passedOn(), 1);
+
+        Fixture held;
+        held.detector->trigger();
+        held.skipSuppression();
+        held.detector->trigger();
+        QCOMPARE(held.captures(), 1);
+        QTRY_VERIFY(held.bar.isShown());
+    }
+
     void excludedApplicationIsCopiedFromButGetsNoBar()
     {
         Fixture fixture;
