@@ -7,6 +7,7 @@
 #include "platform/HelperPlatform.h"
 #include "platform/TextClipboard.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <cstdio>
@@ -43,6 +44,7 @@ int main(int argc, char *argv[])
     }
 
     Detachment background = Detachment::begin();
+    const QCoreApplication app(argc, argv);
     const auto desktop = makeHelperPlatform();
     if (!desktop)
         background.fail(u"pbcopy: "_s + desktop.error().reason);
