@@ -52,8 +52,8 @@ public:
 };
 
 /// Chooses the backend by what the session offers. The environment variable TESSEL_PLATFORM demands
-/// one: "x11", or "none", which only says what is missing. Fails when Qt could not show a window
-/// either.
+/// one: "wayland", "x11", or "none", which only says what is missing. Fails when Qt could not show
+/// a window either.
 [[nodiscard]] Result<std::unique_ptr<Platform>> makePlatform();
 
 }

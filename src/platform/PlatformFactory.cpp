@@ -3,6 +3,9 @@
 #include "platform/BackendChoice.h"
 #include "platform/Platform.h"
 #include "platform/none/NonePlatform.h"
+#ifdef TESSEL_WAYLAND
+#include "platform/wayland/WaylandPlatform.h"
+#endif
 #ifdef TESSEL_X11
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Platform.h"
@@ -13,6 +16,9 @@ namespace Tessel {
 Result<std::unique_ptr<Platform>> makePlatform()
 {
     return connectToDesktop<Platform>({
+#ifdef TESSEL_WAYLAND
+        { "wayland", WaylandPlatform::isOffered, WaylandPlatform::connect },
+#endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11Platform::connect },
 #endif

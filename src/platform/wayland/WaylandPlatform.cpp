@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/WaylandPlatform.h"
+
+#include "base/Log.h"
+#include "platform/freedesktop/FreedesktopAppearance.h"
+#include "platform/freedesktop/NotifierArea.h"
+#include "platform/freedesktop/QtPlugins.h"
+#include "platform/wayland/ForeignToplevels.h"
+#include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandCopyRequest.h"
+#include "platform/wayland/WaylandDataControl.h"
+#include "platform/wayland/WaylandEventMonitor.h"
+#include "platform/wayland/WaylandKeyboard.h"
+#include "platform/wayland/WaylandPasteboard.h"
+#include "platform/wayland/WaylandPopupHost.h"
+#include "platform/wayland/WaylandPrimarySelection.h"
+#include "platform/wayland/WaylandSelectionReader.h"
+#include "platform/wayland/WaylandTrigger.h"
+#include "platform/wayland/WaylandTriggerChoice.h"
+#include "platform/wayland/WaylandWorkspace.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+/// In order of construction: each uses those above it.
+struct WaylandPlatform::Services
+{
+    explicit Services(std::unique_ptr<WaylandConnection> wayland)
+        : connection(std::move(wayland))
+    {
+    }
+
+    std::unique_ptr<WaylandConnection> connection;
+    WaylandDataControl dataControl { *connection };
+    WaylandSelectionReader reader { dataControl };
+    WaylandPasteboard pasteboard { dataControl, reader };
+    ForeignToplevels windows { *connection };
+    WaylandKeyboard keys { *connection };
+    WaylandPrimarySelection primary { { dataControl, reader, windows } };
+    WaylandWorkspace workspace { windows, {} };
+    WaylandCopyRequest copyRequest { { keys, primary, pasteboard } };
+    WaylandEventMonitor eventMonitor;
+    WaylandPopupHost popupHost { *connection,
+                                 [this](const InputEvent &event) { eventMonitor.deliver(event); } };
+    FreedesktopAppearance appearance;
+    NotifierArea statusArea;
+};
+
+bool WaylandPlatform::isOffered()
+{
+    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || !hasQtWaylandPlugin())
+        return false;
+    const auto connection = WaylandConnection::open();
+    return connection && WaylandDataControl::isOffered(**connection)
+        && WaylandPopupHost::isOffered(**connection);
+}
+
+Result<std::unique_ptr<Platform>> WaylandPlatform::connect()
+{
+    auto connection = WaylandConnection::open();
+    if (!connection)
+        return connection.error();
+    return std::unique_ptr<Platform>(
+        new WaylandPlatform(std::make_unique<Services>(*std::move(connection))));
+}
+
+WaylandPlatform::WaylandPlatform(std::unique_ptr<Services> services)
+    : m_services(std::move(services))
+{
+}
+
+WaylandPlatform::~WaylandPlatform() = default;
+
+QString WaylandPlatform::notice() const
+{
+    if (WaylandKeyboard::isOffered(*m_services->connection))
+        return {};
+    return u"This compositor lets no program press keys: text is only seen where marking it with "
+           "the mouse is enough."_s;
+}
+
+/// Popups are windows that Qt leaves without a role. All windows are painted in software: what Qt
+/// loads for graphics cards would take 50 MB.
+QMap<QString, QString> WaylandPlatform::qtVariables() const
+{
+    return { { u"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"_s, u"1"_s },
+             { u"QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"_s, u"none"_s } };
+}
+
+void WaylandPlatform::start()
+{
+    // Qt warns that there is no integration called "none".
+    QLoggingCategory::setFilterRules(u"qt.qpa.wayland.warning=false"_s);
+    QObject::connect(m_services->connection.get(), &WaylandConnection::lost, qApp, [] {
+        Log::print(u"ERROR: The connection to the Wayland compositor was lost."_s);
+        QCoreApplication::exit(1);
+    });
+    m_services->connection->start();
+    m_services->eventMonitor.start(
+        makeWaylandTrigger({ *m_services->connection, m_services->keys }));
+    m_services->appearance.start();
+    m_services->statusArea.start();
+}
+
+EventMonitor &WaylandPlatform::eventMonitor()
+{
+    return m_services->eventMonitor;
+}
+
+CopyRequest &WaylandPlatform::copyRequest()
+{
+    return m_services->copyRequest;
+}
+
+Pasteboard &WaylandPlatform::pasteboard()
+{
+    return m_services->pasteboard;
+}
+
+Workspace &WaylandPlatform::workspace()
+{
+    return m_services->workspace;
+}
+
+PopupHost &WaylandPlatform::popupHost()
+{
+    return m_services->popupHost;
+}
+
+Appearance &WaylandPlatform::appearance()
+{
+    return m_services->appearance;
+}
+
+StatusArea &WaylandPlatform::statusArea()
+{
+    return m_services->statusArea;
+}
+
+}
