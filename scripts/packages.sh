@@ -12,7 +12,7 @@ build_packages=(
 )
 run_packages=(dbus dbus-user-session file fonts-dejavu-core qt6-wayland xdg-utils zsh)
 demo_packages=(
-    foot grim imagemagick mousepad openbox picom sway wtype xdotool xterm xvfb
+    foot grim imagemagick mousepad openbox picom sway xdotool xterm xvfb
 )
 test_packages=(
     at-spi2-core dbus dbus-x11 featherpad foot fonts-noto-cjk grim i3lock kwin-data kwin-wayland
