@@ -5,6 +5,7 @@
 #include "files/Files.h"
 #include "platform/freedesktop/ExecLine.h"
 #include "platform/freedesktop/MimeApplications.h"
+#include "platform/freedesktop/WindowNames.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -71,6 +72,8 @@ private Q_SLOTS:
         const auto chosen = entries.read(system + u"/kde/konsole.desktop"_s);
         QVERIFY(chosen && chosen->id == u"kde-konsole");
         QVERIFY(!entries.read(root.filePath(u"none.desktop"_s)));
+        const QString undescribed = u"org.example.Foot"_s; // on Wayland
+        QVERIFY(applicationNamed({ undescribed, undescribed, u"Foot"_s }, entries).isTerminal);
 
         const auto named = [&entries](const QString &name) {
             const auto entry = entries.findNamed(name);

@@ -50,6 +50,7 @@ constexpr QStringView terminalClasses[] = {
     u"urxvt",
     u"uxterm",
     u"wezterm",
+    u"x-terminal-emulator", // Debian's alternatives: GTK makes the program's own name the window's
     u"xfce4-terminal",
     u"xterm",
     u"yakuake",
