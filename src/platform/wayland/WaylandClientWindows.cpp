@@ -3,21 +3,43 @@
 #include "platform/wayland/WaylandClientWindows.h"
 
 #include "platform/freedesktop/WindowNames.h"
+#include "platform/wayland/ForeignToplevels.h"
+#include "platform/wayland/PlasmaWindows.h"
 
 namespace Tessel {
 
+namespace {
+
+std::unique_ptr<WaylandWindows> listedWindows(WaylandConnection &connection)
+{
+    if (PlasmaWindows::isOffered(connection))
+        return std::make_unique<PlasmaWindows>(connection);
+    return std::make_unique<ForeignToplevels>(connection);
+}
+
+}
+
 WaylandClientWindows::WaylandClientWindows(WaylandConnection &connection)
     : m_connection(connection)
-    , m_windows(connection)
+    , m_windows(listedWindows(connection))
     , m_entries(DesktopEntries::standardFolders())
 {
 }
 
-QList<ClientWindow> WaylandClientWindows::all()
+WaylandClientWindows::~WaylandClientWindows() = default;
+
+/// A new window tells of itself when it is asked.
+void WaylandClientWindows::refresh()
 {
     m_connection.roundTrip();
+    m_connection.roundTrip();
+}
+
+QList<ClientWindow> WaylandClientWindows::all()
+{
+    refresh();
     QList<ClientWindow> windows;
-    for (const WaylandWindow &window : m_windows.all()) {
+    for (const WaylandWindow &window : m_windows->all()) {
         FrontApplication application = applicationNamed(namesOf(window), m_entries);
         application.window = window.handle;
         windows.append({ application, window.processId, window.isMinimized });
@@ -27,21 +49,21 @@ QList<ClientWindow> WaylandClientWindows::all()
 
 quint64 WaylandClientWindows::active()
 {
-    m_connection.roundTrip();
-    const auto window = m_windows.active();
+    refresh();
+    const auto window = m_windows->active();
     return window ? window->handle : 0;
 }
 
 /// They are on their way when the program ends right afterwards.
 void WaylandClientWindows::activate(quint64 window)
 {
-    m_windows.activate(window);
+    m_windows->activate(window);
     m_connection.roundTrip();
 }
 
 void WaylandClientWindows::close(quint64 window)
 {
-    m_windows.close(window);
+    m_windows->close(window);
     m_connection.roundTrip();
 }
 

@@ -4,15 +4,20 @@
 
 #include "platform/ClientWindows.h"
 #include "platform/freedesktop/DesktopEntries.h"
-#include "platform/wayland/ForeignToplevels.h"
+
+#include <memory>
 
 namespace Tessel {
+
+class WaylandConnection;
+class WaylandWindows;
 
 /// For programs that do not wait for events: each question goes to the compositor.
 class WaylandClientWindows final : public ClientWindows
 {
 public:
     explicit WaylandClientWindows(WaylandConnection &connection);
+    ~WaylandClientWindows() override;
 
     [[nodiscard]] QList<ClientWindow> all() override;
     [[nodiscard]] quint64 active() override;
@@ -20,8 +25,10 @@ public:
     void close(quint64 window) override;
 
 private:
+    void refresh();
+
     WaylandConnection &m_connection;
-    ForeignToplevels m_windows;
+    std::unique_ptr<WaylandWindows> m_windows;
     DesktopEntries m_entries;
 };
 
