@@ -14,7 +14,7 @@ Failure noBackend(const QString &wanted)
         return { u"This build of Tessel has no support for X11."_s };
     return { qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
                  ? u"There is no desktop session: DISPLAY is not set."_s
-                 : u"This Wayland session has no X server (XWayland), which Tessel needs."_s };
+                 : u"The compositor does not allow that, and there is no X server (XWayland)."_s };
 }
 
 }
