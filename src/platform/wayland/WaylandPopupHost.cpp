@@ -100,8 +100,10 @@ Qt::WindowFlags WaylandPopupHost::windowFlags() const
 
 void WaylandPopupHost::present(QWindow *window)
 {
-    if (!m_shell)
+    if (!m_shell) {
         m_shell.emplace();
+        connect(qGuiApp, &QCoreApplication::aboutToQuit, this, &WaylandPopupHost::leaveQt);
+    }
     window->create();
     if (!m_shell->shell() || m_shown.contains(window) || m_attached.contains(window))
         return; // a surface can have one role only
@@ -115,6 +117,14 @@ void WaylandPopupHost::present(QWindow *window)
     m_shown[window] = std::make_unique<LayerSurface>(*m_shell, *window, keyboard);
     window->installEventFilter(this);
     openSheets();
+}
+
+/// Qt's connection goes with the application object, which this outlives.
+void WaylandPopupHost::leaveQt()
+{
+    m_attached.clear();
+    m_shown.clear();
+    m_shell.reset();
 }
 
 /// The surface of a window that is to be shown again must be a new one.

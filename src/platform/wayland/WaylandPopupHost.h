@@ -52,6 +52,7 @@ private:
     using Wants = std::function<bool(const PopupKey &)>;
 
     void answer(QPoint pointer, const QScreen *screen);
+    void leaveQt();
     void openSheets();
     void setKeyboard(QWindow *window, const Wants &wants);
     void giveKeyboardBack();
