@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QGuiApplication>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
@@ -46,6 +48,13 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, Shortcut &shortcu
     argument >> shortcut.id >> shortcut.properties;
     argument.endStructure();
     return argument;
+}
+
+/// Hyprland's portal takes every shortcut and leaves it to the user to give it a key.
+bool hasKey(const Shortcut &shortcut)
+{
+    const QVariant key = shortcut.properties.value(u"trigger_description"_s);
+    return !key.isValid() || !key.toString().isEmpty();
 }
 
 QDBusMessage callTo(const QString &path, const QString &interface, const QString &method,
@@ -176,12 +185,14 @@ void PortalShortcuts::handleResponse(uint code, const QVariantMap &results,
         if (code == 0 && !m_session.isEmpty())
             bind();
         break;
-    case Step::binding:
+    case Step::binding: {
         // GNOME 48 answers that the dialog ended in some other way, with what was bound.
-        setBound(!qdbus_cast<QList<Shortcut>>(results[u"shortcuts"_s]).isEmpty());
-        if (!m_isBound)
+        const auto shortcuts = qdbus_cast<QList<Shortcut>>(results[u"shortcuts"_s]);
+        if (shortcuts.isEmpty())
             rememberRefusal(shortcutId());
+        setBound(std::any_of(shortcuts.cbegin(), shortcuts.cend(), hasKey));
         break;
+    }
     case Step::none:
         break;
     }
