@@ -5,6 +5,7 @@
 #include "actions/Placeholder.h"
 #include "base/Url.h"
 #include "files/Files.h"
+#include "platform/freedesktop/SelectionText.h"
 
 #include <QTest>
 
@@ -59,6 +60,19 @@ private Q_SLOTS:
             ++cases;
         }
         QVERIFY(cases > 500);
+    }
+
+    void formatsOfSelections()
+    {
+        const auto chosen = [](const QList<QByteArray> &offered) {
+            const auto format = textFormatOf(offered);
+            return format ? toUtf8("\xc3\xa9", format->charset) + ' ' + format->name : QByteArray();
+        };
+        QCOMPARE(chosen({ "image/png", "text/html" }), "");
+        QCOMPARE(chosen({ "text/plain", "STRING" }), "\xc3\x83\xc2\xa9 STRING");
+        QCOMPARE(chosen({ "STRING", "Text/Plain;charset=UTF-8" }), "é Text/Plain;charset=UTF-8");
+        QCOMPARE(toLatin1("é"), QByteArray("\xe9"));
+        QVERIFY(!toLatin1("한") && !toLatin1("\xe9"));
     }
 
     void validUrls()
