@@ -7,7 +7,16 @@
 
 #include <unistd.h>
 
+using namespace std::chrono_literals;
+
 namespace Tessel {
+
+namespace {
+
+constexpr qsizetype pipeSize = 1 << 16; // a text that is smaller is there at once, or not at all
+constexpr auto untilOwnersEndIsTold = 50ms; // a dying one's pipe may be closed first
+
+}
 
 WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dataControl,
                                                    Selection selection,
@@ -16,12 +25,13 @@ WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dat
     : SelectionTransfer(patience, limit)
     , m_dataControl(dataControl)
     , m_selection(selection)
+    , m_accept(accept)
 {
     connect(&m_readable, &QSocketNotifier::activated, this, &WaylandSelectionTransfer::readPiece);
     connect(&dataControl, &WaylandDataControl::changed, this, [this](Selection changed) {
-        // Another owner: the answer of the one before is of no use any more. With none, what it has
-        // written still is: some end as soon as they have been asked once.
-        if (changed == m_selection && !m_dataControl.mimeTypes(m_selection).isEmpty())
+        // With another owner, the answer of the one before is of no use any more.
+        const bool hasOwner = !m_dataControl.mimeTypes(m_selection).isEmpty();
+        if (changed == m_selection && (hasOwner || m_accept == Accept::selectedText))
             end({});
     });
     const QList<QByteArray> &offered = dataControl.mimeTypes(selection);
@@ -58,7 +68,7 @@ void WaylandSelectionTransfer::request(Asked what, const QByteArray &mimeType)
 
 void WaylandSelectionTransfer::readPiece()
 {
-    std::array<char, 1 << 16> piece; // what a pipe holds
+    std::array<char, pipeSize> piece;
     const ssize_t size = read(m_pipe.number(), piece.data(), piece.size());
     if (size < 0 && (errno == EAGAIN || errno == EINTR))
         return;
@@ -76,12 +86,13 @@ void WaylandSelectionTransfer::readPiece()
 void WaylandSelectionTransfer::takeAnswer()
 {
     m_readable.setEnabled(false);
-    if (m_asked == Asked::text)
-        return end(toUtf8(m_bytes, m_charset));
-    if (m_bytes == secretHint)
-        end({});
+    if (m_asked == Asked::hint)
+        return m_bytes == secretHint ? end({}) : requestText();
+    const auto endWithText = [this] { end(toUtf8(m_bytes, m_charset)); };
+    if (m_accept == Accept::selectedText && m_bytes.size() >= pipeSize)
+        QTimer::singleShot(untilOwnersEndIsTold, this, endWithText);
     else
-        requestText();
+        endWithText();
 }
 
 void WaylandSelectionTransfer::end(const std::optional<QByteArray> &text)

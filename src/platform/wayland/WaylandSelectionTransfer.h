@@ -10,8 +10,8 @@
 
 namespace Tessel {
 
-/// A transfer through a pipe. When its owner dies it looks complete: the end of a pipe does not say
-/// why it is the end.
+/// A transfer through a pipe, whose end does not say whether all has been written. An owner that has
+/// gone by then gives no selected text. As any text it does: some hand theirs out just once.
 class WaylandSelectionTransfer final : public SelectionTransfer
 {
     Q_OBJECT
@@ -36,6 +36,7 @@ private:
 
     const WaylandDataControl &m_dataControl;
     Selection m_selection;
+    Accept m_accept;
     Asked m_asked = Asked::text;
     TextFormat::Charset m_charset = TextFormat::Charset::utf8;
     QByteArray m_bytes;
