@@ -6,6 +6,8 @@
 
 namespace Tessel {
 
+class KWinBridge;
+class KWinFakeKeys;
 class WaylandConnection;
 class WaylandKeys;
 class WaylandTrigger;
@@ -15,6 +17,8 @@ struct WaylandTriggerParts
 {
     WaylandConnection &connection;
     WaylandKeys &keys;
+    KWinBridge *kwin = nullptr; ///< where KWin runs
+    KWinFakeKeys *kwinKeys = nullptr; ///< where it grants them
 };
 
 /// The best way that the desktop has. Needs the application object; the parts must outlive it.
