@@ -122,7 +122,7 @@ int main(int argc, char *argv[])
     prependHelperFolderToPath();
     QApplication::setApplicationName(u"Tessel"_s);
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
-    QApplication::setDesktopFileName(u"tessel"_s);
+    QApplication::setDesktopFileName(u"com.tessel.app"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     ResourceBundle::module(); // ends the program here when it is missing
 

@@ -55,7 +55,7 @@ int main(int argc, char *argv[])
     QtArguments arguments(argc, argv, *plugin);
     QApplication app(arguments.count(), arguments.values());
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setDesktopFileName(u"tessel"_s);
+    QApplication::setDesktopFileName(u"com.tessel.app"_s);
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return EXIT_FAILURE;
