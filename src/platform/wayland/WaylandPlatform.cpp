@@ -7,6 +7,8 @@
 #include "platform/freedesktop/NotifierArea.h"
 #include "platform/freedesktop/QtPlugins.h"
 #include "platform/wayland/ForeignToplevels.h"
+#include "platform/wayland/KWinBridge.h"
+#include "platform/wayland/KWinFakeKeys.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandCopyRequest.h"
 #include "platform/wayland/WaylandDataControl.h"
@@ -39,14 +41,22 @@ struct WaylandPlatform::Services
     WaylandDataControl dataControl { *connection };
     WaylandSelectionReader reader { dataControl };
     WaylandPasteboard pasteboard { dataControl, reader };
-    ForeignToplevels windows { *connection };
-    WaylandKeyboard keys { *connection };
+    const bool isKWin = KWinBridge::isOffered(*connection);
+    KWinBridge kwin;
+    ForeignToplevels toplevels { *connection };
+    WaylandWindows &windows = isKWin ? static_cast<WaylandWindows &>(kwin) : toplevels;
+    std::unique_ptr<KWinFakeKeys> kwinKeys = KWinFakeKeys::isOffered(*connection)
+        ? std::make_unique<KWinFakeKeys>(*connection)
+        : nullptr;
+    WaylandKeyboard keyboard { *connection };
+    WaylandKeys &keys = kwinKeys ? static_cast<WaylandKeys &>(*kwinKeys) : keyboard;
     WaylandPrimarySelection primary { { dataControl, reader, windows } };
     WaylandWorkspace workspace { windows, {} };
     WaylandCopyRequest copyRequest { { keys, primary, pasteboard } };
     WaylandEventMonitor eventMonitor;
     WaylandPopupHost popupHost { *connection,
-                                 [this](const InputEvent &event) { eventMonitor.deliver(event); } };
+                                 [this](const InputEvent &event) { eventMonitor.deliver(event); },
+                                 [this](const QRect &screen) { return kwin.workArea(screen); } };
     FreedesktopAppearance appearance;
     NotifierArea statusArea;
 };
@@ -78,8 +88,12 @@ WaylandPlatform::~WaylandPlatform() = default;
 
 QString WaylandPlatform::notice() const
 {
-    if (WaylandKeyboard::isOffered(*m_services->connection))
+    if (m_services->kwinKeys || WaylandKeyboard::isOffered(*m_services->connection))
         return {};
+    if (m_services->isKWin)
+        return u"KWin lets Tessel press no keys, as only programs with a desktop entry may "
+               "(com.tessel.app.kwin): text is only seen where marking it with the mouse is "
+               "enough."_s;
     return u"This compositor lets no program press keys: text is only seen where marking it with "
            "the mouse is enough."_s;
 }
@@ -101,8 +115,11 @@ void WaylandPlatform::start()
         QCoreApplication::exit(1);
     });
     m_services->connection->start();
-    m_services->eventMonitor.start(
-        makeWaylandTrigger({ *m_services->connection, m_services->keys }));
+    KWinBridge *kwin = m_services->isKWin ? &m_services->kwin : nullptr;
+    m_services->eventMonitor.start(makeWaylandTrigger(
+        { *m_services->connection, m_services->keys, kwin, m_services->kwinKeys.get() }));
+    if (kwin)
+        kwin->start();
     m_services->appearance.start();
     m_services->statusArea.start();
 }

@@ -41,9 +41,11 @@ bool WaylandPopupHost::isOffered(const WaylandConnection &connection)
     return connection.offers("zwlr_layer_shell_v1") && connection.offers("wp_viewporter");
 }
 
-WaylandPopupHost::WaylandPopupHost(WaylandConnection &connection,
-                                   std::function<void(const InputEvent &)> elsewhere)
+WaylandPopupHost::WaylandPopupHost(
+    WaylandConnection &connection, std::function<void(const InputEvent &)> elsewhere,
+    std::function<std::optional<QRect>(const QRect &screen)> workArea)
     : m_elsewhere(std::move(elsewhere))
+    , m_workArea(std::move(workArea))
     , m_catcher(connection)
 {
     connect(&m_catcher, &PointerCatcher::found, this, [this](const QString &output, QPointF place) {
@@ -85,8 +87,10 @@ void WaylandPopupHost::answer(QPoint pointer, const QScreen *screen)
     PopupLocation location;
     location.pointer = pointer;
     location.watch = std::move(m_watch);
-    if (screen)
-        location.screen = location.visibleFrame = screen->geometry();
+    if (screen) {
+        location.screen = screen->geometry();
+        location.visibleFrame = m_workArea(screen->geometry()).value_or(screen->geometry());
+    }
     auto question = std::move(*m_question);
     m_question.reset();
     question.addResult(std::move(location));

@@ -26,9 +26,11 @@ class WaylandPopupHost final : public PopupHost
 public:
     [[nodiscard]] static bool isOffered(const WaylandConnection &connection);
 
-    /// `elsewhere` hears of what the user does outside of the popup that is shown.
+    /// `elsewhere` hears of what the user does outside of the popup that is shown; `workArea` gives
+    /// the part of a screen without panels, where that is known.
     WaylandPopupHost(WaylandConnection &connection,
-                     std::function<void(const InputEvent &)> elsewhere);
+                     std::function<void(const InputEvent &)> elsewhere,
+                     std::function<std::optional<QRect>(const QRect &screen)> workArea);
     ~WaylandPopupHost() override;
 
     [[nodiscard]] QFuture<PopupLocation> locate() override;
@@ -58,6 +60,7 @@ private:
     void giveKeyboardBack();
 
     std::function<void(const InputEvent &)> m_elsewhere;
+    std::function<std::optional<QRect>(const QRect &)> m_workArea;
     PointerCatcher m_catcher;
     SessionLock m_sessionLock;
 
