@@ -3,6 +3,7 @@
 #include "platform/BackendChoice.h"
 #include "platform/SyntheticKeyboard.h"
 #ifdef TESSEL_WAYLAND
+#include "platform/wayland/KWinSyntheticKeyboard.h"
 #include "platform/wayland/WaylandSyntheticKeyboard.h"
 #endif
 #ifdef TESSEL_X11
@@ -17,6 +18,7 @@ Result<std::unique_ptr<SyntheticKeyboard>> makeSyntheticKeyboard()
     return connectToDesktop<SyntheticKeyboard>({
 #ifdef TESSEL_WAYLAND
         { "wayland", WaylandSyntheticKeyboard::isOffered, WaylandSyntheticKeyboard::connect },
+        { "wayland", KWinSyntheticKeyboard::isOffered, KWinSyntheticKeyboard::connect },
 #endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11SyntheticKeyboard::connect },

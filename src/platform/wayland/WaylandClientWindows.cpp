@@ -6,6 +6,8 @@
 #include "platform/wayland/ForeignToplevels.h"
 #include "platform/wayland/PlasmaWindows.h"
 
+#include <algorithm>
+
 namespace Tessel {
 
 namespace {
@@ -52,6 +54,17 @@ quint64 WaylandClientWindows::active()
     refresh();
     const auto window = m_windows->active();
     return window ? window->handle : 0;
+}
+
+FrontApplication WaylandClientWindows::front()
+{
+    const quint64 window = active();
+    const QList<ClientWindow> windows = all();
+    const auto found
+        = std::find_if(windows.cbegin(), windows.cend(), [window](const ClientWindow &candidate) {
+              return candidate.application.window == window;
+          });
+    return found == windows.cend() ? FrontApplication() : found->application;
 }
 
 /// They are on their way when the program ends right afterwards.

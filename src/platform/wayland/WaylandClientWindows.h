@@ -24,6 +24,9 @@ public:
     void activate(quint64 window) override;
     void close(quint64 window) override;
 
+    /// Of the active window.
+    [[nodiscard]] FrontApplication front();
+
 private:
     void refresh();
 

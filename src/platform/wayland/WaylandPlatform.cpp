@@ -92,7 +92,7 @@ QString WaylandPlatform::notice() const
         return {};
     if (m_services->isKWin)
         return u"KWin lets Tessel press no keys, as only programs with a desktop entry may "
-               "(com.tessel.app.kwin): text is only seen where marking it with the mouse is "
+               "(com.tessel.app.kwin.tessel): text is only seen where marking it with the mouse is "
                "enough."_s;
     return u"This compositor lets no program press keys: text is only seen where marking it with "
            "the mouse is enough."_s;

@@ -167,22 +167,12 @@ Result<void> WaylandSyntheticKeyboard::shortcut(const WaylandKeymap::Stroke &str
 {
     const bool isC = stroke.scanCode == KeyCodes::scanCodeFromVirtual(KeyCodes::keyC);
     const auto held = Terminals::shortcutIn(
-        front(), isC ? Terminals::ShortcutKey::c : Terminals::ShortcutKey::other, modifiers);
+        m_windows.front(), isC ? Terminals::ShortcutKey::c : Terminals::ShortcutKey::other,
+        modifiers);
     if (!held)
         return held.error();
     m_keyboard.press({ stroke }, bitsOf(*held));
     return settle();
-}
-
-FrontApplication WaylandSyntheticKeyboard::front()
-{
-    const quint64 active = m_windows.active();
-    const QList<ClientWindow> windows = m_windows.all();
-    const auto found
-        = std::find_if(windows.cbegin(), windows.cend(), [active](const ClientWindow &window) {
-              return window.application.window == active;
-          });
-    return found == windows.cend() ? FrontApplication() : found->application;
 }
 
 void WaylandSyntheticKeyboard::awaitKeysSeen(std::chrono::milliseconds)

@@ -30,7 +30,6 @@ private:
     [[nodiscard]] bool lend(const QList<quint32> &symbols);
     [[nodiscard]] Result<void> shortcut(const WaylandKeymap::Stroke &stroke,
                                         const ShortcutModifiers &modifiers);
-    [[nodiscard]] FrontApplication front();
     [[nodiscard]] Result<void> settle();
 
     std::unique_ptr<WaylandConnection> m_connection;
