@@ -2,39 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/BasicStage.h"
 #include "desktop/TesselProgram.h"
-#include "files/Files.h"
 #include "support/Editors.h"
 #include "support/XClipboard.h"
-
-#include <optional>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace Tessel {
 
-/// A desktop with the program up and perhaps an editor on it.
-struct Stage
+struct Stage : BasicStage<Desktop::DesktopSession, TesselProgram, Desktop::Editor>
 {
-    Desktop::DesktopSession session;
-    TesselProgram tessel { session };
-    std::optional<Desktop::Editor> editor;
-
-    [[nodiscard]] Desktop::XUser &user() const { return session.user(); }
-
-    [[nodiscard]] bool start(const Desktop::DesktopOptions &options = {})
-    {
-        const bool isUp = session.start(options) && tessel.start();
-        if (!isUp)
-            qInfo("%s", qPrintable(session.errorString()));
-        return isUp;
-    }
-
-    /// An editor with this text, all of it selected.
     [[nodiscard]] bool open(const QString &text = QStringLiteral("tesserae"),
                             Desktop::EditorKind kind = Desktop::EditorKind::Mousepad)
     {
-        return editor.emplace(session, kind).open(text) && editor->selectAll();
+        return BasicStage::open(text, kind);
     }
 
     /// In place of an editor: a window that only has this text to copy.
@@ -50,19 +32,6 @@ struct Stage
         user().tap(XKB_KEY_1);
         return isShown && tessel.waitUntilBarGone();
     }
-
-    [[nodiscard]] bool logs(const QString &pattern)
-    {
-        return tessel.process().waitForOutput(QRegularExpression(pattern)).hasMatch();
-    }
-
-    /// A file in the home; empty when there is none.
-    [[nodiscard]] QByteArray file(const QString &name) const
-    {
-        return readFile(session.homePath() + u'/' + name);
-    }
-
-    [[nodiscard]] QStringList openedUrl() const { return session.urlRecorder().waitForUrls(1); }
 };
 
 }

@@ -3,9 +3,7 @@
 #include "desktop/TesselProgram.h"
 
 #include "bar/PanelLayout.h"
-#include "files/Files.h"
 
-#include <QJsonDocument>
 #include <QTest>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -15,62 +13,9 @@ using namespace Qt::StringLiterals;
 using namespace Tessel::Desktop;
 
 TesselProgram::TesselProgram(DesktopSession &session)
-    : m_session(session)
+    : TesselProcess(session)
+    , m_session(session)
 {
-}
-
-QJsonObject TesselProgram::action(const QString &id, const QString &type,
-                                  const QString &templateText)
-{
-    return { { u"id"_s, id },
-             { u"title"_s, id },
-             { u"iconName"_s, u"phosphor_star"_s },
-             { u"type"_s, type },
-             { u"template"_s, templateText } };
-}
-
-QJsonObject TesselProgram::urlAction(const QString &id, const QString &urlTemplate)
-{
-    return action(id, u"url"_s, urlTemplate);
-}
-
-QString TesselProgram::path()
-{
-    return QStringLiteral(TESSEL_PROGRAM);
-}
-
-QString TesselProgram::configFile() const
-{
-    return m_session.configPath() + u"/GlintClone/config.json"_s;
-}
-
-bool TesselProgram::writeConfiguration()
-{
-    if (actions.isEmpty())
-        actions = { urlAction(u"open"_s, u"tessel-test://open?{text}"_s) };
-    // The standard actions come back by themselves; disabled they stay out of the way.
-    for (const char *id : { "search", "copy", "translate", "count", "largetype" }) {
-        QJsonObject standard = urlAction(QString::fromLatin1(id), u"none://"_s);
-        const bool isGiven = std::any_of(actions.begin(), actions.end(), [id](const auto &action) {
-            return action.toObject().value(u"id"_s) == QLatin1String(id);
-        });
-        standard.insert(u"isEnabled"_s, false);
-        if (!isGiven)
-            actions.append(standard);
-    }
-    QJsonObject config = settings;
-    config.insert(u"customActions"_s, actions);
-    if (!config.contains(u"excludedBundleIds"_s))
-        config.insert(u"excludedBundleIds"_s, QJsonArray());
-    return writeFile(configFile(), QJsonDocument(config).toJson());
-}
-
-bool TesselProgram::start()
-{
-    if (!writeConfiguration())
-        return false;
-    m_process = &m_session.launch(path());
-    return m_process->waitForOutput(QRegularExpression(u"Tessel started\\."_s)).hasMatch();
 }
 
 std::optional<WindowInfo> TesselProgram::summon()
@@ -97,7 +42,7 @@ std::optional<WindowInfo> TesselProgram::waitForBar() const
             return found.has_value();
         },
         int(defaultTimeout.count()));
-    m_sinceCapture.start();
+    noteCapture();
     return found;
 }
 
@@ -113,11 +58,6 @@ std::optional<WindowInfo> TesselProgram::waitForWindow(const QString &title) con
     });
 }
 
-QJsonObject TesselProgram::configuration() const
-{
-    return QJsonDocument::fromJson(readFile(configFile())).object();
-}
-
 std::optional<WindowInfo> TesselProgram::openSettings()
 {
     if (!summon())
@@ -125,13 +65,6 @@ std::optional<WindowInfo> TesselProgram::openSettings()
     m_session.user().tap(XKB_KEY_comma, { XKB_KEY_Control_L });
     const auto window = waitForWindow(u"Tessel Preferences"_s);
     return window && m_session.user().waitUntilUsable(window->id) ? window : std::nullopt;
-}
-
-void TesselProgram::awaitTrigger() const
-{
-    const qint64 rest = m_sinceCapture.isValid() ? 1050 - m_sinceCapture.elapsed() : 0;
-    if (rest > 0)
-        QTest::qWait(int(rest));
 }
 
 QPoint TesselProgram::button(const WindowInfo &bar, int index)

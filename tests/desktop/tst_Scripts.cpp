@@ -1,39 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
-#include "config/DefaultActions.h"
 #include "desktop/Stage.h"
 #include "files/Files.h"
 
-#include <QDirIterator>
 #include <QTest>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace Tessel::Desktop;
-
-namespace {
-
-/// One of the actions that everybody has at first.
-QJsonObject defaultAction(const QString &title)
-{
-    for (const ActionConfig &action : DefaultActions::all()) {
-        if (action.title == title)
-            return TesselProgram::action(title, infoOf(action.type).rawValue, action.templateText);
-    }
-    return {};
-}
-
-/// The content of the only file below a folder of the home; nothing when there is none.
-std::optional<QString> onlyFile(const Stage &stage, const QString &folder)
-{
-    QDirIterator files(stage.session.homePath() + u'/' + folder, QDir::Files);
-    if (!files.hasNext())
-        return {};
-    const QByteArray content = readFile(files.next());
-    return files.hasNext() ? std::nullopt : std::optional(QString::fromUtf8(content));
-}
-
-}
 
 /// The actions that run AppleScript, shortcuts and the helpers, from the trigger to what they do.
 class tst_Scripts : public QObject
@@ -45,7 +19,7 @@ private Q_SLOTS:
     {
         for (const EditorKind kind : { EditorKind::Mousepad, EditorKind::FeatherPad }) {
             Stage stage;
-            stage.tessel.actions = { defaultAction(u"Uppercase"_s) };
+            stage.tessel.actions = { TesselProcess::defaultAction(u"Uppercase"_s) };
             QVERIFY(stage.start());
             QVERIFY(stage.open(u"one é жук 한글 it's\n\"two\" \\"_s, kind));
             QVERIFY(stage.runAction());
@@ -61,13 +35,13 @@ private Q_SLOTS:
     void note()
     {
         Stage stage;
-        stage.tessel.actions = { defaultAction(u"Add to Notes"_s) };
+        stage.tessel.actions = { TesselProcess::defaultAction(u"Add to Notes"_s) };
         QVERIFY(stage.start());
         QVERIFY(
             stage.offer(u"Title \"of\" it's\r\na < b && <T> &amp; <b>bold</b>\r\\n 한글\nend"_s));
         QVERIFY(stage.runAction());
-        QTRY_VERIFY(onlyFile(stage, u"Documents/Notes"_s));
-        const QString noteText = *onlyFile(stage, u"Documents/Notes"_s);
+        QTRY_VERIFY(stage.onlyFile(u"Documents/Notes"_s));
+        const QString noteText = *stage.onlyFile(u"Documents/Notes"_s);
         QVERIFY2(noteText.contains(
                      u"Title \"of\" it's\na < b && <T> &amp; <b>bold</b>\n\\n 한글\nend"_s),
                  qPrintable(noteText));
@@ -76,23 +50,14 @@ private Q_SLOTS:
     void calendarEntry()
     {
         Stage stage;
-        QVERIFY(stage.session.start());
-        const QString calendar = stage.session.dataPath() + u"/applications/calendar.desktop"_s;
-        const QString handler = stage.session.homePath() + u"/calendar"_s;
-        QVERIFY(writeProgram(handler, u"cp \"$1\" \"$HOME/got/entry.ics\"\n"_s));
-        QVERIFY(QDir().mkpath(stage.session.homePath() + u"/got"_s));
-        QVERIFY(writeFile(calendar,
-                          u"[Desktop Entry]\nType=Application\nName=Calendar\nExec=%1 %f\n"
-                          u"MimeType=text/calendar;\n"_s.arg(handler)));
-        QVERIFY(writeFile(stage.session.configPath() + u"/mimeapps.list"_s,
-                          u"[Default Applications]\ntext/calendar=calendar.desktop\n"_s));
-        stage.tessel.actions = { defaultAction(u"Add to Calendar"_s) };
+        QVERIFY(stage.session.start() && stage.installCalendar());
+        stage.tessel.actions = { TesselProcess::defaultAction(u"Add to Calendar"_s) };
         QVERIFY(stage.tessel.start());
         QVERIFY(stage.offer(u"치과 예약, 2031년 5월 6일 오후 3시 30분"_s));
         QVERIFY(stage.runAction());
         QVERIFY(stage.logs(u"Action: Requesting shortcut '일정 추가'"_s));
-        QTRY_VERIFY_WITH_TIMEOUT(onlyFile(stage, u"got"_s), 15000);
-        const QString entry = *onlyFile(stage, u"got"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(stage.onlyFile(u"got"_s), 15000);
+        const QString entry = *stage.onlyFile(u"got"_s);
         QVERIFY2(entry.contains(u"DTSTART:20310506T153000\r\n"), qPrintable(entry));
         QVERIFY2(entry.contains(u"DESCRIPTION:치과 예약\\, 2031년"), qPrintable(entry));
     }

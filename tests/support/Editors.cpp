@@ -4,6 +4,7 @@
 
 #include "files/Files.h"
 #include "support/DesktopSession.h"
+#include "support/TerminalProgram.h"
 #include "support/XClipboard.h"
 
 #include <QDeadlineTimer>
@@ -51,16 +52,6 @@ Program programOf(EditorKind kind, const QString &file)
         return { u"Sakura"_s, { u"sakura"_s, u"-e"_s, u"/bin/sh"_s, file } };
     }
     Q_UNREACHABLE();
-}
-
-// The terminal answers where its cursor is (ECMA-48, DSR) once it has drawn the text before.
-QString terminalProgram(const QString &textFile, const QString &interruptsFile)
-{
-    return u"cat '%1'\n"
-           "trap 'echo interrupted >>\"%2\"' INT\n"
-           "stty -echo -icanon; printf '\\033[6n'; head -c 1 >/dev/null; stty sane\n"
-           ">'%2'\n"
-           "while :; do sleep 0.1; done\n"_s.arg(textFile, interruptsFile);
 }
 
 QString tkProgram(const QString &textFile)

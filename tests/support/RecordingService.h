@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/DesktopSession.h"
+#include "support/Session.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -14,7 +14,7 @@ namespace Tessel::Desktop {
 class RecordingService final : public QDBusVirtualObject
 {
 public:
-    RecordingService(const DesktopSession &session, const QString &name)
+    RecordingService(const Session &session, const QString &name)
         : m_name(name)
         , m_path(u'/' + QString(name).replace(u'.', u'/'))
         , m_bus(QDBusConnection::connectToBus(
