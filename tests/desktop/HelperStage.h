@@ -16,13 +16,13 @@ namespace Tessel {
 }
 
 /// A desktop with a shell that finds the helpers.
-struct Stage final
+template <typename DesktopType> struct BasicHelperStage final
 {
-    Desktop::DesktopSession session;
+    DesktopType session;
 
-    [[nodiscard]] bool prepare(const Desktop::DesktopOptions &options = {})
+    template <typename... Options> [[nodiscard]] bool prepare(const Options &...options)
     {
-        const bool isUp = session.start(options);
+        const bool isUp = session.start(options...);
         session.setVariable(QStringLiteral("PATH"),
                             QStringLiteral(TESSEL_HELPERS ":") + qEnvironmentVariable("PATH"));
         return isUp;
@@ -44,6 +44,18 @@ struct Stage final
         return shell.waitForExit() ? shell.exitCode() : -1;
     }
 
+    /// Whether a pbcopy of this desktop still has the clipboard.
+    [[nodiscard]] bool isServing() const
+    {
+        const QByteArray home = "HOME=" + session.homePath().toLocal8Bit();
+        const auto processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+        return std::any_of(processes.cbegin(), processes.cend(), [&home](const QString &process) {
+            const QString folder = QStringLiteral("/proc/") + process;
+            return readFile(folder + QStringLiteral("/comm")) == "pbcopy\n"
+                && readFile(folder + QStringLiteral("/environ")).split('\0').contains(home);
+        });
+    }
+
     [[nodiscard]] QByteArray file(const QString &name) const
     {
         return readFile(session.homePath() + u'/' + name);
@@ -54,5 +66,7 @@ struct Stage final
         QVERIFY(writeFile(session.homePath() + u'/' + name, content));
     }
 };
+
+using Stage = BasicHelperStage<Desktop::DesktopSession>;
 
 }

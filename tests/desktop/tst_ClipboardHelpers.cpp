@@ -2,31 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/HelperStage.h"
 #include "platform/x11/X11Connection.h"
-#include "support/Editors.h"
 #include "support/XClipboard.h"
 
 #include <QTest>
 
 #include <xcb/xcb.h>
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
 using namespace Tessel::Desktop;
 
 namespace {
-
-/// Whether a pbcopy of this desktop still has the clipboard.
-[[nodiscard]] bool isServing(const Stage &stage)
-{
-    const QByteArray home = "HOME=" + stage.session.homePath().toLocal8Bit();
-    const auto processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
-    return std::any_of(processes.cbegin(), processes.cend(), [&home](const QString &process) {
-        const QString folder = u"/proc/"_s + process;
-        return readFile(folder + u"/comm"_s) == "pbcopy\n"
-            && readFile(folder + u"/environ"_s).split('\0').contains(home);
-    });
-}
 
 /// Asks for the clipboard as the ICCCM has it, without any toolkit.
 class Requestor
@@ -104,10 +90,10 @@ private Q_SLOTS:
         // Command substitution waits until nobody has its pipe any more.
         QCOMPARE(stage.run(u"x=$(pbcopy <in 2>&1 3>&1); pbpaste >out"_s), 0);
         QVERIFY(stage.file(u"out"_s) == bytes);
-        QVERIFY(isServing(stage));
+        QVERIFY(stage.isServing());
         QVERIFY(stage.session.clipboard().text() == QString::fromUtf8(bytes));
         stage.session.clipboard().setText(u"other"_s);
-        QTRY_VERIFY(!isServing(stage));
+        QTRY_VERIFY(!stage.isServing());
         QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
         QCOMPARE(stage.file(u"out"_s), "other");
     }
@@ -167,25 +153,6 @@ private Q_SLOTS:
 
         QCOMPARE(stage.run(u"printf '\\355\\225\\234' | pbcopy"_s), 0);
         QVERIFY(!requestor.convert("STRING", "A"));
-    }
-
-    /// The other owners are the capture's to try: it reads in the same way.
-    void hostileOwners()
-    {
-        const QByteArray letters
-            = QByteArray("abcdefghijklmnopqrstuvwxyz").repeated(12000).left(300000);
-        for (const auto &[mode, expected] :
-             { std::pair { QStringList { u"never-answers"_s }, QByteArray() },
-               { { u"incr"_s, u"300000"_s }, letters } }) {
-            Stage stage;
-            QVERIFY2(stage.prepare(), qPrintable(stage.session.errorString()));
-            ChildProcess *owner = launchHostileOwner(stage.session, mode);
-            QVERIFY(owner);
-            stage.session.user().tap(XKB_KEY_c, { XKB_KEY_Control_L });
-            QVERIFY(owner->waitForOutput(QRegularExpression(u"taken\n"_s)).hasMatch());
-            QCOMPARE(stage.run(u"pbpaste >out"_s), 0);
-            QCOMPARE(stage.file(u"out"_s), expected);
-        }
     }
 
     void withoutDisplay()

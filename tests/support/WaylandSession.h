@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/Session.h"
+#include "support/WaylandUser.h"
+
+#include <QImage>
+#include <QList>
+#include <QPoint>
+
+namespace Tessel::Desktop {
+
+struct WaylandOptions
+{
+    bool kwin = false; // in place of sway
+    // An output of outputSize for each, from left to right. sway only, as what follows.
+    QList<double> scales { 1.0 };
+    QString keyboardLayout = QStringLiteral("us"); // as for setxkbmap(1)
+    bool x11 = false; // X11 programs can be started
+};
+
+// A private Wayland desktop: sway, with every window floating in the top left corner and the bare
+// desktop beside it, or KWin. It runs in another sway, which has no screen, so that the user's
+// keyboard and mouse are real ones for it. sway is an ordinary user's also when the test is root's.
+class WaylandSession final : public Session
+{
+public:
+    static constexpr QSize outputSize { 1280, 800 }; // pixels
+    static constexpr QSize windowSize { 500, 300 }; // logical
+
+    // Returns when the desktop is ready to be used; false with a reason in errorString().
+    [[nodiscard]] bool start(const WaylandOptions &options = {});
+
+    // Valid after start().
+    [[nodiscard]] WaylandUser &user() const { return *m_user; }
+
+    // Until a window with this app_id has the keyboard, or an X11 program of this window class.
+    // KWin does not tell: there the user has to try.
+    [[nodiscard]] bool waitForFocus(const QString &application);
+
+    // Everything that is to be seen, in pixels; null when that fails.
+    [[nodiscard]] QImage screenshot();
+    // What is marked, and what was copied, as any program may read it; empty: nothing.
+    [[nodiscard]] QString primarySelection();
+    [[nodiscard]] QString clipboard();
+
+    void endCompositor();
+
+private:
+    [[nodiscard]] bool startSway(const QString &name, const QString &configuration,
+                                 QProcessEnvironment own);
+    [[nodiscard]] bool startKWin();
+    [[nodiscard]] QString focusedApplication();
+    [[nodiscard]] QString outputOf(const QString &program, const QStringList &arguments);
+
+    bool m_isKWin = false;
+    QString m_socket; // of the compositor started last
+    QString m_outerSocket;
+    ChildProcess *m_compositor = nullptr;
+    std::unique_ptr<WaylandUser> m_user;
+};
+
+}
