@@ -77,7 +77,7 @@ bool WaylandSession::start(const WaylandOptions &options)
     outer.insert(u"WLR_LIBINPUT_NO_DEVICES"_s, u"1"_s);
     if (!startSway(u"outer"_s, outerConfiguration(size), outer))
         return false;
-    m_outerSocket = m_socket;
+    m_outerSocket = m_offered.take(u"WAYLAND_DISPLAY"_s);
 
     QProcessEnvironment inner = environment();
     inner.insert(u"WLR_BACKENDS"_s, u"wayland"_s);
@@ -86,29 +86,28 @@ bool WaylandSession::start(const WaylandOptions &options)
     m_isKWin = options.kwin;
     if (m_isKWin ? !startKWin() : !startSway(u"inner"_s, innerConfiguration(options), inner))
         return false;
+    for (auto variable = m_offered.cbegin(); variable != m_offered.cend(); ++variable)
+        setVariable(variable.key(), variable.value());
     m_user = std::make_unique<WaylandUser>(m_outerSocket, size);
     if (!m_user->isConnected())
         return fail(u"no hands in the compositor"_s);
     // The first key of a seat that had no keyboard is lost.
     m_user->tap(KEY_LEFTSHIFT);
-    m_user->movePointer({ size.width() / 2, size.height() / 2 });
     return true;
 }
 
-// Programs of the desktop get the variables that the compositor gives its own children.
 bool WaylandSession::startSway(const QString &name, const QString &configuration,
                                QProcessEnvironment own)
 {
     const QString folder = path(name);
     const QString file = folder + u"/config"_s;
-    if (!writeFile(file, configuration + u"env >%1/new && mv %1/new %1/offered\n"_s.arg(folder)))
+    const QString offered = folder + u"/offered"_s;
+    if (!writeFile(file, configuration + u"env >%1.new && mv %1.new %1\n"_s.arg(offered)))
         return fail(u"cannot write "_s + file);
     QStringList command { u"sway"_s, u"--config"_s, file };
     if (::geteuid() == 0) { // which sway refuses to be
-        command
-            = u"setpriv --reuid=%1 --regid=%1 --clear-groups --pdeathsig TERM"_s.arg(nobody).split(
-                  u' ')
-            + command;
+        const auto asNobody = u"setpriv --reuid=%1 --regid=%1 --clear-groups --pdeathsig TERM"_s;
+        command = asNobody.arg(nobody).split(u' ') + command;
         QFile::setPermissions(path(u"."_s), QFile::Permissions(0x7001)); // to be passed through
         if (::chown(qPrintable(folder), nobody, nobody) != 0)
             return fail(u"cannot give away "_s + folder);
@@ -117,21 +116,25 @@ bool WaylandSession::startSway(const QString &name, const QString &configuration
     own.insert(u"XDG_RUNTIME_DIR"_s, folder);
     own.insert(u"WLR_RENDERER"_s, u"pixman"_s);
     m_compositor = &launch(command.takeFirst(), command, own);
-    const QString offered = folder + u"/offered"_s;
-    if (!QTest::qWaitFor([&] { return QFile::exists(offered) || !m_compositor->isRunning(); },
-                         timeoutMs)
-        || !m_compositor->isRunning())
+    const auto isUpOrGone = [&] { return QFile::exists(offered) || !m_compositor->isRunning(); };
+    if (!QTest::qWaitFor(isUpOrGone, timeoutMs) || !m_compositor->isRunning())
         return fail(u"sway does not start: "_s + m_compositor->errorOutput());
-    const auto variables = QString::fromLocal8Bit(readFile(offered)).split(u'\n');
-    for (const auto &variable : variables) {
-        const QString key = variable.section(u'=', 0, 0);
-        const QString value = variable.section(u'=', 1);
-        if (key == u"WAYLAND_DISPLAY")
-            setVariable(key, m_socket = folder + u'/' + value);
-        else if (key == u"DISPLAY" || key == u"SWAYSOCK")
-            setVariable(key, value);
-    }
+    readOffer(folder);
     return true;
+}
+
+void WaylandSession::readOffer(const QString &folder)
+{
+    m_offered.clear();
+    const auto variables = QString::fromLocal8Bit(readFile(folder + u"/offered"_s)).split(u'\n');
+    for (const auto &variable : variables) {
+        const QString name = variable.section(u'=', 0, 0);
+        const QString value = variable.section(u'=', 1);
+        if (name == u"WAYLAND_DISPLAY")
+            m_offered.insert(name, folder + u'/' + value); // of whatever runtime folder
+        else if (name == u"DISPLAY" || name == u"SWAYSOCK")
+            m_offered.insert(name, value);
+    }
 }
 
 bool WaylandSession::startKWin()
@@ -140,7 +143,8 @@ bool WaylandSession::startKWin()
     const QString program = path(u"kwin_wayland"_s);
     if (!QFile::copy(u"/usr/bin/kwin_wayland"_s, program))
         return fail(u"there is no KWin"_s);
-    m_socket = runtimePath() + u"/wayland-kwin"_s;
+    const QString socket = runtimePath() + u"/wayland-kwin"_s;
+    m_offered = { { u"WAYLAND_DISPLAY"_s, socket } };
     QProcessEnvironment own = environment();
     own.insert(u"KWIN_COMPOSE"_s, u"Q"_s); // without OpenGL
     const auto options
@@ -148,10 +152,9 @@ bool WaylandSession::startKWin()
               .arg(m_outerSocket)
               .arg(outputSize.width())
               .arg(outputSize.height())
-              .arg(QFileInfo(m_socket).fileName());
+              .arg(QFileInfo(socket).fileName());
     m_compositor = &launch(program, options.split(u' '), own);
-    setVariable(u"WAYLAND_DISPLAY"_s, m_socket);
-    return QTest::qWaitFor([this] { return QFile::exists(m_socket); }, timeoutMs)
+    return QTest::qWaitFor([&] { return QFile::exists(socket); }, timeoutMs)
         || fail(u"KWin does not start: "_s + m_compositor->errorOutput());
 }
 

@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QList>
+#include <QMap>
 #include <QPoint>
 
 namespace Tessel::Desktop {
@@ -50,12 +51,13 @@ public:
 private:
     [[nodiscard]] bool startSway(const QString &name, const QString &configuration,
                                  QProcessEnvironment own);
+    void readOffer(const QString &folder);
     [[nodiscard]] bool startKWin();
     [[nodiscard]] QString focusedApplication();
     [[nodiscard]] QString outputOf(const QString &program, const QStringList &arguments);
 
     bool m_isKWin = false;
-    QString m_socket; // of the compositor started last
+    QMap<QString, QString> m_offered; // variables for programs of the compositor started last
     QString m_outerSocket;
     ChildProcess *m_compositor = nullptr;
     std::unique_ptr<WaylandUser> m_user;
