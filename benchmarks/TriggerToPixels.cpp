@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 //
-// trigger_to_pixels [PRESSES [CHARACTERS [ACTIONS]]]: what the time between the trigger key and the
-// first pixels of the bar goes into, on a private desktop, seen from outside the program:
+// trigger_to_pixels [--wayland] [PRESSES [CHARACTERS [ACTIONS]]]: what the time between the trigger
+// key and the first pixels of the bar goes into, on a private desktop, seen from outside the
+// program:
 //
 //     copy     key press until the application in front takes the clipboard
 //     poll     until it is asked for the text
@@ -11,12 +12,19 @@
 //     map      until its window is on the screen
 //     paint    until the window shows more than one colour
 //
-// and what private memory the program has before the presses and after them. The application in
+// and how long the program takes to start, and what private memory it has before the presses and
+// after them. The application in
 // front is a window that answers at once, so that its own time is left out. Of the actions, all
 // beyond the eighth have a regular expression that does not match.
+//
+// On Wayland the desktop is sway, the one in front is mousepad, whose time counts, and the protocol
+// as the program's library logs it tells the last two steps: that the bar gets its place on the
+// screen, and that the painted picture is handed over. sway shows that with the next frame. When
+// the text is asked for is not told.
 
 #include "desktop/TesselProgram.h"
 #include "support/DesktopSession.h"
+#include "support/WaylandEditor.h"
 #include "support/XUser.h"
 #include "support/XcbSupport.h"
 
@@ -35,6 +43,7 @@
 #include <array>
 #include <cstdio>
 
+#include <linux/input-event-codes.h>
 #include <xcb/damage.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
@@ -57,10 +66,12 @@ public:
         m_at.fill(0);
         m_clock.start();
     }
+    /// Steps before it that were not seen took place by then.
     void mark(Step step)
     {
-        if (m_at[step] == 0)
-            m_at[step] = m_clock.nsecsElapsed();
+        const qint64 now = m_clock.nsecsElapsed();
+        for (int each = step; each >= 0 && m_at[size_t(each)] == 0; --each)
+            m_at[size_t(each)] = now;
     }
     [[nodiscard]] bool isComplete() const { return m_at[Painted] != 0; }
     [[nodiscard]] double took(int step) const
@@ -153,6 +164,28 @@ private:
     QSocketNotifier m_notifier;
 };
 
+/// Sees the bar by what the Wayland library of the program logs of its requests.
+void watchRequests(QProcess &process, Timeline &timeline)
+{
+    process.setReadChannel(QProcess::StandardError);
+    QObject::connect(
+        &process, &QProcess::readyReadStandardError, &process,
+        [&, surface = QByteArray()]() mutable {
+            static const QRegularExpression role(
+                u"get_layer_surface\\(new id [^,]+, (wl_surface@\\d+), .*\"tessel\"\\)"_s);
+            while (process.canReadLine()) {
+                const QByteArray line = process.readLine();
+                if (const auto match = role.match(QString::fromLatin1(line)); match.hasMatch()) {
+                    surface = match.captured(1).toLatin1();
+                    timeline.mark(Mapped);
+                } else if (!surface.isEmpty() && line.contains(surface + ".attach(wl_buffer@")) {
+                    timeline.mark(Painted);
+                    surface.clear();
+                }
+            }
+        });
+}
+
 /// Handles events as they come (a polling wait would round the times up).
 void waitForPixels(const Timeline &timeline)
 {
@@ -207,60 +240,71 @@ struct Samples
     QList<double> totals;
 };
 
-Samples press(int times, Timeline &timeline, XUser &user)
+/// How often, how much text is marked, and how many actions there are.
+struct Load
+{
+    int presses;
+    int characters;
+    int actions;
+};
+
+/// The user's keys.
+struct Keys
+{
+    std::function<void()> trigger;
+    std::function<void()> escape;
+};
+
+Samples press(int times, Timeline &timeline, const Keys &keys)
 {
     Samples samples;
     for (int i = 0; i < times; ++i) {
         timeline.restart();
-        user.tap(XKB_KEY_F2);
+        keys.trigger();
         waitForPixels(timeline);
         if (timeline.isComplete()) {
             for (int step = 0; step < StepCount; ++step)
                 samples.parts[size_t(step)] += timeline.took(step);
             samples.totals += timeline.total();
         }
-        user.tap(XKB_KEY_Escape);
+        QTest::qWait(100); // nobody sees the bar and presses a key before it has the keyboard
+        keys.escape();
         QTest::qWait(1100); // until the trigger counts again
     }
     return samples;
 }
 
+bool fail(const QString &reason)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(reason));
+    return false;
 }
 
-int main(int argc, char *argv[])
+/// The program, once it is up and has built the bar ahead.
+bool start(QProcess &tessel, Session &session, Timeline &timeline, const Load &load)
 {
-    const QCoreApplication app(argc, argv);
-    const auto argument = [&](int index, int otherwise) {
-        return argc > index ? QByteArray(argv[index]).toInt() : otherwise;
-    };
-    const int presses = argument(1, 20);
-
-    DesktopSession session;
-    if (!session.start()) {
-        std::fprintf(stderr, "%s\n", qPrintable(session.errorString()));
-        return 1;
-    }
-    Timeline timeline;
-    QProcess front;
-    front.setProcessEnvironment(session.environment());
-    watch(front, timeline, { { "taken", Taken }, { "asked UTF8_STRING", Asked } });
-    front.start(QStringLiteral(TESSEL_HOSTILE_OWNER), frontArguments(argument(2, 1024)));
-
-    TesselProgram configuration(session);
-    configuration.actions = actions(argument(3, 8));
+    TesselProcess configuration(session);
+    configuration.actions = actions(load.actions);
     if (!configuration.writeConfiguration())
-        return 1;
-    QProcess tessel;
+        return fail(u"The configuration cannot be written."_s);
     tessel.setProcessEnvironment(session.environment());
+    QElapsedTimer timer;
+    timer.start();
+    tessel.start(TesselProcess::path(), QStringList());
+    QByteArray output;
+    while (!output.contains("Tessel started.") && tessel.waitForReadyRead())
+        output += tessel.readAllStandardOutput();
+    std::printf("%-12s %7.2f ms\n", "start", double(timer.nsecsElapsed()) / 1e6);
     watch(tessel, timeline,
           { { "simulation succeeded", GotText }, { "FloatingPanel showing", Filled } });
-    tessel.start(TesselProgram::path(), QStringList());
-    QTest::qWait(2000); // up, and the bar built ahead
-    session.user().movePointer({ 640, 500 });
-    Eyes eyes(session.display(), timeline);
+    QTest::qWait(2000);
+    return tessel.state() == QProcess::Running || fail(u"Tessel does not start."_s);
+}
 
+bool measure(QProcess &tessel, Timeline &timeline, const Load &load, const Keys &keys)
+{
     const int before = privateDirty(tessel.processId());
-    const Samples samples = press(presses, timeline, session.user());
+    const Samples samples = press(load.presses, timeline, keys);
     const int after = privateDirty(tessel.processId());
     for (int step = 0; step < StepCount; ++step)
         std::printf("%-12s %7.2f ms   first press %7.2f ms\n", names[size_t(step)],
@@ -268,9 +312,65 @@ int main(int argc, char *argv[])
     std::printf("%-12s %7.2f ms   first press %7.2f ms   (medians of %d)\n", "in all",
                 median(samples.totals), samples.totals.value(0), int(samples.totals.size()));
     std::printf("private dirty %d KiB before, %+d KiB after\n", before, after - before);
-    for (QProcess *process : { &tessel, &front }) {
-        process->terminate();
-        process->waitForFinished();
-    }
-    return samples.totals.size() == presses ? 0 : 1;
+    tessel.terminate();
+    tessel.waitForFinished();
+    return samples.totals.size() == load.presses;
+}
+
+bool onX11(const Load &load)
+{
+    DesktopSession session;
+    if (!session.start())
+        return fail(session.errorString());
+    Timeline timeline;
+    QProcess front;
+    front.setProcessEnvironment(session.environment());
+    watch(front, timeline, { { "taken", Taken }, { "asked UTF8_STRING", Asked } });
+    front.start(QStringLiteral(TESSEL_HOSTILE_OWNER), frontArguments(load.characters));
+    QProcess tessel;
+    if (!start(tessel, session, timeline, load))
+        return false;
+    XUser &user = session.user();
+    user.movePointer({ 640, 500 });
+    const Eyes eyes(session.display(), timeline);
+    const bool isDone
+        = measure(tessel, timeline, load,
+                  { [&] { user.tap(XKB_KEY_F2); }, [&] { user.tap(XKB_KEY_Escape); } });
+    front.terminate();
+    front.waitForFinished();
+    return isDone;
+}
+
+bool onWayland(const Load &load)
+{
+    WaylandSession session;
+    if (!session.start())
+        return fail(session.errorString());
+    WaylandEditor front(session, WaylandEditorKind::Mousepad);
+    if (!front.open(QString(load.characters, u'x')) || !front.selectAll())
+        return fail(u"mousepad does not start."_s);
+    session.setVariable(u"WAYLAND_DEBUG"_s, u"1"_s);
+    Timeline timeline;
+    QProcess tessel;
+    if (!start(tessel, session, timeline, load))
+        return false;
+    watchRequests(tessel, timeline);
+    WaylandUser &user = session.user();
+    user.movePointer({ 1000, 600 });
+    return measure(tessel, timeline, load,
+                   { [&] { user.tap(KEY_F2); }, [&] { user.tap(KEY_ESC); } });
+}
+
+}
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication app(argc, argv);
+    const bool isWayland = argc > 1 && QByteArray(argv[1]) == "--wayland";
+    const auto argument = [&](int index, int otherwise) {
+        index += isWayland;
+        return argc > index ? QByteArray(argv[index]).toInt() : otherwise;
+    };
+    const Load load { argument(1, 20), argument(2, 1024), argument(3, 8) };
+    return (isWayland ? onWayland(load) : onX11(load)) ? 0 : 1;
 }
