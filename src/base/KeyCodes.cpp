@@ -111,6 +111,13 @@ const Key *keyWithVirtualCode(qint64 virtualCode)
 
 }
 
+qint64 KeyCodes::modifierBits(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? shift : 0)
+        | (modifiers & Qt::ControlModifier ? control : 0)
+        | (modifiers & Qt::AltModifier ? option : 0) | (modifiers & Qt::MetaModifier ? command : 0);
+}
+
 std::optional<qint64> KeyCodes::virtualFromScanCode(quint32 scanCode)
 {
     const int evdevCode = static_cast<int>(scanCode) - evdevOffset;

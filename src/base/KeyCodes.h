@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <Qt>
 
 #include <optional>
 
@@ -22,6 +22,9 @@ inline constexpr qint64 control = 0x40000;
 inline constexpr qint64 option = 0x80000; ///< Alt
 inline constexpr qint64 command = 0x100000; ///< Super
 inline constexpr qint64 modifierMask = 0x1E0000;
+
+/// The bits of those that key events of Qt have.
+[[nodiscard]] qint64 modifierBits(Qt::KeyboardModifiers modifiers);
 
 /// Between virtual key codes and native scan codes as key events have them: X11 keycodes, which are
 /// Linux input event codes (linux/input-event-codes.h) + 8. Nothing for keys that have no

@@ -18,14 +18,6 @@ namespace {
 constexpr double radius = CornerRadius::control;
 const QString invitation = u"Click to record shortcut"_s;
 
-qint64 modifierBits(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers & Qt::ShiftModifier ? KeyCodes::shift : 0)
-        | (modifiers & Qt::ControlModifier ? KeyCodes::control : 0)
-        | (modifiers & Qt::AltModifier ? KeyCodes::option : 0)
-        | (modifiers & Qt::MetaModifier ? KeyCodes::command : 0);
-}
-
 }
 
 ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifierFlags,
@@ -99,7 +91,7 @@ void ShortcutRecorderControl::keyPressEvent(QKeyEvent *event)
         return;
     if (*keyCode != KeyCodes::keyEscape) {
         m_keyCode = *keyCode;
-        m_modifierFlags = modifierBits(event->modifiers());
+        m_modifierFlags = KeyCodes::modifierBits(event->modifiers());
         if (onShortcutChanged)
             onShortcutChanged(m_keyCode, m_modifierFlags);
     }

@@ -4,6 +4,7 @@
 
 #include "base/TextRules.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -131,6 +132,8 @@ void DialogParts::present(QWidget *window)
     window->adjustSize();
     const QRect area = window->screen()->availableGeometry();
     window->resize(window->size().boundedTo(area.size() * 0.9));
+    if (!window->findChild<QAbstractScrollArea *>())
+        window->setFixedSize(window->size()); // tiling compositors leave such a window its size
     window->show();
     window->raise();
     window->activateWindow();

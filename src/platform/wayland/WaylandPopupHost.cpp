@@ -231,7 +231,8 @@ bool WaylandPopupHost::eventFilter(QObject *window, QEvent *event)
         const PopupKey key = popupKey(press);
         if (m_wants && !m_wants(key) && !press.isAutoRepeat()
             && !KeyCodes::isModifierOrLock(press.nativeScanCode()))
-            m_elsewhere({ InputEvent::Kind::keyDown, key.keyCode });
+            m_elsewhere({ InputEvent::Kind::keyDown, key.keyCode,
+                          KeyCodes::modifierBits(press.modifiers()) });
     } else if (event->type() == QEvent::KeyRelease) {
         const auto &release = static_cast<const QKeyEvent &>(*event);
         if (!release.isAutoRepeat())
