@@ -64,7 +64,8 @@ bool WaylandTessel::waitForBar(QPoint pointer, double scale)
         },
         timeoutMs);
     if (!isThere)
-        qInfo() << "instead of" << place(pointer, scale) << "there is" << seen;
+        qInfo().noquote() << "instead of" << place(pointer, scale) << "there is" << seen << '\n'
+                          << process().output().right(1500);
     noteCapture();
     return isThere;
 }
