@@ -81,13 +81,17 @@ bool WaylandSession::start(const WaylandOptions &options)
 
     QProcessEnvironment inner = environment();
     inner.insert(u"WLR_BACKENDS"_s, u"wayland"_s);
-    inner.insert(u"WLR_WL_OUTPUTS"_s, QString::number(options.scales.size()));
     inner.insert(u"WAYLAND_DISPLAY"_s, m_outerSocket);
     m_isKWin = options.kwin;
     if (m_isKWin ? !startKWin() : !startSway(u"inner"_s, innerConfiguration(options), inner))
         return false;
     for (auto variable = m_offered.cbegin(); variable != m_offered.cend(); ++variable)
         setVariable(variable.key(), variable.value());
+    // One after the other: sway 1.10 loses its connection when it makes several at once.
+    for (qsizetype i = 1; i < options.scales.size(); ++i) {
+        if (!run(u"swaymsg"_s, { u"create_output"_s }))
+            return false;
+    }
     m_user = std::make_unique<WaylandUser>(m_outerSocket, size);
     if (!m_user->isConnected())
         return fail(u"no hands in the compositor"_s);
