@@ -35,6 +35,9 @@ constexpr uint noAutoloading = 4;
 /// A pause after which a press is none of a key that repeats, should its release get lost.
 constexpr qint64 maxRepeatDelay = 3000;
 
+/// The release of a key comes by another way than its press, which it may overtake.
+constexpr qint64 quickTap = 50;
+
 const BusObject shortcuts { u"org.kde.kglobalaccel"_s, u"/kglobalaccel"_s,
                             u"org.kde.KGlobalAccel"_s };
 
@@ -86,7 +89,10 @@ void KWinTrigger::listen()
 void KWinTrigger::press()
 {
     const bool isRepeated = m_lastPress.isValid() && !m_lastPress.hasExpired(maxRepeatDelay);
-    m_lastPress.start();
+    if (m_lastRelease.isValid() && !m_lastRelease.hasExpired(quickTap))
+        m_lastPress.invalidate();
+    else
+        m_lastPress.start();
     if (isRepeated)
         return;
     m_isKept = true;
@@ -95,8 +101,10 @@ void KWinTrigger::press()
 
 void KWinTrigger::release(const QString &ofComponent, const QString &ofAction)
 {
-    if (ofComponent == component && ofAction == action)
-        m_lastPress.invalidate();
+    if (ofComponent != component || ofAction != action)
+        return;
+    m_lastPress.invalidate();
+    m_lastRelease.start();
 }
 
 void KWinTrigger::assign()

@@ -44,6 +44,7 @@ private:
     bool m_isTaken = false; ///< another action has the key
     bool m_isKept = false; ///< the last press can be passed on
     QElapsedTimer m_lastPress; ///< valid while the key is down
+    QElapsedTimer m_lastRelease;
 };
 
 }
