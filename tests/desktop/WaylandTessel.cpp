@@ -59,6 +59,8 @@ bool WaylandTessel::waitForBar(QPoint pointer, double scale)
     QRect seen;
     const bool isThere = QTest::qWaitFor(
         [&] {
+            // While it rests, a nested KWin 6.3 may show nothing.
+            m_session.user().movePointer(pointer);
             seen = bar();
             return isNear(seen, place(pointer, scale));
         },
