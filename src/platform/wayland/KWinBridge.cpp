@@ -120,7 +120,8 @@ void KWinBridge::read(const QString &state)
     const QJsonObject root = QJsonDocument::fromJson(state.toUtf8()).object();
     const QHash<QString, quint64> known = std::exchange(m_handles, {});
     QList<WaylandWindow> windows;
-    for (const QJsonValue &value : root[u"windows"].toArray()) {
+    const QJsonArray list = root[u"windows"].toArray();
+    for (const auto value : list) {
         const QJsonObject window = value.toObject();
         const QString id = window[u"id"].toString();
         const quint64 handle = known.contains(id) ? known[id] : ++m_lastHandle;
@@ -141,7 +142,8 @@ void KWinBridge::read(const QString &state)
         [&](const WaylandWindow &a, const WaylandWindow &b) { return rank(a) < rank(b); });
     m_windows = windows;
     m_workAreas.clear();
-    for (const QJsonValue &value : root[u"workAreas"].toArray())
+    const QJsonArray areas = root[u"workAreas"].toArray();
+    for (const auto value : areas)
         m_workAreas.append(rectOf(value.toObject()));
     if (std::exchange(m_active, active) != active)
         Q_EMIT activeChanged();

@@ -157,7 +157,8 @@ void SwayTrigger::findKeyboards()
 {
     m_sway->ask(SwayIpc::Request::getInputs, {}, [this](const QJsonDocument &inputs) {
         QList<QByteArray> keyboards = groups;
-        for (const QJsonValue &input : inputs.array()) {
+        const QJsonArray list = inputs.array();
+        for (const auto input : list) {
             const QByteArray keyboard = input[QLatin1String("identifier")].toString().toUtf8();
             if (input[QLatin1String("type")] == QLatin1String("keyboard") && !isVirtual(keyboard)
                 && !keyboards.contains(keyboard))
