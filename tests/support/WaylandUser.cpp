@@ -90,16 +90,20 @@ WaylandUser::Private::Private(const QString &socket)
 {
     if (!connection)
         return;
-    auto *keyboards = connection->bind<zwp_virtual_keyboard_manager_v1>(
-        zwp_virtual_keyboard_manager_v1_interface, 1);
-    auto *pointers = connection->bind<zwlr_virtual_pointer_manager_v1>(
-        zwlr_virtual_pointer_manager_v1_interface, 2);
+    const WaylandPtr<zwp_virtual_keyboard_manager_v1> keyboards(
+        connection->bind<zwp_virtual_keyboard_manager_v1>(zwp_virtual_keyboard_manager_v1_interface,
+                                                          1),
+        zwp_virtual_keyboard_manager_v1_destroy);
+    const WaylandPtr<zwlr_virtual_pointer_manager_v1> pointers(
+        connection->bind<zwlr_virtual_pointer_manager_v1>(zwlr_virtual_pointer_manager_v1_interface,
+                                                          2),
+        zwlr_virtual_pointer_manager_v1_destroy);
     if (!keyboards || !pointers)
         return;
-    keyboard.reset(
-        zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(keyboards, connection->seat()));
+    keyboard.reset(zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(keyboards.get(),
+                                                                           connection->seat()));
     pointer.reset(
-        zwlr_virtual_pointer_manager_v1_create_virtual_pointer(pointers, connection->seat()));
+        zwlr_virtual_pointer_manager_v1_create_virtual_pointer(pointers.get(), connection->seat()));
     setKeymap(keyboard.get());
     connection->roundTrip();
 }
