@@ -98,7 +98,7 @@ QFuture<void> KWinFakeKeys::whenReady()
         org_kde_kwin_keystate_fetch_states(m_modifierState.get());
         m_patience.start();
     }
-    const QFuture<void> ready = m_ready->future();
+    QFuture<void> ready = m_ready->future();
     whenHandled().then(&m_patience, [this] {
         if (!m_held)
             endWaiting();

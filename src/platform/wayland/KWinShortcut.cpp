@@ -78,8 +78,8 @@ int kwinShortcut(const KeyChord &chord)
             modifiers |= int(modifier);
     }
     const auto place = key > 0 && key < 0x80 ? plain.find(char(key)) : plain.npos;
-    if (place != plain.npos && modifiers & Qt::ShiftModifier) {
-        key = shifted[place];
+    if (place != plain.npos && (chord.modifiers & KeyCodes::shift) != 0) {
+        key = uchar(shifted[place]);
         modifiers &= ~int(Qt::ShiftModifier);
     }
     if (const int number = find(keypad, chord.keyCode)) {

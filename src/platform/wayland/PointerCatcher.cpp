@@ -213,7 +213,7 @@ std::shared_ptr<void> PointerCatcher::spread()
     for (const auto &sheet : m_sheets)
         sheet->show();
     m_connection.flush();
-    const std::shared_ptr<void> watch(this, [self = QPointer(this)](void *) {
+    std::shared_ptr<void> watch(this, [self = QPointer(this)](void *) {
         if (!self)
             return;
         for (const auto &sheet : self->m_sheets)

@@ -20,7 +20,7 @@ namespace Tessel {
 
 namespace {
 
-constexpr qsizetype maxMessage = 4 * 1024 * 1024; ///< bytes
+constexpr qsizetype maxMessage = 4 << 20; ///< bytes
 constexpr quint32 eventBit = 0x80000000;
 
 /// Both numbers are in the byte order of the machine.

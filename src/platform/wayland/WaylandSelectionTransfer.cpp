@@ -35,11 +35,10 @@ WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dat
             end({});
     });
     const QList<QByteArray> &offered = dataControl.mimeTypes(selection);
-    if (accept == Accept::anyText)
-        requestText();
-    else if (offered.contains(copiedFiles))
+    const bool isForCapture = accept == Accept::selectedText;
+    if (isForCapture && offered.contains(copiedFiles))
         end({});
-    else if (offered.contains(passwordHint))
+    else if (isForCapture && offered.contains(passwordHint))
         request(Asked::hint, passwordHint);
     else
         requestText();
