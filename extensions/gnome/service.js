@@ -69,6 +69,8 @@ export class Service {
             const result = await this[`_${method}`](...values, call, token);
             const types = call.get_method_info().out_args.map(({signature}) => signature);
             call.return_value(new GLib.Variant(`(${types.join('')})`, result ?? []));
+            if (method === 'Attach')
+                this._begin();
         } catch (error) {
             call.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied', `${error.message}`);
         }
@@ -92,7 +94,6 @@ export class Service {
         this._detach();
         this._owner = name;
         this._program = {name, token, process: reply.ProcessID};
-        this._begin();
     }
 
     _connect(object, signal, handler) {
@@ -257,7 +258,8 @@ export class Service {
     }
 
     _Receive(selection, format, index, call) {
-        const fd = call.get_message().get_unix_fd_list().get(index);
+        // A copy would be open until the message is collected, and the reader would wait for its end.
+        const fd = call.get_message().get_unix_fd_list().steal_fds()[index];
         const stream = new Gio.UnixOutputStream({fd, closeFd: true});
         this._selection.transfer_async(selection, format, MAX_BYTES, stream, null, () => {
             stream.close_async(GLib.PRIORITY_DEFAULT, null, null);

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/none/NonePlatform.h"
 #ifdef TESSEL_WAYLAND
+#include "platform/gnome/GnomePlatform.h"
 #include "platform/wayland/WaylandPlatform.h"
 #endif
 #ifdef TESSEL_X11
@@ -18,6 +19,7 @@ Result<std::unique_ptr<Platform>> makePlatform()
     return connectToDesktop<Platform>({
 #ifdef TESSEL_WAYLAND
         { "wayland", WaylandPlatform::isOffered, WaylandPlatform::connect },
+        { "gnome", GnomePlatform::isOffered, GnomePlatform::connect },
 #endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11Platform::connect },

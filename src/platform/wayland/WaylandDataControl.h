@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/Descriptor.h"
 #include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandSelections.h"
 
 struct wl_callback;
 struct zwlr_data_control_device_v1;
@@ -15,39 +15,27 @@ namespace Tessel {
 
 /// The selections of the first seat, for a program that is not in front: ext-data-control-v1 or
 /// wlr-data-control-unstable-v1. Events are delivered as the connection is.
-class WaylandDataControl final : public QObject
+class WaylandDataControl final : public WaylandSelections
 {
     Q_OBJECT
 
 public:
-    enum class Selection { clipboard, primary };
-
     [[nodiscard]] static bool isOffered(const WaylandConnection &connection);
 
     /// Is about nothing until the compositor has answered, and when it offers neither protocol.
     explicit WaylandDataControl(WaylandConnection &connection);
     ~WaylandDataControl() override;
 
-    /// Rises each time that somebody puts something on the clipboard, us included.
-    [[nodiscard]] qint64 changeCount() const { return m_changeCount; }
-
-    /// The formats in which it can be had; none when nothing is selected.
-    [[nodiscard]] const QList<QByteArray> &mimeTypes(Selection selection) const;
-
-    /// Asks the owner to write what is selected to a pipe; the end to read it from, which does not
-    /// wait. Not valid when nothing is selected.
-    [[nodiscard]] Descriptor receive(Selection selection, const QByteArray &mimeType) const;
+    [[nodiscard]] qint64 changeCount() const override { return m_changeCount; }
+    [[nodiscard]] const QList<QByteArray> &mimeTypes(Selection selection) const override;
+    [[nodiscard]] Descriptor receive(Selection selection,
+                                     const QByteArray &mimeType) const override;
 
     /// To offer something with; null when neither protocol is there.
     [[nodiscard]] WaylandPtr<zwlr_data_control_source_v1> createSource() const;
 
     /// Puts on the clipboard what the source offers. A source can be used once.
     void setClipboard(zwlr_data_control_source_v1 *source);
-
-Q_SIGNALS:
-    /// Something else is selected, or nothing any more. What was selected before the start is no
-    /// change.
-    void changed(Tessel::WaylandDataControl::Selection selection);
 
 private:
     struct Offer

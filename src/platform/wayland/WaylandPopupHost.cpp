@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandPopupHost.h"
 
-#include "base/KeyCodes.h"
-
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QScreen>
 
 using namespace std::chrono_literals;
@@ -16,7 +13,6 @@ namespace {
 
 /// A compositor that does not say where the pointer is gets no longer than this.
 constexpr auto untilFound = 100ms;
-constexpr auto maxIdle = 60s;
 
 QScreen *screenNamed(const QString &name)
 {
@@ -26,12 +22,6 @@ QScreen *screenNamed(const QString &name)
             return screen;
     }
     return QGuiApplication::primaryScreen();
-}
-
-PopupKey popupKey(const QKeyEvent &event)
-{
-    return { KeyCodes::virtualFromScanCode(event.nativeScanCode()).value_or(-1), event.text(),
-             bool(event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) };
 }
 
 }
@@ -47,6 +37,7 @@ WaylandPopupHost::WaylandPopupHost(
     : m_elsewhere(std::move(elsewhere))
     , m_workArea(std::move(workArea))
     , m_catcher(connection)
+    , m_keys(m_elsewhere)
 {
     connect(&m_catcher, &PointerCatcher::found, this, [this](const QString &output, QPointF place) {
         if (const QScreen *screen = screenNamed(output))
@@ -61,8 +52,10 @@ WaylandPopupHost::WaylandPopupHost(
         const QScreen *screen = QGuiApplication::primaryScreen();
         answer(screen ? screen->geometry().center() : QPoint(), screen);
     });
-    m_idle.setSingleShot(true);
-    connect(&m_idle, &QTimer::timeout, this, &WaylandPopupHost::giveKeyboardBack);
+    connect(&m_keys, &PopupKeys::given, this, [this](QWindow *window) {
+        if (const auto shown = m_shown.find(window); shown != m_shown.end())
+            shown->second->setKeyboard(LayerSurface::Keyboard::none);
+    });
     connect(&m_sessionLock, &SessionLock::locked, this, &PopupHost::sessionLocked);
 }
 
@@ -116,10 +109,9 @@ void WaylandPopupHost::present(QWindow *window)
         m_attached.emplace(window, m_shell->attach(*window, *parent));
         return;
     }
-    const auto keyboard
-        = window == m_keysWindow ? LayerSurface::Keyboard::exclusive : LayerSurface::Keyboard::none;
+    const auto keyboard = window == m_keys.window() ? LayerSurface::Keyboard::exclusive
+                                                    : LayerSurface::Keyboard::none;
     m_shown[window] = std::make_unique<LayerSurface>(*m_shell, *window, keyboard);
-    window->installEventFilter(this);
     openSheets();
 }
 
@@ -134,11 +126,7 @@ void WaylandPopupHost::leaveQt()
 /// The surface of a window that is to be shown again must be a new one.
 void WaylandPopupHost::dismiss(QWindow *window)
 {
-    window->removeEventFilter(this);
-    if (m_keysWindow == window) {
-        m_keysWindow.clear();
-        m_keysDown.clear();
-    }
+    m_keys.forget(window);
     if (m_shown.erase(window) + m_attached.erase(window) == 0)
         return;
     const auto destroy = [window] {
@@ -171,76 +159,36 @@ void WaylandPopupHost::openSheets()
         m_catcher.leaveOpen(screen->name(), popups.translated(-screen->geometry().topLeft()));
 }
 
-void WaylandPopupHost::takeKeys(QWindow *window, const Wants &wants)
+void WaylandPopupHost::takeKeys(QWindow *window, const PopupKeys::Wants &wants)
 {
-    setKeyboard(window, wants);
+    setKeyboard(window, wants, PopupKeys::Kept::untilReleased);
 }
 
-/// A key that is down stays with the window: its release would reach the application otherwise.
 void WaylandPopupHost::releaseKeys(QWindow *window)
 {
-    if (m_keysWindow != window)
-        return;
-    m_wants = {};
-    if (m_keysDown.empty())
-        giveKeyboardBack();
+    m_keys.release(window);
 }
 
 bool WaylandPopupHost::takeKeyboard(QWindow *window)
 {
-    setKeyboard(window, [](const PopupKey &) { return true; });
-    m_idle.start(maxIdle);
+    const auto all = [](const PopupKey &) { return true; };
+    setKeyboard(window, all, PopupKeys::Kept::untilIdle);
     return m_shown.contains(window);
 }
 
 void WaylandPopupHost::releaseKeyboard(QWindow *window)
 {
-    if (m_keysWindow == window)
-        giveKeyboardBack();
+    if (m_keys.window() == window)
+        m_keys.giveBack();
 }
 
-void WaylandPopupHost::setKeyboard(QWindow *window, const Wants &wants)
+void WaylandPopupHost::setKeyboard(QWindow *window, const PopupKeys::Wants &wants,
+                                   PopupKeys::Kept kept)
 {
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);
-    if (m_keysWindow != window)
-        giveKeyboardBack();
-    m_keysWindow = window;
-    m_wants = wants;
+    m_keys.take(window, wants, kept);
     if (const auto shown = m_shown.find(window); shown != m_shown.end())
         shown->second->setKeyboard(LayerSurface::Keyboard::exclusive);
-}
-
-void WaylandPopupHost::giveKeyboardBack()
-{
-    m_idle.stop();
-    m_keysDown.clear();
-    if (const auto shown = m_shown.find(m_keysWindow); shown != m_shown.end())
-        shown->second->setKeyboard(LayerSurface::Keyboard::none);
-    m_keysWindow.clear();
-}
-
-bool WaylandPopupHost::eventFilter(QObject *window, QEvent *event)
-{
-    if (window != m_keysWindow)
-        return false;
-    if (event->type() == QEvent::KeyPress) {
-        const auto &press = static_cast<const QKeyEvent &>(*event);
-        if (m_idle.isActive())
-            m_idle.start(maxIdle);
-        m_keysDown.insert(press.nativeScanCode());
-        const PopupKey key = popupKey(press);
-        if (m_wants && !m_wants(key) && !press.isAutoRepeat()
-            && !KeyCodes::isModifierOrLock(press.nativeScanCode()))
-            m_elsewhere({ InputEvent::Kind::keyDown, key.keyCode,
-                          KeyCodes::modifierBits(press.modifiers()) });
-    } else if (event->type() == QEvent::KeyRelease) {
-        const auto &release = static_cast<const QKeyEvent &>(*event);
-        if (!release.isAutoRepeat())
-            m_keysDown.erase(release.nativeScanCode());
-        if (!m_wants && m_keysDown.empty())
-            giveKeyboardBack();
-    }
-    return false;
 }
 
 }

@@ -2,18 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/EventMonitor.h"
 #include "platform/PopupHost.h"
 #include "platform/freedesktop/SessionLock.h"
 #include "platform/wayland/LayerSurface.h"
 #include "platform/wayland/PointerCatcher.h"
+#include "platform/wayland/PopupKeys.h"
 
 #include <QPromise>
 #include <QTimer>
 
 #include <map>
 #include <optional>
-#include <set>
 
 namespace Tessel {
 
@@ -48,16 +47,11 @@ public:
     bool takeKeyboard(QWindow *window) override;
     void releaseKeyboard(QWindow *window) override;
 
-    [[nodiscard]] bool eventFilter(QObject *window, QEvent *event) override;
-
 private:
-    using Wants = std::function<bool(const PopupKey &)>;
-
     void answer(QPoint pointer, const QScreen *screen);
     void leaveQt();
     void openSheets();
-    void setKeyboard(QWindow *window, const Wants &wants);
-    void giveKeyboardBack();
+    void setKeyboard(QWindow *window, const PopupKeys::Wants &wants, PopupKeys::Kept kept);
 
     std::function<void(const InputEvent &)> m_elsewhere;
     std::function<std::optional<QRect>(const QRect &)> m_workArea;
@@ -71,10 +65,7 @@ private:
     std::optional<LayerShell> m_shell; ///< when the first popup is shown
     std::map<QWindow *, std::unique_ptr<LayerSurface>> m_shown;
     std::map<QWindow *, WaylandPtr<wl_subsurface>> m_attached; ///< to those
-    QPointer<QWindow> m_keysWindow; ///< that has the keyboard
-    Wants m_wants; ///< empty: nothing any more
-    std::set<quint32> m_keysDown; ///< in it; native scan codes
-    QTimer m_idle; ///< since the last key
+    PopupKeys m_keys;
 };
 
 }

@@ -13,24 +13,24 @@ WaylandPrimarySelection::WaylandPrimarySelection(const Services &services)
     : m_services(services)
     , m_activeWindow(activeWindow())
 {
-    connect(&services.dataControl, &WaylandDataControl::changed, this,
-            [this](WaylandDataControl::Selection selection) {
-                if (selection == WaylandDataControl::Selection::primary)
+    connect(&services.selections, &WaylandSelections::changed, this,
+            [this](WaylandSelections::Selection selection) {
+                if (selection == WaylandSelections::Selection::primary)
                     takePrimary();
             });
-    connect(&services.windows, &WaylandWindows::activeChanged, this,
+    connect(&services.focus, &WaylandFocus::activeChanged, this,
             &WaylandPrimarySelection::takeActive);
 }
 
 quint64 WaylandPrimarySelection::activeWindow() const
 {
-    const auto window = m_services.windows.active();
+    const auto window = m_services.focus.active();
     return window ? window->handle : 0;
 }
 
 void WaylandPrimarySelection::takePrimary()
 {
-    const auto &formats = m_services.dataControl.mimeTypes(WaylandDataControl::Selection::primary);
+    const auto &formats = m_services.selections.mimeTypes(WaylandSelections::Selection::primary);
     m_markedWindow = formats.isEmpty() ? 0 : activeWindow();
     m_isNewerThanFocus = m_markedWindow != 0;
 }
@@ -50,7 +50,7 @@ bool WaylandPrimarySelection::isMarkedIn(quint64 window) const
 
 QFuture<std::optional<QString>> WaylandPrimarySelection::text(std::chrono::milliseconds patience)
 {
-    return m_services.reader.read(WaylandDataControl::Selection::primary, patience);
+    return m_services.reader.read(WaylandSelections::Selection::primary, patience);
 }
 
 }

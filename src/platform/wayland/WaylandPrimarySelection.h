@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/wayland/WaylandDataControl.h"
+#include "platform/wayland/WaylandSelections.h"
 
 #include <QFuture>
 
@@ -12,7 +12,7 @@
 namespace Tessel {
 
 class WaylandSelectionReader;
-class WaylandWindows;
+class WaylandFocus;
 
 /// Whose text the primary selection is, and since when. Its owner is not told, but it is taken by
 /// marking text in the window in front.
@@ -23,9 +23,9 @@ class WaylandPrimarySelection final : public QObject
 public:
     struct Services
     {
-        const WaylandDataControl &dataControl;
+        const WaylandSelections &selections;
         WaylandSelectionReader &reader;
-        const WaylandWindows &windows;
+        const WaylandFocus &focus;
     };
 
     explicit WaylandPrimarySelection(const Services &services);

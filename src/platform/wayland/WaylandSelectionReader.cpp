@@ -8,12 +8,11 @@ using namespace std::chrono_literals;
 
 namespace Tessel {
 
-QFuture<std::optional<QString>>
-WaylandSelectionReader::read(WaylandDataControl::Selection selection,
-                             std::chrono::milliseconds patience)
+QFuture<std::optional<QString>> WaylandSelectionReader::read(WaylandSelections::Selection selection,
+                                                             std::chrono::milliseconds patience)
 {
     return m_reads.add(std::make_unique<WaylandSelectionTransfer>(
-        m_dataControl, selection, patience, 3s, SelectionTransfer::Accept::selectedText));
+        m_selections, selection, patience, 3s, SelectionTransfer::Accept::selectedText));
 }
 
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/freedesktop/SelectionReads.h"
-#include "platform/wayland/WaylandDataControl.h"
+#include "platform/wayland/WaylandSelections.h"
 
 #include <chrono>
 
@@ -14,18 +14,18 @@ namespace Tessel {
 class WaylandSelectionReader final
 {
 public:
-    explicit WaylandSelectionReader(const WaylandDataControl &dataControl)
-        : m_dataControl(dataControl)
+    explicit WaylandSelectionReader(const WaylandSelections &selections)
+        : m_selections(selections)
     {
     }
 
     /// Nothing when the selection has no text, or is copied files, or when its owner does nothing
     /// for `patience`.
-    [[nodiscard]] QFuture<std::optional<QString>> read(WaylandDataControl::Selection selection,
+    [[nodiscard]] QFuture<std::optional<QString>> read(WaylandSelections::Selection selection,
                                                        std::chrono::milliseconds patience);
 
 private:
-    const WaylandDataControl &m_dataControl;
+    const WaylandSelections &m_selections;
     SelectionReads m_reads;
 };
 

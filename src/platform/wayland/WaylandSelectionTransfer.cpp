@@ -18,23 +18,23 @@ constexpr auto untilOwnersEndIsTold = 50ms; // a dying one's pipe may be closed 
 
 }
 
-WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dataControl,
+WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandSelections &selections,
                                                    Selection selection,
                                                    std::chrono::milliseconds patience,
                                                    std::chrono::milliseconds limit, Accept accept)
     : SelectionTransfer(patience, limit)
-    , m_dataControl(dataControl)
+    , m_selections(selections)
     , m_selection(selection)
     , m_accept(accept)
 {
     connect(&m_readable, &QSocketNotifier::activated, this, &WaylandSelectionTransfer::readPiece);
-    connect(&dataControl, &WaylandDataControl::changed, this, [this](Selection changed) {
+    connect(&selections, &WaylandSelections::changed, this, [this](Selection changed) {
         // With another owner, the answer of the one before is of no use any more.
-        const bool hasOwner = !m_dataControl.mimeTypes(m_selection).isEmpty();
+        const bool hasOwner = !m_selections.mimeTypes(m_selection).isEmpty();
         if (changed == m_selection && (hasOwner || m_accept == Accept::selectedText))
             end({});
     });
-    const QList<QByteArray> &offered = dataControl.mimeTypes(selection);
+    const QList<QByteArray> &offered = selections.mimeTypes(selection);
     const bool isForCapture = accept == Accept::selectedText;
     if (isForCapture && offered.contains(copiedFiles))
         end({});
@@ -46,7 +46,7 @@ WaylandSelectionTransfer::WaylandSelectionTransfer(const WaylandDataControl &dat
 
 void WaylandSelectionTransfer::requestText()
 {
-    const auto format = textFormatOf(m_dataControl.mimeTypes(m_selection));
+    const auto format = textFormatOf(m_selections.mimeTypes(m_selection));
     if (!format)
         return end({});
     m_charset = format->charset;
@@ -57,7 +57,7 @@ void WaylandSelectionTransfer::request(Asked what, const QByteArray &mimeType)
 {
     m_asked = what;
     m_bytes.clear();
-    m_pipe = m_dataControl.receive(m_selection, mimeType);
+    m_pipe = m_selections.receive(m_selection, mimeType);
     if (!m_pipe.isValid())
         return end({});
     m_readable.setSocket(m_pipe.number());

@@ -4,23 +4,23 @@
 
 #include "platform/freedesktop/SelectionText.h"
 #include "platform/freedesktop/SelectionTransfer.h"
-#include "platform/wayland/WaylandDataControl.h"
+#include "platform/wayland/WaylandSelections.h"
 
 #include <QSocketNotifier>
 
 namespace Tessel {
 
-/// A transfer through a pipe, whose end does not say whether all has been written. An owner that has
-/// gone by then gives no selected text. As any text it does: some hand theirs out just once.
+/// A transfer through a pipe, whose end does not say whether all has been written. An owner that
+/// has gone by then gives no selected text. As any text it does: some hand theirs out just once.
 class WaylandSelectionTransfer final : public SelectionTransfer
 {
     Q_OBJECT
 
 public:
-    using Selection = WaylandDataControl::Selection;
+    using Selection = WaylandSelections::Selection;
 
     /// Gives up when the owner does nothing for `patience`, or after `limit` in all.
-    WaylandSelectionTransfer(const WaylandDataControl &dataControl, Selection selection,
+    WaylandSelectionTransfer(const WaylandSelections &selections, Selection selection,
                              std::chrono::milliseconds patience, std::chrono::milliseconds limit,
                              Accept accept = Accept::anyText);
 
@@ -34,7 +34,7 @@ private:
     void takeAnswer();
     void end(const std::optional<QByteArray> &text);
 
-    const WaylandDataControl &m_dataControl;
+    const WaylandSelections &m_selections;
     Selection m_selection;
     Accept m_accept;
     Asked m_asked = Asked::text;

@@ -16,7 +16,7 @@ std::optional<QByteArray> WaylandTextClipboard::text()
     if (!m_connection.roundTrip()) // to learn what is there
         return {};
     m_connection.start();
-    return WaylandSelectionTransfer(m_dataControl, WaylandDataControl::Selection::clipboard, 2s,
+    return WaylandSelectionTransfer(m_dataControl, WaylandSelections::Selection::clipboard, 2s,
                                     30s)
         .wait();
 }

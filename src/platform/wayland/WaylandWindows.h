@@ -26,25 +26,33 @@ struct WaylandWindow
 /// "org.xfce.mousepad"), by its version and toolkit.
 [[nodiscard]] WindowNames namesOf(const WaylandWindow &window);
 
-/// The windows of all applications.
-class WaylandWindows : public QObject
+/// The window that has the user's attention. Popups of ours do not count.
+class WaylandFocus : public QObject
 {
     Q_OBJECT
 
 public:
     using QObject::QObject;
 
-    /// In the order in which they were last active, the latest first.
-    [[nodiscard]] virtual QList<WaylandWindow> all() const = 0;
-
-    /// The one that has the user's attention. Popups of ours do not count.
     [[nodiscard]] virtual std::optional<WaylandWindow> active() const = 0;
-
-    virtual void activate(quint64 handle) = 0;
-    virtual void close(quint64 handle) = 0; ///< as its own button would
 
 Q_SIGNALS:
     void activeChanged();
+};
+
+/// The windows of all applications.
+class WaylandWindows : public WaylandFocus
+{
+    Q_OBJECT
+
+public:
+    using WaylandFocus::WaylandFocus;
+
+    /// In the order in which they were last active, the latest first.
+    [[nodiscard]] virtual QList<WaylandWindow> all() const = 0;
+
+    virtual void activate(quint64 handle) = 0;
+    virtual void close(quint64 handle) = 0; ///< as its own button would
 };
 
 }

@@ -6,8 +6,6 @@
 
 #include <QStringList>
 
-class QWindow;
-
 namespace Tessel {
 
 class WaylandWindows;
@@ -24,8 +22,6 @@ public:
     [[nodiscard]] QStringList missingAccess() const override { return m_missingAccess; }
 
 private:
-    [[nodiscard]] quint64 handleOf(const QWindow &window) const;
-
     WaylandWindows &m_windows;
     QStringList m_missingAccess;
 };

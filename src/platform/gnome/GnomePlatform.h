@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace Tessel {
+
+/// GNOME on Wayland, whose compositor has no protocols for what the program does: the extension of
+/// ours in the shell does it.
+class GnomePlatform final : public Platform
+{
+public:
+    [[nodiscard]] static bool isOffered();
+    [[nodiscard]] static Result<std::unique_ptr<Platform>> connect();
+    ~GnomePlatform() override;
+
+    [[nodiscard]] QString notice() const override;
+    [[nodiscard]] QByteArray qtPlugin() const override { return "wayland"; }
+    [[nodiscard]] QMap<QString, QString> qtVariables() const override;
+    void start() override;
+
+    [[nodiscard]] EventMonitor &eventMonitor() override;
+    [[nodiscard]] CopyRequest &copyRequest() override;
+    [[nodiscard]] Pasteboard &pasteboard() override;
+    [[nodiscard]] Workspace &workspace() override;
+    [[nodiscard]] PopupHost &popupHost() override;
+    [[nodiscard]] Appearance &appearance() override;
+    [[nodiscard]] StatusArea &statusArea() override;
+
+private:
+    struct Services;
+
+    GnomePlatform();
+
+    std::unique_ptr<Services> m_services;
+};
+
+}

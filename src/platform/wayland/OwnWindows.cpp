@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/OwnWindows.h"
+
+#include "platform/wayland/WaylandWindows.h"
+
+#include <QGuiApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace Tessel {
+
+namespace {
+
+bool isOurs(const WaylandWindow &window)
+{
+    return window.processId ? window.processId == QCoreApplication::applicationPid()
+                            : window.applicationId == QGuiApplication::desktopFileName();
+}
+
+/// Qt appends the program's name to the title that compositors get.
+bool hasTitle(const WaylandWindow &window, const QString &title)
+{
+    return window.title == title || window.title.startsWith(title + u" — "_s);
+}
+
+}
+
+QWindow *OwnWindows::withId(quint64 id)
+{
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->isVisible() && window->winId() == id)
+            return window;
+    }
+    return nullptr;
+}
+
+bool OwnWindows::isSame(const WaylandWindow &listed, const QWindow &window)
+{
+    return isOurs(listed) && hasTitle(listed, window.title());
+}
+
+void OwnWindows::showAnew(QWindow &window)
+{
+    if (!window.isExposed())
+        return; // it is about to be shown
+    window.hide();
+    window.show();
+}
+
+}
