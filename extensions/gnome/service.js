@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 //
-// What Tessel asks of the shell, which no other program may: the shell has no protocols for it.
-// com.tessel.app.Shell.xml says what each method does. Nothing is shown or kept here.
+// What Tessel asks of the shell, which has no protocols for it: com.tessel.app.Shell.xml says what
+// each method does. Nothing is shown or kept here.
 
 import Clutter from 'gi://Clutter';
 import Gio from 'gi://Gio';
@@ -15,20 +15,21 @@ const PATH = '/com/tessel/app/Shell';
 const INTERFACE = 'com.tessel.app.Shell';
 const TEXT = 'text/plain;charset=utf-8';
 const MAX_BYTES = 64 * 1024 * 1024 + 1;
-const HELD = Clutter.ModifierType.SHIFT_MASK | Clutter.ModifierType.CONTROL_MASK |
-    Clutter.ModifierType.MOD1_MASK | Clutter.ModifierType.MOD4_MASK |
-    Clutter.ModifierType.MOD5_MASK;
+const MIN_TOKEN = 32;
+const {PRESSED, RELEASED} = Clutter.KeyState;
+const {SHIFT_MASK, CONTROL_MASK, MOD1_MASK, MOD4_MASK, MOD5_MASK} = Clutter.ModifierType;
+const HELD = SHIFT_MASK | CONTROL_MASK | MOD1_MASK | MOD4_MASK | MOD5_MASK;
+const NO_WINDOW = [0, '', '', 0, false];
 
 export class Service {
     // `main` is the shell's, `folder` the one with the description of the interface.
     constructor(main, folder) {
         this._main = main;
-        this._program = null; // its name on the bus, with its process, once it has attached
-        this._places = new Map(); // of popups to come, by title
-        this._popups = new Set(); // windows
-        this._waits = new Set(); // event sources
-        this._connections = [];
-        this._trigger = {accelerator: '', action: Meta.KeyBindingAction.NONE};
+        this._owner = null; // of the program's name: on the bus, its process, and its token
+        this._keyboard = null;
+        this._action = Meta.KeyBindingAction.NONE;
+        this._windows = new Set(); // the program's
+        this._places = new Map(); // of its popups, by title
         this._selection = global.display.get_selection();
 
         const [, xml] = folder.get_child(`${INTERFACE}.xml`).load_contents(null);
@@ -37,153 +38,120 @@ export class Service {
             this[`${name}Async`] = (values, call) => this._answer(name, values, call);
         this._object.export(Gio.DBus.session, PATH);
         this._watch = Gio.bus_watch_name(Gio.BusType.SESSION, PROGRAM,
-            Gio.BusNameWatcherFlags.NONE, (bus, name, owner) => this._greet(owner),
-            () => this._detach());
+            Gio.BusNameWatcherFlags.NONE, (bus, _, owner) => this._greet(bus, owner),
+            () => this._forget());
     }
 
     destroy() {
-        if (this._program)
+        if (this._owner?.token)
             this._emit('Gone');
-        this._detach();
+        this._forget();
         Gio.bus_unwatch_name(this._watch);
         this._object.unexport();
     }
 
-    // Asks the owner of the program's name to attach.
-    _greet(owner) {
-        this._detach();
-        this._owner = owner;
-        Gio.DBus.session.emit_signal(owner, PATH, INTERFACE, 'Ready', null);
+    // Asks who owns the program's name to attach, if it is the same user's.
+    _greet(bus, owner) {
+        this._forget();
+        bus.call('org.freedesktop.DBus', '/', 'org.freedesktop.DBus', 'GetConnectionCredentials',
+            new GLib.Variant('(s)', [owner]), null, Gio.DBusCallFlags.NONE, -1, null, (_, result) => {
+                const [{ProcessID, UnixUserID}] = bus.call_finish(result).recursiveUnpack();
+                if (UnixUserID !== new Gio.Credentials().get_unix_user())
+                    return;
+                this._owner = {name: owner, process: ProcessID, token: null};
+                this._emit('Ready');
+            });
     }
 
     _emit(signal, types = '', ...values) {
-        Gio.DBus.session.emit_signal(this._program.name, PATH, INTERFACE, signal,
+        Gio.DBus.session.emit_signal(this._owner.name, PATH, INTERFACE, signal,
             new GLib.Variant(`(${types})`, values));
     }
 
-    // Who has the token is the program, or was started by it.
-    async _answer(method, [token, ...values], call) {
+    _answer(method, [token, ...values], call) {
         try {
-            if (method !== 'Attach' && token !== this._program?.token)
-                throw new Error('only Tessel may call this');
-            const result = await this[`_${method}`](...values, call, token);
+            const isTrue = method === 'Attach' ? token.length >= MIN_TOKEN &&
+                call.get_sender() === this._owner?.name : token === this._owner?.token;
+            if (!isTrue)
+                throw new Error('this is for Tessel only');
+            const result = this[`_${method}`](...values, call);
             const types = call.get_method_info().out_args.map(({signature}) => signature);
             call.return_value(new GLib.Variant(`(${types.join('')})`, result ?? []));
             if (method === 'Attach')
-                this._begin();
-        } catch (error) {
-            call.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied', `${error.message}`);
+                this._begin(token);
+        } catch ({message}) {
+            call.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied', message);
         }
     }
 
-    async _Attach(call, token) {
-        const name = call.get_sender();
-        const [reply] = (await new Promise((resolve, reject) => Gio.DBus.session.call(
-            'org.freedesktop.DBus', '/', 'org.freedesktop.DBus', 'GetConnectionCredentials',
-            new GLib.Variant('(s)', [name]), null, Gio.DBusCallFlags.NONE, -1, null,
-            (bus, result) => {
-                try {
-                    resolve(bus.call_finish(result));
-                } catch (error) {
-                    reject(error);
-                }
-            }))).recursiveUnpack();
-        const self = new Gio.Credentials();
-        if (name !== this._owner || token.length < 32 || reply.UnixUserID !== self.get_unix_user())
-            throw new Error(`only the owner of ${PROGRAM} may attach`);
-        this._detach();
-        this._owner = name;
-        this._program = {name, token, process: reply.ProcessID};
+    _Attach() {
+        this._end();
     }
 
-    _connect(object, signal, handler) {
-        this._connections.push([object, object.connect(signal, handler)]);
-    }
-
-    _begin() {
-        const {display} = global;
-        this._connect(this._selection, 'owner-changed', (_, type, source) => {
-            this._emit('SelectionChanged', 'uas', type, source?.get_mimetypes() ?? []);
-        });
-        this._connect(display, 'notify::focus-window', () => this._tellFront());
-        this._connect(display, 'accelerator-activated', (_, action) => {
-            if (action === this._trigger.action)
-                this._emit('Triggered');
-        });
-        this._connect(display, 'window-created', (_, window) => this._meet(window));
-        this._connect(global.window_manager, 'map', (_, {metaWindow}) => this._place(metaWindow));
-        for (const type of [Meta.SelectionType.SELECTION_CLIPBOARD,
-            Meta.SelectionType.SELECTION_PRIMARY])
-            this._emit('SelectionChanged', 'uas', type, this._selection.get_mimetypes(type));
-        this._tellFront();
-        const context = global.stage.context?.get_backend() ?? Clutter.get_default_backend();
-        this._keyboard = context.get_default_seat().create_virtual_device(
+    _begin(token) {
+        this._owner.token = token;
+        const backend = global.stage.context?.get_backend() ?? Clutter.get_default_backend();
+        this._keyboard = backend.get_default_seat().create_virtual_device(
             Clutter.InputDeviceType.KEYBOARD_DEVICE);
+        const tellSelection = (type, formats) =>
+            this._emit('SelectionChanged', 'uas', type, formats);
+        this._selection.connectObject('owner-changed', (_, type, source) =>
+            tellSelection(type, source?.get_mimetypes() ?? []), this);
+        global.display.connectObject(
+            'accelerator-activated', (_, action) => {
+                if (action === this._action)
+                    this._emit('Triggered');
+            },
+            'notify::focus-window', () => this._tellFront(),
+            'window-created', (_, window) => this._meet(window), this);
+        global.window_manager.connectObject('map', (_, actor) => this._place(actor.metaWindow),
+            this);
+        for (const type of [Meta.SelectionType.SELECTION_PRIMARY,
+            Meta.SelectionType.SELECTION_CLIPBOARD])
+            tellSelection(type, this._selection.get_mimetypes(type));
+        this._tellFront();
     }
 
-    _detach() {
-        this._release();
-        this._connections.splice(0).forEach(([object, id]) => object.disconnect(id));
-        this._waits.forEach(source => GLib.source_remove(source));
-        this._waits.clear();
+    _end() {
+        this._SetTrigger('');
+        for (const object of [this._selection, global.display, global.window_manager,
+            ...this._windows])
+            object.disconnectObject(this);
+        this._windows.clear();
         this._places.clear();
-        this._popups.clear();
-        this._trigger.accelerator = '';
-        this._program = this._owner = this._keyboard = null;
+        this._keyboard = null;
     }
 
-    _sleep(milliseconds) {
-        return new Promise(resolve => {
-            const source = GLib.timeout_add(GLib.PRIORITY_DEFAULT, milliseconds, () => {
-                this._waits.delete(source);
-                resolve();
-                return GLib.SOURCE_REMOVE;
-            });
-            this._waits.add(source);
-        });
-    }
-
-    _grab() {
-        const {accelerator} = this._trigger;
-        if (!accelerator || this._trigger.action !== Meta.KeyBindingAction.NONE)
-            return;
-        this._trigger.action = global.display.grab_accelerator(accelerator,
-            Meta.KeyBindingFlags.IGNORE_AUTOREPEAT);
-        this._main.wm.allowKeybinding(
-            Meta.external_binding_name_for_action(this._trigger.action), Shell.ActionMode.NORMAL);
-    }
-
-    _release() {
-        if (this._trigger.action !== Meta.KeyBindingAction.NONE)
-            global.display.ungrab_accelerator(this._trigger.action);
-        this._trigger.action = Meta.KeyBindingAction.NONE;
+    _forget() {
+        this._end();
+        this._owner = null;
     }
 
     _SetTrigger(accelerator) {
-        this._release();
-        this._trigger.accelerator = accelerator;
-        this._grab();
-        return [!accelerator || this._trigger.action !== Meta.KeyBindingAction.NONE];
+        const {NONE} = Meta.KeyBindingAction;
+        if (this._action !== NONE)
+            global.display.ungrab_accelerator(this._action);
+        this._action = accelerator ? global.display.grab_accelerator(accelerator,
+            Meta.KeyBindingFlags.IGNORE_AUTOREPEAT) : NONE;
+        if (this._action !== NONE)
+            this._main.wm.allowKeybinding(Meta.external_binding_name_for_action(this._action),
+                Shell.ActionMode.NORMAL);
+        return [this._action !== NONE];
     }
 
-    async _PassTriggerOn(keys) {
-        this._release();
-        await this._AwaitModifiers();
-        this._PressKeys(keys);
-        await this._sleep(100); // the press comes back from the shell's thread for input
-        this._grab();
-    }
-
-    async _AwaitModifiers() {
-        for (let tries = 200; global.get_pointer()[2] & HELD && tries > 0; --tries)
-            await this._sleep(5);
+    _HoldsModifiers() {
+        return [(global.get_pointer()[2] & HELD) !== 0];
     }
 
     _PressKeys(keys) {
-        const press = (key, state) =>
+        const send = (key, state) =>
             this._keyboard.notify_key(GLib.get_monotonic_time(), key, state);
-        keys.forEach(key => press(key, Clutter.KeyState.PRESSED));
-        keys.reverse().forEach(key => press(key, Clutter.KeyState.RELEASED));
+        keys.forEach(key => send(key, PRESSED));
+        keys.reverse().forEach(key => send(key, RELEASED));
+    }
+
+    _isPopup(window) {
+        return this._windows.has(window) && this._places.has(window.title);
     }
 
     _describe(window) {
@@ -193,59 +161,63 @@ export class Service {
 
     _tellFront() {
         const window = global.display.focus_window;
-        if (!this._popups.has(window))
-            this._emit('FrontChanged', '(tssub)', window ? this._describe(window) : [0, '', '', 0, false]);
+        if (!this._isPopup(window))
+            this._emit('FrontChanged', '(tssub)', window ? this._describe(window) : NO_WINDOW);
     }
 
-    _windows() {
+    _list() {
         return global.display.get_tab_list(Meta.TabList.NORMAL_ALL, null)
-            .filter(window => !this._popups.has(window));
+            .filter(window => !this._isPopup(window));
     }
 
     _Windows() {
-        return [this._windows().map(window => this._describe(window))];
+        return [this._list().map(window => this._describe(window))];
+    }
+
+    _find(handle) {
+        const window = this._list().find(candidate => candidate.get_id() === handle);
+        if (!window)
+            throw new Error('there is no such window');
+        return window;
     }
 
     _Activate(handle) {
-        const window = this._windows().find(candidate => candidate.get_id() === handle);
-        if (window)
-            this._main.activateWindow(window);
+        this._main.activateWindow(this._find(handle));
     }
 
     _Close(handle) {
-        this._windows().find(candidate => candidate.get_id() === handle)
-            ?.delete(global.get_current_time());
+        this._find(handle).delete(global.get_current_time());
     }
 
     _Locate() {
-        const [x, y] = global.get_pointer();
         const {layoutManager} = this._main;
         const screen = layoutManager.currentMonitor;
         const area = layoutManager.getWorkAreaForMonitor(screen.index);
         const values = ({x, y, width, height}) => [x, y, width, height];
-        return [[x, y], values(screen), values(area)];
+        return [global.get_pointer().slice(0, 2), values(screen), values(area)];
     }
 
     _Present(title, x, y) {
         this._places.set(title, [x, y]);
+        this._windows.forEach(window => this._place(window));
     }
 
-    // A window of the program's may be a popup. Its title comes later than itself.
+    // The title, by which popups are known, comes later than the window.
     _meet(window) {
-        if (window.get_pid() !== this._program.process)
+        if (window.get_pid() !== this._owner.process)
             return;
+        this._windows.add(window);
         const look = () => {
-            if (!this._places.has(window.title) || this._popups.has(window))
-                return;
-            this._popups.add(window);
-            this._main.wm.skipNextEffect(window.get_compositor_private());
-            this._connect(window, 'unmanaged', () => this._popups.delete(window));
+            if (this._isPopup(window))
+                this._main.wm.skipNextEffect(window.get_compositor_private());
         };
-        window.title ? look() : this._connect(window, 'notify::title', look);
+        window.connectObject('notify::title', look,
+            'unmanaged', () => this._windows.delete(window), this);
+        look();
     }
 
     _place(window) {
-        if (!this._popups.has(window))
+        if (!this._isPopup(window) || !window.get_compositor_private())
             return;
         window.make_above();
         window.stick();
@@ -253,17 +225,16 @@ export class Service {
         this._main.wm.skipNextEffect(window.get_compositor_private()); // when it goes
     }
 
-    _Formats(selection) {
-        return [this._selection.get_mimetypes(selection)];
+    _Formats(type) {
+        return [this._selection.get_mimetypes(type)];
     }
 
-    _Receive(selection, format, index, call) {
-        // A copy would be open until the message is collected, and the reader would wait for its end.
+    _Receive(type, format, index, call) {
+        // Copies of the pipe's end would stay open until the message is collected.
         const fd = call.get_message().get_unix_fd_list().steal_fds()[index];
         const stream = new Gio.UnixOutputStream({fd, closeFd: true});
-        this._selection.transfer_async(selection, format, MAX_BYTES, stream, null, () => {
-            stream.close_async(GLib.PRIORITY_DEFAULT, null, null);
-        });
+        this._selection.transfer_async(type, format, MAX_BYTES, stream, null,
+            () => stream.close_async(GLib.PRIORITY_DEFAULT, null, null));
     }
 
     _SetClipboard(bytes) {

@@ -78,7 +78,8 @@ void GnomePlatform::start()
 {
     // Qt warns that there is no integration called "none".
     QLoggingCategory::setFilterRules(u"qt.qpa.wayland.warning=false"_s);
-    m_services->eventMonitor.start(std::make_unique<ShellTrigger>(m_services->bridge));
+    m_services->eventMonitor.start(
+        std::make_unique<ShellTrigger>(m_services->bridge, m_services->keys));
     m_services->bridge.start();
     m_services->appearance.start();
     m_services->statusArea.start();

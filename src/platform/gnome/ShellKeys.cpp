@@ -5,17 +5,36 @@
 #include "platform/gnome/ShellBridge.h"
 #include "platform/gnome/ShellInterface.h"
 
-#include <QPromise>
+#include <QTimer>
+
+using namespace std::chrono_literals;
 
 namespace Tessel {
 
-/// When the shell does not answer, the promise goes with the call and is cancelled.
+namespace {
+
+constexpr auto untilNextLook = 10ms;
+constexpr auto maxWait = 1s;
+
+}
+
 QFuture<void> ShellKeys::whenReady()
 {
     auto ready = std::make_shared<QPromise<void>>();
     ready->start();
-    m_bridge.call("AwaitModifiers", {}, this, [ready](const QVariantList &) { ready->finish(); });
+    look(ready, QDeadlineTimer(maxWait));
     return ready->future();
+}
+
+/// When the shell does not answer, the promise goes with the call and is cancelled.
+void ShellKeys::look(const std::shared_ptr<QPromise<void>> &ready, QDeadlineTimer deadline)
+{
+    m_bridge.call("HoldsModifiers", {}, this, [=, this](const QVariantList &reply) {
+        if (!reply.value(0).toBool() || deadline.hasExpired())
+            ready->finish();
+        else
+            QTimer::singleShot(untilNextLook, this, [=, this] { look(ready, deadline); });
+    });
 }
 
 void ShellKeys::press(quint32 scanCode, qint64 modifiers)

@@ -4,7 +4,11 @@
 
 #include "platform/wayland/WaylandKeys.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
+#include <QPromise>
+
+#include <memory>
 
 namespace Tessel {
 
@@ -26,6 +30,8 @@ public:
     void press(quint32 scanCode, qint64 modifiers) override;
 
 private:
+    void look(const std::shared_ptr<QPromise<void>> &ready, QDeadlineTimer deadline);
+
     const ShellBridge &m_bridge;
 };
 

@@ -3,11 +3,14 @@
 #include "platform/gnome/ShellPopupHost.h"
 
 #include "platform/gnome/ShellBridge.h"
+#include "platform/wayland/OwnWindows.h"
 
 #include <QDBusArgument>
 #include <QGuiApplication>
 #include <QPromise>
 #include <QScreen>
+
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -45,6 +48,12 @@ ShellPopupHost::ShellPopupHost(const ShellBridge &bridge,
     connect(&m_keys, &PopupKeys::given, this, [this](QWindow *window) {
         if (const auto front = m_bridge.active(); front && m_shown.contains(window))
             m_bridge.send("Activate", { front->handle });
+    });
+    connect(&bridge, &ShellBridge::attached, this, [this] {
+        for (const auto &window : std::as_const(m_windows)) {
+            if (window)
+                announce(*window);
+        }
     });
     connect(&m_sessionLock, &SessionLock::locked, this, &PopupHost::sessionLocked);
     connect(&bridge, &ShellBridge::detached, this, &PopupHost::sessionLocked);
@@ -86,6 +95,19 @@ Qt::WindowFlags ShellPopupHost::windowFlags() const
     return Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint;
 }
 
+void ShellPopupHost::adopt(QWindow *window)
+{
+    m_windows.removeAll(nullptr);
+    m_windows.append(window);
+    announce(*window);
+}
+
+/// To be known as a popup when it comes, so that the shell does not show its coming.
+void ShellPopupHost::announce(const QWindow &window)
+{
+    m_bridge.send("Present", { OwnWindows::listedTitle(window), window.x(), window.y() });
+}
+
 void ShellPopupHost::present(QWindow *window)
 {
     if (m_shown.contains(window->transientParent())) {
@@ -94,7 +116,7 @@ void ShellPopupHost::present(QWindow *window)
     }
     if (isWholeScreen(*window))
         window->setWindowStates(Qt::WindowFullScreen); // which covers the panel, too
-    m_bridge.send("Present", { window->title(), window->x(), window->y() });
+    announce(*window);
     m_shown.insert(window);
     window->installEventFilter(this);
     QTimer::singleShot(0, &m_sessionLock, &SessionLock::start);

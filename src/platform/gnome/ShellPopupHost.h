@@ -27,7 +27,7 @@ public:
     [[nodiscard]] bool isScreenLocked() const override { return false; } ///< the shell covers all
     [[nodiscard]] Backdrop backdrop() const override { return Backdrop::sharp; }
     [[nodiscard]] Qt::WindowFlags windowFlags() const override;
-    void adopt(QWindow *) override { }
+    void adopt(QWindow *window) override;
     void present(QWindow *window) override;
     void dismiss(QWindow *window) override;
     void conceal(QWindow *window) override;
@@ -40,10 +40,13 @@ public:
     [[nodiscard]] bool eventFilter(QObject *window, QEvent *event) override;
 
 private:
+    void announce(const QWindow &window);
+
     const ShellBridge &m_bridge;
     std::function<void(const InputEvent &)> m_elsewhere;
     PopupKeys m_keys;
     SessionLock m_sessionLock;
+    QList<QPointer<QWindow>> m_windows;
     std::set<QWindow *> m_shown; ///< those that have the focus while they are
 };
 

@@ -4,9 +4,12 @@
 
 #include "platform/wayland/WaylandTrigger.h"
 
+#include <QElapsedTimer>
+
 namespace Tessel {
 
 class ShellBridge;
+class ShellKeys;
 
 /// A key that the shell keeps from applications for us.
 class ShellTrigger final : public WaylandTrigger
@@ -14,7 +17,7 @@ class ShellTrigger final : public WaylandTrigger
     Q_OBJECT
 
 public:
-    explicit ShellTrigger(const ShellBridge &bridge);
+    ShellTrigger(const ShellBridge &bridge, ShellKeys &keys);
 
     void set(const KeyChord &chord) override;
     void setWatching(bool isWatching) override;
@@ -23,12 +26,16 @@ public:
 
 private:
     void assign();
+    void awaitRelease();
+    void pressForApplication();
 
     const ShellBridge &m_bridge;
+    ShellKeys &m_keys;
     KeyChord m_chord;
     bool m_isWatching = true;
     bool m_isTaken = false; ///< by somebody else
     bool m_isKept = false; ///< the last press can be passed on
+    QElapsedTimer m_sincePress;
 };
 
 }

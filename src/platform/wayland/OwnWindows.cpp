@@ -18,12 +18,6 @@ bool isOurs(const WaylandWindow &window)
                             : window.applicationId == QGuiApplication::desktopFileName();
 }
 
-/// Qt appends the program's name to the title that compositors get.
-bool hasTitle(const WaylandWindow &window, const QString &title)
-{
-    return window.title == title || window.title.startsWith(title + u" — "_s);
-}
-
 }
 
 QWindow *OwnWindows::withId(quint64 id)
@@ -37,7 +31,14 @@ QWindow *OwnWindows::withId(quint64 id)
 
 bool OwnWindows::isSame(const WaylandWindow &listed, const QWindow &window)
 {
-    return isOurs(listed) && hasTitle(listed, window.title());
+    return isOurs(listed) && listed.title == listedTitle(window);
+}
+
+/// Qt appends the program's name, unless the title ends with it.
+QString OwnWindows::listedTitle(const QWindow &window)
+{
+    const QString name = QGuiApplication::applicationDisplayName();
+    return window.title().endsWith(name) ? window.title() : window.title() + u" — "_s + name;
 }
 
 void OwnWindows::showAnew(QWindow &window)
