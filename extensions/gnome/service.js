@@ -10,6 +10,10 @@ import GLib from 'gi://GLib';
 import Meta from 'gi://Meta';
 import Shell from 'gi://Shell';
 
+// Its own library since GLib 2.80.
+const OutputStream = await import('gi://GioUnix').then(
+    ({default: GioUnix}) => GioUnix.OutputStream, () => Gio.UnixOutputStream);
+
 const PROGRAM = 'com.tessel.app';
 const PATH = '/com/tessel/app/Shell';
 const INTERFACE = 'com.tessel.app.Shell';
@@ -232,7 +236,7 @@ export class Service {
     _Receive(type, format, index, call) {
         // Copies of the pipe's end would stay open until the message is collected.
         const fd = call.get_message().get_unix_fd_list().steal_fds()[index];
-        const stream = new Gio.UnixOutputStream({fd, closeFd: true});
+        const stream = new OutputStream({fd, closeFd: true});
         this._selection.transfer_async(type, format, MAX_BYTES, stream, null,
             () => stream.close_async(GLib.PRIORITY_DEFAULT, null, null));
     }

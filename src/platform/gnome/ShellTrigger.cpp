@@ -19,6 +19,7 @@ namespace Tessel {
 namespace {
 
 constexpr qint64 deliveryTime = 20; ///< milliseconds, of a press until we hear of it
+constexpr qint64 maxRepeatInterval = 50; ///< milliseconds
 constexpr qint64 maxPressTime = 1000; ///< milliseconds
 constexpr auto untilNextLook = 20ms;
 constexpr auto untilPressed = 100ms;
@@ -71,7 +72,8 @@ void ShellTrigger::passOn()
 }
 
 /// A key that is down cannot be pressed, and nobody tells when the one that was kept is up. But it
-/// is down as long as the user does nothing else: the compositor knows for how long (43 to 50).
+/// is down as long as the user does nothing else, and the compositor knows for how long. What a
+/// held key repeats counts as something (GNOME 48).
 void ShellTrigger::awaitRelease()
 {
     const BusObject monitor { u"org.gnome.Mutter.IdleMonitor"_s,
@@ -79,7 +81,8 @@ void ShellTrigger::awaitRelease()
                               u"org.gnome.Mutter.IdleMonitor"_s };
     monitor.call("GetIdletime", {}, this, [this](const QVariantList &reply) {
         const qint64 sincePress = m_sincePress.elapsed();
-        const bool isDown = reply.value(0).toLongLong() + deliveryTime >= sincePress;
+        const qint64 idle = reply.value(0).toLongLong();
+        const bool isDown = idle + deliveryTime >= sincePress || idle < maxRepeatInterval;
         if (isDown && sincePress < maxPressTime)
             QTimer::singleShot(untilNextLook, this, &ShellTrigger::awaitRelease);
         else
