@@ -9,6 +9,7 @@ import Gio from 'gi://Gio';
 import GLib from 'gi://GLib';
 import Meta from 'gi://Meta';
 import Shell from 'gi://Shell';
+import St from 'gi://St';
 
 // Its own library since GLib 2.80.
 const OutputStream = await import('gi://GioUnix').then(
@@ -193,12 +194,18 @@ export class Service {
         this._find(handle).delete(global.get_current_time());
     }
 
+    // Of the program's pixels: without fractional scaling the shell counts those of the screen.
+    _scale() {
+        return St.ThemeContext.get_for_stage(global.stage).scaleFactor;
+    }
+
     _Locate() {
         const {layoutManager} = this._main;
+        const [x, y] = global.get_pointer();
         const screen = layoutManager.currentMonitor;
         const area = layoutManager.getWorkAreaForMonitor(screen.index);
-        const values = ({x, y, width, height}) => [x, y, width, height];
-        return [global.get_pointer().slice(0, 2), values(screen), values(area)];
+        const numbers = [x, y, ...[screen, area].flatMap(r => [r.x, r.y, r.width, r.height])];
+        return [numbers.map(number => number / this._scale())];
     }
 
     _Present(title, x, y) {
@@ -225,7 +232,8 @@ export class Service {
             return;
         window.make_above();
         window.stick();
-        window.move_frame(false, ...this._places.get(window.title));
+        const [x, y] = this._places.get(window.title).map(number => number * this._scale());
+        window.move_frame(true, x, y); // the user's own moves may end beyond the edge
         this._main.wm.skipNextEffect(window.get_compositor_private()); // when it goes
     }
 

@@ -77,11 +77,10 @@ QFuture<PopupLocation> ShellPopupHost::locate()
     auto question = std::make_shared<Question>();
     question->promise.start();
     m_bridge.call("Locate", {}, this, [question](const QVariantList &reply) {
-        PopupLocation location;
-        location.pointer = qdbus_cast<QPoint>(reply.value(0));
-        location.screen = qdbus_cast<QRect>(reply.value(1));
-        location.visibleFrame = qdbus_cast<QRect>(reply.value(2));
-        question->answer(location);
+        const auto n = qdbus_cast<QList<int>>(reply.value(0));
+        if (n.size() == 10)
+            question->answer(
+                { { n[0], n[1] }, QRect(n[2], n[3], n[4], n[5]), QRect(n[6], n[7], n[8], n[9]) });
     });
     QTimer::singleShot(m_bridge.isAttached() ? untilLocated : 0ms, this,
                        [question] { question->answer(centerOfScreen()); });
