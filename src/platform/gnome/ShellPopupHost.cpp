@@ -3,7 +3,6 @@
 #include "platform/gnome/ShellPopupHost.h"
 
 #include "platform/gnome/ShellBridge.h"
-#include "platform/wayland/OwnWindows.h"
 
 #include <QDBusArgument>
 #include <QGuiApplication>
@@ -104,7 +103,7 @@ void ShellPopupHost::adopt(QWindow *window)
 /// To be known as a popup when it comes, so that the shell does not show its coming.
 void ShellPopupHost::announce(const QWindow &window)
 {
-    m_bridge.send("Present", { OwnWindows::listedTitle(window), window.x(), window.y() });
+    m_bridge.send("Present", { window.title(), window.x(), window.y() });
 }
 
 void ShellPopupHost::present(QWindow *window)

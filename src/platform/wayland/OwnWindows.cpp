@@ -29,16 +29,11 @@ QWindow *OwnWindows::withId(quint64 id)
     return nullptr;
 }
 
+/// Qt may append the program's name to the title that compositors get.
 bool OwnWindows::isSame(const WaylandWindow &listed, const QWindow &window)
 {
-    return isOurs(listed) && listed.title == listedTitle(window);
-}
-
-/// Qt appends the program's name, unless the title ends with it.
-QString OwnWindows::listedTitle(const QWindow &window)
-{
-    const QString name = QGuiApplication::applicationDisplayName();
-    return window.title().endsWith(name) ? window.title() : window.title() + u" — "_s + name;
+    const QString title = window.title();
+    return isOurs(listed) && (listed.title == title || listed.title.startsWith(title + u" — "_s));
 }
 
 void OwnWindows::showAnew(QWindow &window)

@@ -16,9 +16,6 @@ namespace OwnWindows {
 
 [[nodiscard]] bool isSame(const WaylandWindow &listed, const QWindow &window);
 
-/// Its title as compositors get it.
-[[nodiscard]] QString listedTitle(const QWindow &window);
-
 /// A window that is shown anew gets the keyboard, one that asks for it does not.
 void showAnew(QWindow &window);
 
