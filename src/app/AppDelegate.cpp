@@ -28,6 +28,7 @@
 #include "windows/EditingKeys.h"
 #include "windows/LargeTypeWindow.h"
 #include "windows/Theme.h"
+#include "windows/TitleBar.h"
 #include "windows/WindowStyle.h"
 
 #include <QDir>
@@ -55,6 +56,8 @@ void AppDelegate::applicationDidFinishLaunching()
     Platform &platform = Platform::current();
     describeWindowsToAssistiveTechnology();
     installEditingKeys();
+    if (!platform.framesWindows())
+        TitleBar::giveToWindows();
     const QStringList missing = platform.workspace().missingAccess();
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "

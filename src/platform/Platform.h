@@ -39,6 +39,9 @@ public:
     /// Variables of the environment, by name, that Qt has to find from the application object on.
     [[nodiscard]] virtual QMap<QString, QString> qtVariables() const { return {}; }
 
+    /// Whether ordinary windows get a frame with their title from the desktop, or from Qt.
+    [[nodiscard]] virtual bool framesWindows() const { return true; }
+
     /// Begins to deliver events. Needs the application object.
     virtual void start() = 0;
 

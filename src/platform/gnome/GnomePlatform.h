@@ -18,6 +18,8 @@ public:
     [[nodiscard]] QString notice() const override;
     [[nodiscard]] QByteArray qtPlugin() const override { return "wayland"; }
     [[nodiscard]] QMap<QString, QString> qtVariables() const override;
+    /// Qt would draw frames if it had what is for graphics cards.
+    [[nodiscard]] bool framesWindows() const override { return false; }
     void start() override;
 
     [[nodiscard]] EventMonitor &eventMonitor() override;
