@@ -56,14 +56,15 @@ export class Service {
     }
 
     // Asks who owns the program's name to attach, if it is the same user's.
-    _greet(bus, owner) {
+    _greet(bus, name) {
         this._forget();
+        this._owner = {name, process: 0, token: null};
         bus.call('org.freedesktop.DBus', '/', 'org.freedesktop.DBus', 'GetConnectionCredentials',
-            new GLib.Variant('(s)', [owner]), null, Gio.DBusCallFlags.NONE, -1, null, (_, result) => {
+            new GLib.Variant('(s)', [name]), null, Gio.DBusCallFlags.NONE, -1, null, (_, result) => {
                 const [{ProcessID, UnixUserID}] = bus.call_finish(result).recursiveUnpack();
-                if (UnixUserID !== new Gio.Credentials().get_unix_user())
+                if (this._owner?.name !== name || UnixUserID !== new Gio.Credentials().get_unix_user())
                     return;
-                this._owner = {name: owner, process: ProcessID, token: null};
+                this._owner.process = ProcessID;
                 this._emit('Ready');
             });
     }
@@ -76,7 +77,8 @@ export class Service {
     _answer(method, [token, ...values], call) {
         try {
             const isTrue = method === 'Attach' ? token.length >= MIN_TOKEN &&
-                call.get_sender() === this._owner?.name : token === this._owner?.token;
+                this._owner?.process && call.get_sender() === this._owner.name
+                : token === this._owner?.token;
             if (!isTrue)
                 throw new Error('this is for Tessel only');
             const result = this[`_${method}`](...values, call);

@@ -11,12 +11,12 @@
 #include "platform/gnome/ShellPasteboard.h"
 #include "platform/gnome/ShellPopupHost.h"
 #include "platform/gnome/ShellTrigger.h"
+#include "platform/wayland/QtMessages.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandCopyRequest.h"
 #include "platform/wayland/WaylandEventMonitor.h"
 #include "platform/wayland/WaylandPrimarySelection.h"
 
-#include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
 
@@ -76,8 +76,7 @@ QMap<QString, QString> GnomePlatform::qtVariables() const
 
 void GnomePlatform::start()
 {
-    // Qt warns that there is no integration called "none".
-    QLoggingCategory::setFilterRules(u"qt.qpa.wayland.warning=false"_s);
+    handleQtsWaylandMessages();
     m_services->eventMonitor.start(
         std::make_unique<ShellTrigger>(m_services->bridge, m_services->keys));
     m_services->bridge.start();

@@ -9,6 +9,7 @@
 #include "platform/wayland/ForeignToplevels.h"
 #include "platform/wayland/KWinBridge.h"
 #include "platform/wayland/KWinFakeKeys.h"
+#include "platform/wayland/QtMessages.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandCopyRequest.h"
 #include "platform/wayland/WaylandDataControl.h"
@@ -23,7 +24,6 @@
 #include "platform/wayland/WaylandWorkspace.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
 
@@ -108,8 +108,7 @@ QMap<QString, QString> WaylandPlatform::qtVariables() const
 
 void WaylandPlatform::start()
 {
-    // Qt warns that there is no integration called "none".
-    QLoggingCategory::setFilterRules(u"qt.qpa.wayland.warning=false"_s);
+    handleQtsWaylandMessages();
     QObject::connect(m_services->connection.get(), &WaylandConnection::lost, qApp, [] {
         Log::print(u"ERROR: The connection to the Wayland compositor was lost."_s);
         QCoreApplication::exit(1);
