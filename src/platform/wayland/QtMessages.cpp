@@ -16,7 +16,7 @@ QtMessageHandler handlerBefore = nullptr;
 
 void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (message.startsWith(u"Failed to load client buffer integration"))
+    if (message.contains(u"client buffer integration"))
         return;
     if (message.startsWith(u"The Wayland connection"))
         return Log::print(u"ERROR: The connection to the Wayland compositor was lost."_s);
