@@ -86,6 +86,15 @@ export class Desktop {
         keys.reverse().forEach(key => send(key, Clutter.KeyState.RELEASED));
     }
 
+    Type(text) {
+        const {inputMethod} = this._main;
+        const isTyped = inputMethod.currentFocus !== null;
+        if (isTyped)
+            inputMethod.commit(text);
+        const type = global.display.focus_window?.get_client_type();
+        return [isTyped, type === Meta.WindowClientType.X11];
+    }
+
     _isPopup(window) {
         return this._windows.has(window) && this._places.has(window.title);
     }

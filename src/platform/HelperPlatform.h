@@ -14,8 +14,8 @@ namespace Tessel {
 class ClientWindows;
 class TextClipboard;
 
-/// What programs without windows ask of the desktop: the counterpart of Platform, without Qt Gui
-/// and D-Bus. One thread, which waits in each call.
+/// What programs without windows ask of the desktop: the counterpart of Platform, without Qt Gui,
+/// and without D-Bus but on GNOME. One thread, which waits in each call.
 class HelperPlatform
 {
 public:
@@ -29,12 +29,12 @@ public:
     [[nodiscard]] virtual QByteArray qtPlugin() const = 0;
 };
 
-/// Connects to the desktop; the backend is chosen as makePlatform() does. Needs no application
-/// object.
+/// Connects to the desktop; the backend is chosen as makePlatform() does. On GNOME it needs the
+/// application object.
 [[nodiscard]] Result<std::unique_ptr<HelperPlatform>> makeHelperPlatform();
 
 /// Qt's plugin to show windows with; empty: whichever Qt chooses. Nothing without a display, where
-/// Qt would end the process with a core dump.
+/// Qt would end the process with a core dump. Needs no application object.
 [[nodiscard]] std::optional<QByteArray> qtPluginForWindows();
 
 }

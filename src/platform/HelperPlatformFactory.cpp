@@ -3,6 +3,8 @@
 #include "platform/BackendChoice.h"
 #include "platform/HelperPlatform.h"
 #ifdef TESSEL_WAYLAND
+#include "platform/gnome/GnomeModule.h"
+#include "platform/gnome/GnomeSession.h"
 #include "platform/wayland/WaylandHelperPlatform.h"
 #endif
 #ifdef TESSEL_X11
@@ -17,6 +19,7 @@ Result<std::unique_ptr<HelperPlatform>> makeHelperPlatform()
     return connectToDesktop<HelperPlatform>({
 #ifdef TESSEL_WAYLAND
         { "wayland", WaylandHelperPlatform::isOffered, WaylandHelperPlatform::connect },
+        { "gnome", GnomeModule::isOffered, GnomeModule::makeHelperPlatform },
 #endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11HelperPlatform::connect },
@@ -26,6 +29,13 @@ Result<std::unique_ptr<HelperPlatform>> makeHelperPlatform()
 
 std::optional<QByteArray> qtPluginForWindows()
 {
+#ifdef TESSEL_WAYLAND
+    // Whether the shell serves helpers or not, and without D-Bus, which needs an application
+    // object.
+    const QByteArray wanted = qgetenv("TESSEL_PLATFORM");
+    if ((wanted.isEmpty() || wanted == "gnome") && GnomeSession::isOffered())
+        return "wayland";
+#endif
     if (const auto desktop = makeHelperPlatform())
         return (*desktop)->qtPlugin();
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")

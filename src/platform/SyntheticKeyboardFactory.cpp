@@ -3,6 +3,7 @@
 #include "platform/BackendChoice.h"
 #include "platform/SyntheticKeyboard.h"
 #ifdef TESSEL_WAYLAND
+#include "platform/gnome/GnomeModule.h"
 #include "platform/wayland/KWinSyntheticKeyboard.h"
 #include "platform/wayland/WaylandSyntheticKeyboard.h"
 #endif
@@ -19,6 +20,7 @@ Result<std::unique_ptr<SyntheticKeyboard>> makeSyntheticKeyboard()
 #ifdef TESSEL_WAYLAND
         { "wayland", WaylandSyntheticKeyboard::isOffered, WaylandSyntheticKeyboard::connect },
         { "wayland", KWinSyntheticKeyboard::isOffered, KWinSyntheticKeyboard::connect },
+        { "gnome", GnomeModule::isOffered, GnomeModule::makeSyntheticKeyboard },
 #endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11SyntheticKeyboard::connect },

@@ -4,7 +4,7 @@
 
 #include "platform/freedesktop/FreedesktopAppearance.h"
 #include "platform/freedesktop/NotifierArea.h"
-#include "platform/freedesktop/QtPlugins.h"
+#include "platform/gnome/GnomeSession.h"
 #include "platform/gnome/GnomeWorkspace.h"
 #include "platform/gnome/ShellBridge.h"
 #include "platform/gnome/ShellKeys.h"
@@ -12,7 +12,6 @@
 #include "platform/gnome/ShellPopupHost.h"
 #include "platform/gnome/ShellTrigger.h"
 #include "platform/wayland/QtMessages.h"
-#include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandCopyRequest.h"
 #include "platform/wayland/WaylandEventMonitor.h"
 #include "platform/wayland/WaylandPrimarySelection.h"
@@ -40,13 +39,9 @@ struct GnomePlatform::Services
     NotifierArea statusArea;
 };
 
-/// Its windows have a protocol of GTK's, which no compositor of another family has.
 bool GnomePlatform::isOffered()
 {
-    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || !hasQtWaylandPlugin())
-        return false;
-    const auto connection = WaylandConnection::open();
-    return connection && (*connection)->offers("gtk_shell1");
+    return GnomeSession::isOffered();
 }
 
 Result<std::unique_ptr<Platform>> GnomePlatform::connect()

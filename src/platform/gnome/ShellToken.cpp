@@ -49,7 +49,9 @@ void ShellToken::remove()
 QString ShellToken::published()
 {
     QFile file(filePath());
-    return file.open(QFile::ReadOnly) ? QString::fromLatin1(file.read(64)) : QString();
+    return !file.fileName().isEmpty() && file.open(QFile::ReadOnly)
+        ? QString::fromLatin1(file.read(64))
+        : QString();
 }
 
 }

@@ -19,12 +19,6 @@ namespace {
 constexpr qint64 maxWait = 1000; ///< milliseconds, for modifiers that the user holds
 constexpr unsigned long stepMs = 10;
 
-qint64 bitsOf(const ShortcutModifiers &modifiers)
-{
-    return (modifiers.command || modifiers.control ? KeyCodes::control : 0)
-        | (modifiers.option ? KeyCodes::option : 0) | (modifiers.shift ? KeyCodes::shift : 0);
-}
-
 }
 
 bool KWinSyntheticKeyboard::isOffered()

@@ -3,8 +3,7 @@
 #include "platform/wayland/WaylandHelperPlatform.h"
 
 #include "platform/freedesktop/QtPlugins.h"
-
-#include <xdg-system-bell-client.h>
+#include "platform/wayland/WaylandBell.h"
 
 namespace Tessel {
 
@@ -41,12 +40,7 @@ ClientWindows &WaylandHelperPlatform::clientWindows()
 
 void WaylandHelperPlatform::ringBell()
 {
-    const WaylandPtr<xdg_system_bell_v1> bell(
-        m_connection->bind<xdg_system_bell_v1>(xdg_system_bell_v1_interface, 1),
-        xdg_system_bell_v1_destroy);
-    if (bell)
-        xdg_system_bell_v1_ring(bell.get(), nullptr);
-    m_connection->flush();
+    ringWaylandBell(*m_connection);
 }
 
 QByteArray WaylandHelperPlatform::qtPlugin() const

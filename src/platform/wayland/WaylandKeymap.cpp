@@ -53,12 +53,17 @@ WaylandKeymap::WaylandKeymap(std::shared_ptr<xkb_keymap> keymap)
 
 std::optional<WaylandKeymap> WaylandKeymap::make(const QList<quint32> &further)
 {
+    return read(description(further));
+}
+
+std::optional<WaylandKeymap> WaylandKeymap::read(const QByteArray &description)
+{
     const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
         xkb_context_new(XKB_CONTEXT_NO_FLAGS), xkb_context_unref);
     if (!context)
         return {};
     const std::shared_ptr<xkb_keymap> keymap(
-        xkb_keymap_new_from_string(context.get(), description(further).constData(),
+        xkb_keymap_new_from_string(context.get(), description.constData(),
                                    XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS),
         xkb_keymap_unref);
     return keymap ? std::optional(WaylandKeymap(keymap)) : std::nullopt;
@@ -82,6 +87,25 @@ std::optional<WaylandKeymap::Stroke> WaylandKeymap::stroke(quint32 symbol) const
         }
     }
     return {};
+}
+
+/// A key without a group of this number has its first one (xkb_keymap_num_layouts_for_key).
+std::optional<WaylandKeymap::Stroke> WaylandKeymap::strokeInAllGroups(quint32 symbol) const
+{
+    const auto found = stroke(symbol);
+    if (!found)
+        return {};
+    const xkb_layout_index_t groups
+        = xkb_keymap_num_layouts_for_key(m_keymap.get(), found->scanCode);
+    for (xkb_layout_index_t group = 0; group < groups; ++group) {
+        const xkb_keysym_t *symbols = nullptr;
+        if (xkb_keymap_key_get_syms_by_level(m_keymap.get(), found->scanCode, group,
+                                             found->shift ? 1 : 0, &symbols)
+                != 1
+            || symbols[0] != symbol)
+            return {};
+    }
+    return found;
 }
 
 QByteArray WaylandKeymap::text() const

@@ -30,7 +30,13 @@ public:
     /// keyboards (xkb-data) are missing.
     [[nodiscard]] static std::optional<WaylandKeymap> make(const QList<quint32> &further = {});
 
+    /// In XKB text format.
+    [[nodiscard]] static std::optional<WaylandKeymap> read(const QByteArray &description);
+
     [[nodiscard]] std::optional<Stroke> stroke(quint32 symbol) const;
+
+    /// One that gives the symbol whichever group is in use.
+    [[nodiscard]] std::optional<Stroke> strokeInAllGroups(quint32 symbol) const;
 
     [[nodiscard]] QByteArray text() const; ///< XKB text format, version 1
 

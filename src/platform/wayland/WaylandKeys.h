@@ -2,9 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/KeyCodes.h"
+#include "base/ShortcutModifiers.h"
+
 #include <QFuture>
 
 namespace Tessel {
+
+/// Bits of KeyCodes.h.
+[[nodiscard]] constexpr qint64 bitsOf(const ShortcutModifiers &modifiers)
+{
+    return (modifiers.command || modifiers.control ? KeyCodes::control : 0)
+        | (modifiers.option ? KeyCodes::option : 0) | (modifiers.shift ? KeyCodes::shift : 0);
+}
 
 /// A keyboard that the program presses keys on; they go to the window in front.
 class WaylandKeys

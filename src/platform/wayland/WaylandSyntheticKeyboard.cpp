@@ -37,12 +37,6 @@ Failure noSuchKey(char32_t character)
     return { u"No key of a keyboard gives “%1”."_s.arg(QString::fromUcs4(&character, 1)) };
 }
 
-qint64 bitsOf(const ShortcutModifiers &modifiers)
-{
-    return (modifiers.command || modifiers.control ? KeyCodes::control : 0)
-        | (modifiers.option ? KeyCodes::option : 0) | (modifiers.shift ? KeyCodes::shift : 0);
-}
-
 const wl_seat_listener capabilityListener = {
     [](void *capabilities, wl_seat *, quint32 present) {
         *static_cast<quint32 *>(capabilities) = present;
