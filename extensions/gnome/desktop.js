@@ -16,7 +16,6 @@ const OutputStream = await import('gi://GioUnix').then(
     ({default: GioUnix}) => GioUnix.OutputStream, () => Gio.UnixOutputStream);
 
 const TEXT = 'text/plain;charset=utf-8';
-const MAX_BYTES = 64 * 1024 * 1024 + 1;
 const NO_WINDOW = [0, '', '', 0, false];
 const {NONE} = Meta.KeyBindingAction;
 const {SELECTION_PRIMARY, SELECTION_CLIPBOARD} = Meta.SelectionType;
@@ -189,7 +188,8 @@ export class Desktop {
         // Copies of the pipe's end would stay open until the message is collected.
         const fd = call.get_message().get_unix_fd_list().steal_fds()[index];
         const stream = new OutputStream({fd, closeFd: true});
-        this._selection.transfer_async(type, format, MAX_BYTES, stream, null,
+        // With a size, what the pipe does not take at once would be lost. The reader ends the rest.
+        this._selection.transfer_async(type, format, -1, stream, null,
             () => stream.close_async(GLib.PRIORITY_DEFAULT, null, null));
     }
 
