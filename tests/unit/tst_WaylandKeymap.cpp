@@ -10,6 +10,7 @@
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 class tst_WaylandKeymap : public QObject
 {
@@ -48,6 +49,20 @@ private Q_SLOTS:
             QCOMPARE(stroke->shift, key.shift);
         }
         QVERIFY(!keymap->stroke(KeySymbols::ofCharacter(U'☃')));
+    }
+
+    void knowsWhatAllLayoutsHave()
+    {
+        const auto keymap = WaylandKeymap::read(
+            "xkb_keymap { xkb_keycodes { include \"evdev\" }; xkb_types { include \"complete\" };"
+            "xkb_compat { include \"complete\" }; xkb_symbols { include \"pc+us+ru:2\" }; };");
+        QVERIFY(keymap);
+        for (const char32_t common : U"1!\n"sv)
+            QVERIFY(keymap->strokeInAllGroups(KeySymbols::ofCharacter(common)));
+        for (const char32_t different : U"aж@"sv) {
+            QVERIFY(keymap->stroke(KeySymbols::ofCharacter(different)));
+            QVERIFY(!keymap->strokeInAllGroups(KeySymbols::ofCharacter(different)));
+        }
     }
 };
 

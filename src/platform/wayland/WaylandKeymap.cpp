@@ -89,7 +89,7 @@ std::optional<WaylandKeymap::Stroke> WaylandKeymap::stroke(quint32 symbol) const
     return {};
 }
 
-/// A key without a group of this number has its first one (xkb_keymap_num_layouts_for_key).
+/// In a group that a key lacks, it has one of its others.
 std::optional<WaylandKeymap::Stroke> WaylandKeymap::strokeInAllGroups(quint32 symbol) const
 {
     const auto found = stroke(symbol);
