@@ -18,7 +18,7 @@ QByteArray contents(const Descriptor &file, std::size_t size)
     void *bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.number(), 0);
     if (bytes == MAP_FAILED)
         return {};
-    const QByteArray text(static_cast<const char *>(bytes), qsizetype(size) - 1);
+    QByteArray text(static_cast<const char *>(bytes), qsizetype(size) - 1);
     munmap(bytes, size);
     return text;
 }
