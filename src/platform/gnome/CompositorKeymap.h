@@ -6,8 +6,8 @@
 
 namespace Tessel {
 
-/// The user's layouts, a group each, as the compositor tells them to programs; which one is in use
-/// only the program in front knows. Nothing without a keyboard.
+/// The user's layouts, a group each, and the locale's, as the compositor tells them to programs.
+/// Which one is in use only the program in front knows. Nothing without a keyboard.
 [[nodiscard]] std::optional<WaylandKeymap> compositorKeymap();
 
 }

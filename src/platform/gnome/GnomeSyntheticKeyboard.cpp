@@ -116,9 +116,11 @@ Result<void> GnomeSyntheticKeyboard::type(const QString &text)
 
 Result<void> GnomeSyntheticKeyboard::typeByKeys(const QString &text)
 {
+    // The shell adds the locale's layout as the last one, for shortcuts (keyboardManager.js).
+    const quint32 inUse = std::max(1U, m_layouts.groups() - 1);
     QList<WaylandKeymap::Stroke> strokes;
     for (const quint32 symbol : KeySymbols::ofText(text)) {
-        const auto stroke = m_layouts.strokeInAllGroups(symbol);
+        const auto stroke = m_layouts.commonStroke(symbol, inUse);
         if (!stroke)
             return Failure { u"The program in front takes no text that keyboards lack: put it on "
                              "the clipboard and paste it."_s };

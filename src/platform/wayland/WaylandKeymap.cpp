@@ -90,22 +90,28 @@ std::optional<WaylandKeymap::Stroke> WaylandKeymap::stroke(quint32 symbol) const
 }
 
 /// In a group that a key lacks, it has one of its others.
-std::optional<WaylandKeymap::Stroke> WaylandKeymap::strokeInAllGroups(quint32 symbol) const
+std::optional<WaylandKeymap::Stroke> WaylandKeymap::commonStroke(quint32 symbol,
+                                                                 quint32 groups) const
 {
     const auto found = stroke(symbol);
     if (!found)
         return {};
-    const xkb_layout_index_t groups
-        = xkb_keymap_num_layouts_for_key(m_keymap.get(), found->scanCode);
-    for (xkb_layout_index_t group = 0; group < groups; ++group) {
+    xkb_keymap *keymap = m_keymap.get();
+    const auto ofKey = xkb_keymap_num_layouts_for_key(keymap, found->scanCode);
+    for (xkb_layout_index_t group = 0; group < std::min(groups, ofKey); ++group) {
         const xkb_keysym_t *symbols = nullptr;
-        if (xkb_keymap_key_get_syms_by_level(m_keymap.get(), found->scanCode, group,
-                                             found->shift ? 1 : 0, &symbols)
+        if (xkb_keymap_key_get_syms_by_level(keymap, found->scanCode, group, found->shift ? 1 : 0,
+                                             &symbols)
                 != 1
             || symbols[0] != symbol)
             return {};
     }
     return found;
+}
+
+quint32 WaylandKeymap::groups() const
+{
+    return xkb_keymap_num_layouts(m_keymap.get());
 }
 
 QByteArray WaylandKeymap::text() const

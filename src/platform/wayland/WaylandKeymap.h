@@ -35,8 +35,10 @@ public:
 
     [[nodiscard]] std::optional<Stroke> stroke(quint32 symbol) const;
 
-    /// One that gives the symbol whichever group is in use.
-    [[nodiscard]] std::optional<Stroke> strokeInAllGroups(quint32 symbol) const;
+    /// One that gives the symbol in each of the first `groups`.
+    [[nodiscard]] std::optional<Stroke> commonStroke(quint32 symbol, quint32 groups) const;
+
+    [[nodiscard]] quint32 groups() const;
 
     [[nodiscard]] QByteArray text() const; ///< XKB text format, version 1
 
