@@ -24,15 +24,16 @@ namespace Tessel {
 /// In order of construction: each uses those above it.
 struct X11Platform::Services
 {
-    explicit Services(std::unique_ptr<X11Connection> x)
+    Services(std::unique_ptr<X11Connection> x, ClipboardHolder holder)
         : connection(std::move(x))
+        , pasteboard(*connection, reader, holder)
     {
     }
 
     std::unique_ptr<X11Connection> connection;
     X11CurrentLayout layout { *connection };
     X11SelectionReader reader { *connection };
-    X11Pasteboard pasteboard { *connection, reader };
+    X11Pasteboard pasteboard;
     X11Workspace workspace { *connection };
     X11PrimarySelection primary { *connection };
     X11CopyRequest copyRequest { { *connection, reader, layout, primary, pasteboard } };
@@ -48,11 +49,21 @@ struct X11Platform::Services
 
 Result<std::unique_ptr<Platform>> X11Platform::connect()
 {
+    return connectWith(ClipboardHolder::qt);
+}
+
+Result<std::unique_ptr<Platform>> X11Platform::connectBeside()
+{
+    return connectWith(ClipboardHolder::ourselves);
+}
+
+Result<std::unique_ptr<Platform>> X11Platform::connectWith(ClipboardHolder holder)
+{
     auto connection = X11Connection::open();
     if (!connection)
         return connection.error();
     return std::unique_ptr<Platform>(
-        new X11Platform(std::make_unique<Services>(*std::move(connection))));
+        new X11Platform(std::make_unique<Services>(*std::move(connection), holder)));
 }
 
 X11Platform::X11Platform(std::unique_ptr<Services> services)

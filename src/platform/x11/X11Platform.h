@@ -6,12 +6,17 @@
 
 namespace Tessel {
 
+enum class ClipboardHolder;
+
 /// The services of an X11 desktop, over one connection apart from Qt's.
 class X11Platform final : public Platform
 {
 public:
     /// Fails when the X server cannot be reached.
     [[nodiscard]] static Result<std::unique_ptr<Platform>> connect();
+
+    /// For a desktop of another window system, whose X server (XWayland) Qt's windows are not on.
+    [[nodiscard]] static Result<std::unique_ptr<Platform>> connectBeside();
     ~X11Platform() override;
 
     [[nodiscard]] QString notice() const override;
@@ -27,6 +32,7 @@ public:
 
 private:
     struct Services;
+    static Result<std::unique_ptr<Platform>> connectWith(ClipboardHolder holder);
     explicit X11Platform(std::unique_ptr<Services> services);
 
     std::unique_ptr<Services> m_services;

@@ -47,6 +47,9 @@ bool X11PrimarySelection::isNewerThanFocus() const
 bool X11PrimarySelection::isMarkedIn(quint32 window) const
 {
     const quint32 owner = m_connection.selectionOwner(XCB_ATOM_PRIMARY);
+    if (!window)
+        return m_connection.isSameClient(
+            owner, m_connection.items(m_connection.root(), "_NET_SUPPORTING_WM_CHECK").value(0));
     if (m_connection.isSameClient(owner, window))
         return true;
     switch (

@@ -19,7 +19,9 @@ public:
     explicit X11PrimarySelection(X11Connection &connection);
 
     /// Whether its text was marked in this window, which is active: its program has it, or one that
-    /// this has started (or was started by) and that has taken it since the window is active.
+    /// this has started (or was started by) and that has taken it since the window is active. 0:
+    /// whether it was marked in a window that is none of X11's. mutter, as the window manager of
+    /// XWayland, hands that text on in its own name.
     [[nodiscard]] bool isMarkedIn(quint32 window) const;
 
     /// Whether it was taken since the active window is active. Some programs keep it for long after

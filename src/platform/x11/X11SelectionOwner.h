@@ -26,7 +26,10 @@ public:
     /// False when the server did not make it the owner.
     [[nodiscard]] bool take();
 
-    /// Answers requests until another owner has taken over and nobody is being served any more, or
+    /// Answers a request, and goes on with what is being served.
+    void handle(const X11Event &event);
+
+    /// Does that until another owner has taken over and nobody is being served any more, or
     /// until the server goes away. The connection must be used by nobody else.
     void serve();
 
@@ -47,7 +50,6 @@ private:
     };
 
     [[nodiscard]] quint32 currentTime() const;
-    void handle(const X11Event &event);
     void answer(const X11Event &event);
     [[nodiscard]] bool convert(quint32 requestor, quint32 target, quint32 property);
     [[nodiscard]] bool convertMultiple(quint32 requestor, quint32 property);
