@@ -34,6 +34,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -65,8 +66,9 @@ void AppDelegate::applicationDidFinishLaunching()
         warn(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s.arg(
             missing.join(u"\n• "_s)));
     } else if (const QString notice = platform.notice(); !notice.isEmpty()) {
-        showNotice(notice);
+        showNotice({ notice });
     }
+    platform.setupFound = [this](const DesktopSetup &setup) { showNotice(setup); };
     m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
         ConfigManager::shared(), NotificationCenter::defaultCenter(),
         AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
@@ -142,25 +144,38 @@ void AppDelegate::notify(const DesktopNotification &notification)
                    });
 }
 
-/// Once: the user can do little about most of these.
-void AppDelegate::showNotice(const QString &notice)
+/// Once: whoever has closed it knows. A set-up that was begun may fail and is offered again.
+void AppDelegate::showNotice(const DesktopSetup &notice)
 {
-    QFile told(BaseFolders::state() + u"/session-notice"_s);
-    if (told.open(QIODevice::ReadOnly) && told.read(64 << 10) == notice.toUtf8())
+    const QString path = BaseFolders::state() + u"/session-notice"_s;
+    QFile told(path);
+    if (told.open(QIODevice::ReadOnly) && told.read(64 << 10) == notice.text.toUtf8())
         return;
-    told.close();
-    if (QDir().mkpath(BaseFolders::state()) && told.open(QIODevice::WriteOnly))
-        told.write(notice.toUtf8());
-    warn(notice);
+    QMessageBox *box = warn(notice.text);
+    QAbstractButton *setUp
+        = notice.run ? box->addButton(notice.button, QMessageBox::AcceptRole) : nullptr;
+    connect(box, &QMessageBox::buttonClicked, this,
+            [this, setUp, notice, path](const QAbstractButton *clicked) {
+                if (setUp && clicked == setUp) {
+                    notice.run().then(this, [this](const QString &result) {
+                        if (!result.isEmpty())
+                            showNotice({ result });
+                    });
+                } else if (QFile closed(path); QDir().mkpath(BaseFolders::state())
+                           && closed.open(QIODevice::WriteOnly)) {
+                    closed.write(notice.text.toUtf8());
+                }
+            });
 }
 
-void AppDelegate::warn(const QString &text)
+QMessageBox *AppDelegate::warn(const QString &text)
 {
     applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
     auto *box = new QMessageBox(QMessageBox::Warning, u"Tessel"_s, text, QMessageBox::Close);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->show();
+    return box;
 }
 
 }

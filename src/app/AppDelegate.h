@@ -9,9 +9,12 @@
 
 #include <memory>
 
+class QMessageBox;
+
 namespace Tessel {
 
 struct DesktopNotification;
+struct DesktopSetup;
 class MenuBarManager;
 class SelectionDetector;
 class UpdaterController;
@@ -32,8 +35,8 @@ public:
 private:
     void tellNothingOpened(const QString &url);
     void notify(const DesktopNotification &notification);
-    void showNotice(const QString &notice);
-    void warn(const QString &text);
+    void showNotice(const DesktopSetup &notice);
+    QMessageBox *warn(const QString &text);
 
     CommandRunner m_notifier;
     std::unique_ptr<SelectionDetector> m_detector;

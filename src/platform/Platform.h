@@ -4,9 +4,11 @@
 
 #include "base/Result.h"
 
+#include <QFuture>
 #include <QMap>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace Tessel {
@@ -18,6 +20,14 @@ class Pasteboard;
 class PopupHost;
 class StatusArea;
 class Workspace;
+
+/// What the user can set up so that the desktop offers more.
+struct DesktopSetup
+{
+    QString text; ///< what is missing, in words
+    QString button = {}; ///< what sets it up; empty: only the user can
+    std::function<QFuture<QString>()> run = {}; ///< what has come of it, in words; may be empty
+};
 
 /// The services of the desktop that the program runs on. A backend is made before the application
 /// object, so that a missing desktop can be reported, and started after it.
@@ -32,6 +42,9 @@ public:
 
     /// What the user should know about this desktop, in words; may be empty.
     [[nodiscard]] virtual QString notice() const = 0;
+
+    /// Called with what was found missing only after the start, from the event loop.
+    std::function<void(const DesktopSetup &setup)> setupFound = [](const DesktopSetup &) {};
 
     /// Qt's plugin for windows that it needs; empty: whichever Qt chooses.
     [[nodiscard]] virtual QByteArray qtPlugin() const = 0;
