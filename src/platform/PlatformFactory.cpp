@@ -14,12 +14,29 @@
 
 namespace Tessel {
 
+namespace {
+
+#ifdef TESSEL_WAYLAND
+Result<std::unique_ptr<Platform>> connectToGnome()
+{
+    return GnomePlatform::connect([]() -> Result<std::unique_ptr<Platform>> {
+#ifdef TESSEL_X11
+        if (X11Connection::isOffered())
+            return X11Platform::connectBeside();
+#endif
+        return noBackend({});
+    });
+}
+#endif
+
+}
+
 Result<std::unique_ptr<Platform>> makePlatform()
 {
     return connectToDesktop<Platform>({
 #ifdef TESSEL_WAYLAND
         { "wayland", WaylandPlatform::isOffered, WaylandPlatform::connect },
-        { "gnome", GnomePlatform::isOffered, GnomePlatform::connect },
+        { "gnome", GnomePlatform::isOffered, connectToGnome },
 #endif
 #ifdef TESSEL_X11
         { "x11", X11Connection::isOffered, X11Platform::connect },

@@ -4,18 +4,21 @@
 
 #include "platform/freedesktop/FreedesktopAppearance.h"
 #include "platform/freedesktop/NotifierArea.h"
+#include "platform/gnome/BareDesktop.h"
+#include "platform/gnome/ExtensionSetup.h"
+#include "platform/gnome/GnomeCopyRequest.h"
+#include "platform/gnome/GnomePasteboard.h"
 #include "platform/gnome/GnomeSession.h"
+#include "platform/gnome/GnomeTrigger.h"
 #include "platform/gnome/GnomeWorkspace.h"
 #include "platform/gnome/ShellBridge.h"
 #include "platform/gnome/ShellKeys.h"
 #include "platform/gnome/ShellPasteboard.h"
 #include "platform/gnome/ShellPopupHost.h"
-#include "platform/gnome/ShellTrigger.h"
 #include "platform/wayland/QtMessages.h"
 #include "platform/wayland/WaylandCopyRequest.h"
 #include "platform/wayland/WaylandEventMonitor.h"
 #include "platform/wayland/WaylandPrimarySelection.h"
-
 
 using namespace Qt::StringLiterals;
 
@@ -24,14 +27,24 @@ namespace Tessel {
 /// In order of construction: each uses those above it.
 struct GnomePlatform::Services
 {
+    explicit Services(Maker makeX11)
+        : bare(setup, std::move(makeX11),
+               [this](const InputEvent &event) { eventMonitor.deliver(event); })
+    {
+    }
+
     ShellBridge bridge;
+    ExtensionSetup setup { bridge };
+    BareDesktop bare;
     ShellSelections selections { bridge };
     WaylandSelectionReader reader { selections };
-    ShellPasteboard pasteboard { selections, reader };
+    ShellPasteboard shellPasteboard { selections, reader };
+    GnomePasteboard pasteboard { shellPasteboard, bare };
     WaylandPrimarySelection primary { { selections, reader, bridge } };
     ShellKeys keys { bridge };
-    GnomeWorkspace workspace { bridge };
-    WaylandCopyRequest copyRequest { { keys, primary, pasteboard } };
+    GnomeWorkspace workspace { bridge, bare };
+    WaylandCopyRequest shellCopyRequest { { keys, primary, shellPasteboard } };
+    GnomeCopyRequest copyRequest { shellCopyRequest, bare };
     WaylandEventMonitor eventMonitor;
     ShellPopupHost popupHost { bridge,
                                [this](const InputEvent &event) { eventMonitor.deliver(event); } };
@@ -44,14 +57,18 @@ bool GnomePlatform::isOffered()
     return GnomeSession::isOffered();
 }
 
-Result<std::unique_ptr<Platform>> GnomePlatform::connect()
+Result<std::unique_ptr<Platform>> GnomePlatform::connect(Maker makeX11)
 {
-    return std::unique_ptr<Platform>(new GnomePlatform);
+    return std::unique_ptr<Platform>(new GnomePlatform(std::move(makeX11)));
 }
 
-GnomePlatform::GnomePlatform()
-    : m_services(std::make_unique<Services>())
+GnomePlatform::GnomePlatform(Maker makeX11)
+    : m_services(std::make_unique<Services>(std::move(makeX11)))
 {
+    QObject::connect(&m_services->setup, &ExtensionSetup::changed, &m_services->setup, [this] {
+        if (const auto offer = m_services->setup.offer())
+            setupFound(*offer);
+    });
 }
 
 GnomePlatform::~GnomePlatform() = default;
@@ -73,8 +90,9 @@ void GnomePlatform::start()
 {
     handleQtsWaylandMessages();
     m_services->eventMonitor.start(
-        std::make_unique<ShellTrigger>(m_services->bridge, m_services->keys));
+        std::make_unique<GnomeTrigger>(m_services->bridge, m_services->keys, m_services->bare));
     m_services->bridge.start();
+    m_services->setup.start();
     m_services->appearance.start();
     m_services->statusArea.start();
 }

@@ -7,12 +7,15 @@
 namespace Tessel {
 
 /// GNOME on Wayland, whose compositor has no protocols for what the program does: the extension of
-/// ours in the shell does it.
+/// ours in the shell does it, and X11 as well as it can while that is missing.
 class GnomePlatform final : public Platform
 {
 public:
     [[nodiscard]] static bool isOffered();
-    [[nodiscard]] static Result<std::unique_ptr<Platform>> connect();
+
+    /// `makeX11`: the services of X11 beside it, for as long as the extension is missing.
+    using Maker = std::function<Result<std::unique_ptr<Platform>>()>;
+    [[nodiscard]] static Result<std::unique_ptr<Platform>> connect(Maker makeX11);
     ~GnomePlatform() override;
 
     [[nodiscard]] QString notice() const override;
@@ -33,7 +36,7 @@ public:
 private:
     struct Services;
 
-    GnomePlatform();
+    explicit GnomePlatform(Maker makeX11);
 
     std::unique_ptr<Services> m_services;
 };

@@ -8,16 +8,18 @@
 
 namespace Tessel {
 
+class BareDesktop;
 class ShellBridge;
 
-/// Applications as the shell's extension sees them.
+/// Applications as the shell's extension sees them, else X11's.
 class GnomeWorkspace final : public QObject, public FreedesktopWorkspace
 {
     Q_OBJECT
 
 public:
-    explicit GnomeWorkspace(const ShellBridge &bridge)
+    GnomeWorkspace(const ShellBridge &bridge, const BareDesktop &bare)
         : m_bridge(bridge)
+        , m_bare(bare)
     {
     }
 
@@ -27,6 +29,7 @@ public:
 
 private:
     const ShellBridge &m_bridge;
+    const BareDesktop &m_bare;
 };
 
 }

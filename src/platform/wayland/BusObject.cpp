@@ -19,6 +19,17 @@ QDBusMessage message(const BusObject &object, const char *method, const QVariant
     return call;
 }
 
+void callThen(const QDBusMessage &call, QObject *context,
+              const std::function<void(const QDBusMessage &reply)> &then)
+{
+    auto *watcher
+        = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, then] {
+        watcher->deleteLater();
+        then(watcher->reply());
+    });
+}
+
 }
 
 void BusObject::send(const char *method, const QVariantList &arguments) const
@@ -29,13 +40,18 @@ void BusObject::send(const char *method, const QVariantList &arguments) const
 void BusObject::call(const char *method, const QVariantList &arguments, QObject *context,
                      const std::function<void(const QVariantList &reply)> &then) const
 {
-    auto *watcher = new QDBusPendingCallWatcher(
-        QDBusConnection::sessionBus().asyncCall(message(*this, method, arguments)), context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, then] {
-        watcher->deleteLater();
-        const QDBusMessage reply = watcher->reply();
+    callThen(message(*this, method, arguments), context, [then](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage)
             then(reply.arguments());
+    });
+}
+
+void BusObject::ask(const char *method, const QVariantList &arguments, QObject *context,
+                    const std::function<void(const QVariantList &reply)> &then) const
+{
+    callThen(message(*this, method, arguments), context, [then](const QDBusMessage &reply) {
+        const bool isAnswer = reply.type() == QDBusMessage::ReplyMessage;
+        then(isAnswer ? reply.arguments() : QVariantList());
     });
 }
 

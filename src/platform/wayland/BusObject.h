@@ -24,6 +24,10 @@ struct BusObject
     /// Calls with the reply's arguments; not when the call fails, nor after the context's end.
     void call(const char *method, const QVariantList &arguments, QObject *context,
               const std::function<void(const QVariantList &reply)> &then) const;
+
+    /// The same, without arguments when the call fails.
+    void ask(const char *method, const QVariantList &arguments, QObject *context,
+             const std::function<void(const QVariantList &reply)> &then) const;
 };
 
 }

@@ -29,6 +29,16 @@ struct Notation
 
 constexpr Notation portal { "", u"LOGO", u"CTRL", u"ALT", u"SHIFT", u'+', u"%1" };
 
+constexpr Notation gnome {
+    "",
+    u"Super",
+    u"Ctrl",
+    u"Alt",
+    u"Shift",
+    u'+',
+    u"Keyboard > View and Customize Shortcuts > Custom Shortcuts: %1, tessel --trigger"
+};
+
 constexpr Notation compositors[] = {
     // A configuration with a keybind of its own has no others, unless it says so.
     { "LABWC_PID",
@@ -89,6 +99,11 @@ QString written(const KeyChord &chord, const Notation &notation)
 QString KeyBinding::shortcut(const KeyChord &chord)
 {
     return written(chord, portal);
+}
+
+QString KeyBinding::inGnome(const KeyChord &chord)
+{
+    return written(chord, gnome);
 }
 
 QString KeyBinding::configuration(const KeyChord &chord)

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The Tessel developers
+// SPDX-License-Identifier: MIT
+#include "platform/gnome/ExtensionSetup.h"
+
+#include "base/Log.h"
+#include "platform/DesktopBus.h"
+#include "platform/gnome/ExtensionFiles.h"
+#include "platform/gnome/ShellBridge.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QPromise>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace Tessel {
+
+namespace {
+
+constexpr auto untilAttached = 3s;
+
+const BusObject extensions { u"org.gnome.Shell"_s, u"/org/gnome/Shell"_s,
+                             u"org.gnome.Shell.Extensions"_s };
+const BusObject properties { extensions.service, extensions.path,
+                             u"org.freedesktop.DBus.Properties"_s };
+const BusObject screenSaver { u"org.gnome.ScreenSaver"_s, u"/org/gnome/ScreenSaver"_s,
+                              u"org.gnome.ScreenSaver"_s };
+const auto switchOfAll = u"UserExtensionsEnabled"_s;
+
+const auto reason = u"Tessel needs an extension in GNOME Shell to see the selected text in every "
+                    "application, and to place its bar. "_s;
+const auto meanwhile
+    = u"\n\nWithout it, text counts that is marked, in whichever application, and the bar opens "
+      "where GNOME puts new windows. The settings say how to press the trigger then."_s;
+const auto loginNeeded
+    = u"It is installed: log out and in again, as GNOME Shell looks for extensions only then."_s;
+
+}
+
+ExtensionState extensionState(const QVariantMap &info, bool hasFiles)
+{
+    // ExtensionState of the shell's misc/extensionUtils.js.
+    enum { active = 1, error = 3, outOfDate = 4, activating = 8 };
+    if (info.isEmpty())
+        return hasFiles ? ExtensionState::waiting : ExtensionState::absent;
+    const int state = info[u"state"_s].toInt();
+    if (state == error || state == outOfDate)
+        return ExtensionState::refused;
+    const bool isOn = state == active || state == activating || info[u"enabled"_s].toBool();
+    return isOn ? ExtensionState::enabled : ExtensionState::off;
+}
+
+ExtensionSetup::ExtensionSetup(const ShellBridge &bridge)
+    : m_bridge(bridge)
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(untilAttached);
+    connect(&m_patience, &QTimer::timeout, this, &ExtensionSetup::check);
+    connect(&bridge, &ShellBridge::attached, this, [this] {
+        setState(ExtensionState::enabled);
+        renewCopy();
+    });
+    connect(&bridge, &ShellBridge::detached, this, [this] {
+        setState(ExtensionState::unknown);
+        m_patience.start();
+    });
+}
+
+ExtensionSetup::~ExtensionSetup() = default;
+
+void ExtensionSetup::start()
+{
+    m_files = std::make_unique<ExtensionFiles>();
+    m_patience.start();
+    DesktopBus::whenReady(this, [this] {
+        QDBusConnection::sessionBus().connect({}, {}, screenSaver.interface, u"ActiveChanged"_s,
+                                              this, SLOT(setLocked(bool)));
+    });
+}
+
+void ExtensionSetup::setLocked(bool isLocked)
+{
+    if (!isLocked)
+        m_patience.start();
+}
+
+void ExtensionSetup::check()
+{
+    if (m_bridge.isAttached() || !DesktopBus::isReady())
+        return;
+    screenSaver.ask("GetActive", {}, this, [this](const QVariantList &isLocked) {
+        if (!isLocked.value(0).toBool())
+            askShell();
+    });
+}
+
+void ExtensionSetup::askShell()
+{
+    properties.ask("GetAll", { extensions.interface }, this, [this](const QVariantList &all) {
+        const auto values = qdbus_cast<QVariantMap>(all.value(0));
+        m_shellVersion = values[u"ShellVersion"_s].toString();
+        m_takesExtensions = values.value(switchOfAll, true).toBool();
+        if (m_shellVersion.isEmpty())
+            return setState(ExtensionState::impossible);
+        extensions.ask("GetExtensionInfo", { ExtensionFiles::uuid() }, this,
+                       [this](const QVariantList &reply) {
+                           const auto info = qdbus_cast<QVariantMap>(reply.value(0));
+                           if (!m_bridge.isAttached())
+                               setState(extensionState(info, m_files->areThere()));
+                       });
+    });
+}
+
+/// The shell has read the old one, and reads the new one at the next login.
+void ExtensionSetup::renewCopy()
+{
+    properties.ask("Get", { extensions.interface, u"ShellVersion"_s }, this,
+                   [this](const QVariantList &reply) {
+                       const QString version
+                           = reply.value(0).value<QDBusVariant>().variant().toString();
+                       if (!m_files->isCopyOld(version))
+                           return;
+                       if (const auto renewed = m_files->install(version); !renewed)
+                           Log::print(u"WARNING: "_s + renewed.error().reason);
+                   });
+}
+
+void ExtensionSetup::setState(ExtensionState state)
+{
+    if (std::exchange(m_state, state) != state)
+        Q_EMIT changed();
+}
+
+bool ExtensionSetup::isMissing() const
+{
+    return m_state != ExtensionState::unknown && m_state != ExtensionState::enabled;
+}
+
+std::optional<DesktopSetup> ExtensionSetup::offer()
+{
+    const auto install = u"Install Extension"_s;
+    const auto run = [this] { return carryOut(); };
+    const QString all = m_takesExtensions
+        ? QString()
+        : u" Other extensions that you have switched on come with it: now all are off."_s;
+    switch (m_state) {
+    case ExtensionState::unknown:
+    case ExtensionState::enabled:
+        return {};
+    case ExtensionState::off:
+        return DesktopSetup { reason + u"It is switched off."_s + all + meanwhile, u"Switch On"_s,
+                              run };
+    case ExtensionState::waiting:
+        return DesktopSetup { reason + loginNeeded };
+    case ExtensionState::refused:
+        if (m_files->isCopyOld(m_shellVersion))
+            return DesktopSetup {
+                reason + u"The one that is installed is for another version of the shell."_s + all
+                    + meanwhile,
+                install, run
+            };
+        return DesktopSetup { reason + u"GNOME Shell %1 does not take it."_s.arg(m_shellVersion)
+                              + meanwhile };
+    case ExtensionState::absent:
+        if (m_files->shippedFor(m_shellVersion).isEmpty())
+            return DesktopSetup {
+                reason + u"There is none for GNOME Shell %1."_s.arg(m_shellVersion) + meanwhile
+            };
+        return DesktopSetup { reason + u"It is not installed. Once it is, log out and in again."_s
+                                  + all + meanwhile,
+                              install, run };
+    case ExtensionState::impossible:
+        break;
+    }
+    return DesktopSetup { u"This desktop shows programs neither keys nor selected text: text "
+                          "counts that is marked, in whichever application. The settings say how "
+                          "to press the trigger."_s };
+}
+
+QFuture<QString> ExtensionSetup::carryOut()
+{
+    if (m_state != ExtensionState::off) {
+        if (const auto installed = m_files->install(m_shellVersion); !installed)
+            return QtFuture::makeReadyFuture(installed.error().reason);
+    }
+    if (!m_takesExtensions)
+        properties.send(
+            "Set", { extensions.interface, switchOfAll, QVariant::fromValue(QDBusVariant(true)) });
+    auto promise = std::make_shared<QPromise<QString>>();
+    promise->start();
+    // The shell's own EnableExtension does not remember one that it does not know yet.
+    m_tool.run(
+        { .program = u"gnome-extensions"_s, .arguments = { u"enable"_s, ExtensionFiles::uuid() } },
+        [this, promise](const Result<CommandResult> &enabling) {
+            promise->addResult(resultOf(enabling));
+            promise->finish();
+        });
+    return promise->future();
+}
+
+QString ExtensionSetup::resultOf(const Result<CommandResult> &enabling)
+{
+    if (!enabling)
+        return enabling.error().reason;
+    if (enabling->exitStatus != 0)
+        return QString::fromUtf8(enabling->errorOutput).trimmed();
+    m_patience.start();
+    if (m_state == ExtensionState::off)
+        return {};
+    m_state = ExtensionState::waiting; // which need not be said twice
+    return reason + loginNeeded;
+}
+
+}
