@@ -154,6 +154,7 @@ void AppDelegate::showNotice(const DesktopSetup &notice)
     QMessageBox *box = warn(notice.text);
     QAbstractButton *setUp
         = notice.run ? box->addButton(notice.button, QMessageBox::AcceptRole) : nullptr;
+    box->setDefaultButton(QMessageBox::Close); // it may come while the user types
     connect(box, &QMessageBox::buttonClicked, this,
             [this, setUp, notice, path](const QAbstractButton *clicked) {
                 if (setUp && clicked == setUp) {

@@ -24,7 +24,8 @@ const BusObject extensions { u"org.gnome.Shell"_s, u"/org/gnome/Shell"_s,
                              u"org.gnome.Shell.Extensions"_s };
 const BusObject properties { extensions.service, extensions.path,
                              u"org.freedesktop.DBus.Properties"_s };
-const BusObject screenSaver { u"org.gnome.ScreenSaver"_s, u"/org/gnome/ScreenSaver"_s,
+/// The name of the interface is a service's that need not run; the shell itself has the object.
+const BusObject screenSaver { extensions.service, u"/org/gnome/ScreenSaver"_s,
                               u"org.gnome.ScreenSaver"_s };
 const auto switchOfAll = u"UserExtensionsEnabled"_s;
 
