@@ -32,8 +32,10 @@ const auto switchOfAll = u"UserExtensionsEnabled"_s;
 const auto reason = u"Tessel needs an extension in GNOME Shell to see the selected text in every "
                     "application, and to place its bar. "_s;
 const auto meanwhile
-    = u"\n\nWithout it, text counts that is marked, in whichever application, and the bar opens "
-      "where GNOME puts new windows. The settings say how to press the trigger then."_s;
+    = u"\n\nWithout it, Tessel works with marked text only, whichever application that is in, and "
+      "the bar opens where GNOME puts new windows. The settings say how to press the trigger."_s;
+const auto install = u"Install Extension"_s;
+const auto loginLater = u" Once it is, log out and in again."_s;
 const auto loginNeeded
     = u"It is installed: log out and in again, as GNOME Shell looks for extensions only then."_s;
 
@@ -140,43 +142,40 @@ bool ExtensionSetup::isMissing() const
 
 std::optional<DesktopSetup> ExtensionSetup::offer()
 {
-    const auto install = u"Install Extension"_s;
-    const auto run = [this] { return carryOut(); };
-    const QString all = m_takesExtensions
-        ? QString()
-        : u" Other extensions that you have switched on come with it: now all are off."_s;
     switch (m_state) {
     case ExtensionState::unknown:
     case ExtensionState::enabled:
         return {};
     case ExtensionState::off:
-        return DesktopSetup { reason + u"It is switched off."_s + all + meanwhile, u"Switch On"_s,
-                              run };
+        return offerTo(u"Switch On"_s, u"It is switched off."_s);
     case ExtensionState::waiting:
         return DesktopSetup { reason + loginNeeded };
     case ExtensionState::refused:
         if (m_files->isCopyOld(m_shellVersion))
-            return DesktopSetup {
-                reason + u"The one that is installed is for another version of the shell."_s + all
-                    + meanwhile,
-                install, run
-            };
+            return offerTo(
+                install,
+                u"The right one for GNOME Shell %1 is not installed."_s.arg(m_shellVersion)
+                    + loginLater);
         return DesktopSetup { reason + u"GNOME Shell %1 does not take it."_s.arg(m_shellVersion)
                               + meanwhile };
     case ExtensionState::absent:
-        if (m_files->shippedFor(m_shellVersion).isEmpty())
-            return DesktopSetup {
-                reason + u"There is none for GNOME Shell %1."_s.arg(m_shellVersion) + meanwhile
-            };
-        return DesktopSetup { reason + u"It is not installed. Once it is, log out and in again."_s
-                                  + all + meanwhile,
-                              install, run };
+        if (!m_files->shippedFor(m_shellVersion).isEmpty())
+            return offerTo(install, u"It is not installed."_s + loginLater);
+        return DesktopSetup { reason + u"There is none for GNOME Shell %1."_s.arg(m_shellVersion)
+                              + meanwhile };
     case ExtensionState::impossible:
         break;
     }
-    return DesktopSetup { u"This desktop shows programs neither keys nor selected text: text "
-                          "counts that is marked, in whichever application. The settings say how "
-                          "to press the trigger."_s };
+    return DesktopSetup { u"This desktop shows programs neither keys nor selected text."_s
+                          + meanwhile };
+}
+
+DesktopSetup ExtensionSetup::offerTo(const QString &button, const QString &finding)
+{
+    const QString all = m_takesExtensions
+        ? QString()
+        : u" All extensions are switched off now: others that you had come back with it."_s;
+    return { reason + finding + all + meanwhile, button, [this] { return carryOut(); } };
 }
 
 QFuture<QString> ExtensionSetup::carryOut()
