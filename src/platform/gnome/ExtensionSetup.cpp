@@ -75,8 +75,8 @@ ExtensionSetup::~ExtensionSetup() = default;
 void ExtensionSetup::start()
 {
     m_files = std::make_unique<ExtensionFiles>();
-    m_patience.start();
     DesktopBus::whenReady(this, [this] {
+        m_patience.start();
         QDBusConnection::sessionBus().connect({}, {}, screenSaver.interface, u"ActiveChanged"_s,
                                               this, SLOT(setLocked(bool)));
     });
@@ -90,7 +90,7 @@ void ExtensionSetup::setLocked(bool isLocked)
 
 void ExtensionSetup::check()
 {
-    if (m_bridge.isAttached() || !DesktopBus::isReady())
+    if (m_bridge.isAttached())
         return;
     screenSaver.ask("GetActive", {}, this, [this](const QVariantList &isLocked) {
         if (!isLocked.value(0).toBool())
