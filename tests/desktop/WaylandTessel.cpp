@@ -32,7 +32,7 @@ bool isNear(const QRect &seen, const QRect &expected)
 
 }
 
-WaylandTessel::WaylandTessel(WaylandSession &session)
+WaylandTessel::WaylandTessel(WaylandDesktop &session)
     : TesselProcess(session)
     , m_session(session)
 {

@@ -14,7 +14,7 @@ namespace Tessel {
 class WaylandTessel : public TesselProcess
 {
 public:
-    explicit WaylandTessel(Desktop::WaylandSession &session);
+    explicit WaylandTessel(Desktop::WaylandDesktop &session);
 
     /// Where the visible part of a bar with one button has to be, for the pointer's place.
     [[nodiscard]] static QRect place(QPoint pointer, double scale);
@@ -30,7 +30,7 @@ private:
     /// What is on the bare desktop around the pointer, but the pointer; null: nothing.
     [[nodiscard]] QRect bar();
 
-    Desktop::WaylandSession &m_session;
+    Desktop::WaylandDesktop &m_session;
     QPoint m_pointer;
     double m_scale = 1;
 };

@@ -114,10 +114,10 @@ void Session::prepareEnvironment()
         setVariable(QString::fromLatin1(name), value);
 }
 
-bool Session::startBus()
+bool Session::startBus(const QString &name, const QString &variable)
 {
-    const QString configuration = m_folder.filePath(u"bus.conf"_s);
-    const QString socket = runtimePath() + u"/bus"_s;
+    const QString configuration = m_folder.filePath(name + u".conf"_s);
+    const QString socket = runtimePath() + u'/' + name;
     if (!writeFile(configuration, busConfiguration(socket)))
         return fail(u"cannot write "_s + configuration);
     auto &bus
@@ -125,7 +125,7 @@ bool Session::startBus()
                  { u"--config-file="_s + configuration, u"--nofork"_s, u"--print-address=1"_s });
     if (!bus.waitForOutput(QRegularExpression(u"unix:\\S+\n"_s)).hasMatch())
         return fail(u"dbus-daemon does not start: "_s + bus.errorOutput());
-    setVariable(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + socket);
+    setVariable(variable, u"unix:path="_s + socket);
     return true;
 }
 

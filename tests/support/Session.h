@@ -51,7 +51,10 @@ public:
 protected:
     [[nodiscard]] bool fail(const QString &reason);
     [[nodiscard]] bool prepare();
-    [[nodiscard]] bool startBus();
+    // The variable gets its address, the name is that of its socket.
+    [[nodiscard]] bool startBus(const QString &name = QStringLiteral("bus"),
+                                const QString &variable
+                                = QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
 
 private:

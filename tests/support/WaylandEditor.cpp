@@ -16,11 +16,12 @@ namespace Tessel::Desktop {
 namespace {
 
 constexpr QPoint inFirstLine(12, 10);
+constexpr QPoint belowTitle(12, 85); // and below the panel of GNOME
 constexpr int retryAfterMs = 500;
 
 struct Program
 {
-    QString application; // as WaylandSession::focusedApplication()
+    QString application; // as for WaylandDesktop::waitForFocus()
     QString commandLine;
 };
 
@@ -33,15 +34,24 @@ Program programOf(WaylandEditorKind kind)
         return { u"featherpad"_s, u"env QT_QPA_PLATFORM=wayland featherpad --standalone"_s };
     case WaylandEditorKind::FeatherPadOnX:
         return { u"FeatherPad"_s, u"env QT_QPA_PLATFORM=xcb featherpad --standalone"_s };
+    case WaylandEditorKind::GnomeTextEditor:
+        return { u"org.gnome.TextEditor"_s, u"gnome-text-editor --standalone"_s };
     case WaylandEditorKind::Foot:
         return { u"foot"_s, u"foot --config=/dev/null --override=pad=2x2 /bin/sh"_s };
+    case WaylandEditorKind::Sakura:
+        return { u"sakura"_s, u"env GDK_BACKEND=wayland sakura -e /bin/sh"_s };
     }
     Q_UNREACHABLE();
 }
 
+bool isTerminal(WaylandEditorKind kind)
+{
+    return kind == WaylandEditorKind::Foot || kind == WaylandEditorKind::Sakura;
 }
 
-WaylandEditor::WaylandEditor(WaylandSession &session, WaylandEditorKind kind)
+}
+
+WaylandEditor::WaylandEditor(WaylandDesktop &session, WaylandEditorKind kind)
     : m_session(session)
     , m_kind(kind)
 {
@@ -59,8 +69,7 @@ bool WaylandEditor::open(const QString &text)
     QString file = m_session.homePath() + u"/text.txt"_s;
     if (!writeFile(file, text))
         return false;
-    const bool isTerminal = m_kind == WaylandEditorKind::Foot;
-    if (isTerminal) {
+    if (isTerminal(m_kind)) {
         m_interruptsFile = m_session.homePath() + u"/interrupts"_s;
         const QString program = terminalProgram(file, m_interruptsFile);
         file += u".script"_s;
@@ -71,7 +80,7 @@ bool WaylandEditor::open(const QString &text)
     auto command = commandLine.split(u' ') << file;
     m_process = &m_session.launch(command.takeFirst(), command);
     return m_session.waitForFocus(application)
-        && (!isTerminal
+        && (!isTerminal(m_kind)
             || QTest::qWaitFor([this] { return QFile::exists(m_interruptsFile); },
                                int(defaultTimeout.count())));
 }
@@ -80,7 +89,7 @@ bool WaylandEditor::holds(const QString &text)
 {
     // A window can have the keyboard before its text is there: then again.
     const QDeadlineTimer deadline(defaultTimeout);
-    const QString expected = m_kind == WaylandEditorKind::Foot ? text + u'\n' : text;
+    const QString expected = isTerminal(m_kind) ? text + u'\n' : text;
     const auto isSelected = [&] { return m_session.primarySelection() == expected; };
     do {
         select();
@@ -93,9 +102,9 @@ bool WaylandEditor::holds(const QString &text)
 
 void WaylandEditor::select()
 {
-    WaylandUser &user = m_session.user();
-    if (m_kind == WaylandEditorKind::Foot) {
-        user.click(inFirstLine, 3);
+    User &user = m_session.user();
+    if (isTerminal(m_kind)) {
+        user.click(m_kind == WaylandEditorKind::Foot ? inFirstLine : belowTitle, 3);
         return;
     }
     user.tap(KEY_HOME, { KEY_LEFTCTRL });

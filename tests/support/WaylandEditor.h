@@ -2,18 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/WaylandSession.h"
+#include "support/WaylandDesktop.h"
 
 namespace Tessel::Desktop {
 
-enum class WaylandEditorKind { Mousepad, FeatherPad, FeatherPadOnX, Foot };
+enum class WaylandEditorKind { Mousepad, FeatherPad, FeatherPadOnX, GnomeTextEditor, Foot, Sakura };
 
 // A real program on a Wayland desktop with a line of text that can be selected, as Editor is one
 // on X11.
 class WaylandEditor final
 {
 public:
-    WaylandEditor(WaylandSession &session, WaylandEditorKind kind);
+    WaylandEditor(WaylandDesktop &session, WaylandEditorKind kind);
     ~WaylandEditor();
     Q_DISABLE_COPY_MOVE(WaylandEditor)
 
@@ -31,7 +31,7 @@ public:
 private:
     void select();
 
-    WaylandSession &m_session;
+    WaylandDesktop &m_session;
     WaylandEditorKind m_kind;
     ChildProcess *m_process = nullptr;
     QString m_text;

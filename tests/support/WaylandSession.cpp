@@ -3,13 +3,13 @@
 #include "support/WaylandSession.h"
 
 #include "files/Files.h"
+#include "support/WaylandUser.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
 
-#include <linux/input-event-codes.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -92,12 +92,7 @@ bool WaylandSession::start(const WaylandOptions &options)
         if (!run(u"swaymsg"_s, { u"create_output"_s }))
             return false;
     }
-    m_user = std::make_unique<WaylandUser>(m_outerSocket, size);
-    if (!m_user->isConnected())
-        return fail(u"no hands in the compositor"_s);
-    // The first key of a seat that had no keyboard is lost.
-    m_user->tap(KEY_LEFTSHIFT);
-    return true;
+    return setUser(std::make_unique<WaylandUser>(m_outerSocket, size));
 }
 
 bool WaylandSession::startSway(const QString &name, const QString &configuration,

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/Session.h"
-#include "support/WaylandUser.h"
+#include "support/WaylandDesktop.h"
 
-#include <QImage>
 #include <QList>
 #include <QMap>
-#include <QPoint>
 
 namespace Tessel::Desktop {
 
@@ -24,27 +21,16 @@ struct WaylandOptions
 // A private Wayland desktop: sway, with every window floating in the top left corner and the bare
 // desktop beside it, or KWin. It runs in another sway, which has no screen, so that the user's
 // keyboard and mouse are real ones for it. sway is an ordinary user's also when the test is root's.
-class WaylandSession final : public Session
+class WaylandSession final : public WaylandDesktop
 {
 public:
-    static constexpr QSize outputSize { 1280, 800 }; // pixels
-    static constexpr QSize windowSize { 500, 300 }; // logical
-
     // Returns when the desktop is ready to be used; false with a reason in errorString().
     [[nodiscard]] bool start(const WaylandOptions &options = {});
 
-    // Valid after start().
-    [[nodiscard]] WaylandUser &user() const { return *m_user; }
-
-    // Until a window with this app_id has the keyboard, or an X11 program of this window class.
-    // KWin does not tell: there the user has to try.
-    [[nodiscard]] bool waitForFocus(const QString &application);
-
-    // Everything that is to be seen, in pixels; null when that fails.
-    [[nodiscard]] QImage screenshot();
-    // What is marked, and what was copied, as any program may read it; empty: nothing.
-    [[nodiscard]] QString primarySelection();
-    [[nodiscard]] QString clipboard();
+    [[nodiscard]] bool waitForFocus(const QString &application) override;
+    [[nodiscard]] QImage screenshot() override;
+    [[nodiscard]] QString primarySelection() override;
+    [[nodiscard]] QString clipboard() override;
 
     void endCompositor();
 
@@ -60,7 +46,6 @@ private:
     QMap<QString, QString> m_offered; // variables for programs of the compositor started last
     QString m_outerSocket;
     ChildProcess *m_compositor = nullptr;
-    std::unique_ptr<WaylandUser> m_user;
 };
 
 }

@@ -129,25 +129,19 @@ bool WaylandUser::isConnected() const
     return d->keyboard && d->pointer;
 }
 
-void WaylandUser::press(quint32 key)
+void WaylandUser::setKey(quint32 key, bool isDown)
 {
-    d->setKey(key, true);
-    d->connection->roundTrip();
+    d->setKey(key, isDown);
 }
 
-void WaylandUser::release(quint32 key)
+void WaylandUser::setLeftButton(bool isDown)
 {
-    d->setKey(key, false);
-    d->connection->roundTrip();
+    zwlr_virtual_pointer_v1_button(d->pointer.get(), now(), BTN_LEFT, isDown);
+    zwlr_virtual_pointer_v1_frame(d->pointer.get());
 }
 
-void WaylandUser::tap(quint32 key, const QList<quint32> &held)
+void WaylandUser::sync()
 {
-    QList<quint32> keys = held + QList<quint32> { key };
-    for (const auto each : std::as_const(keys))
-        d->setKey(each, true);
-    while (!keys.isEmpty())
-        d->setKey(keys.takeLast(), false);
     d->connection->roundTrip();
 }
 
@@ -159,16 +153,6 @@ void WaylandUser::movePointer(const QPoint &position)
         zwlr_virtual_pointer_v1_motion_absolute(
             d->pointer.get(), now(), static_cast<quint32>(x), static_cast<quint32>(position.y()),
             static_cast<quint32>(d->size.width()), static_cast<quint32>(d->size.height()));
-        zwlr_virtual_pointer_v1_frame(d->pointer.get());
-    }
-    d->connection->roundTrip();
-}
-
-void WaylandUser::click(const QPoint &position, int count)
-{
-    movePointer(position);
-    for (int change = 0; change < 2 * count; ++change) {
-        zwlr_virtual_pointer_v1_button(d->pointer.get(), now(), BTN_LEFT, change % 2 == 0);
         zwlr_virtual_pointer_v1_frame(d->pointer.get());
     }
     d->connection->roundTrip();

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QList>
-#include <QPoint>
+#include "support/User.h"
+
 #include <QSize>
 #include <QString>
 
@@ -11,28 +11,25 @@
 
 namespace Tessel::Desktop {
 
-// A user's hands at the keyboard and mouse of a compositor of the wlroots family, which hands them
-// on to the one that is nested in it: there both count as real ones. Keys are Linux input event
-// codes (linux/input-event-codes.h), so what they give depends on the nested compositor's layout.
-// Positions are pixels.
-class WaylandUser final
+// The keyboard and mouse of a compositor of the wlroots family, which hands them on to the one that
+// is nested in it: there both count as real ones.
+class WaylandUser final : public User
 {
 public:
     // The socket's full path, and the size of the only output.
     WaylandUser(const QString &socket, const QSize &size);
-    ~WaylandUser();
+    ~WaylandUser() override;
     Q_DISABLE_COPY_MOVE(WaylandUser)
 
-    [[nodiscard]] bool isConnected() const;
+    [[nodiscard]] bool isConnected() const override;
 
-    void press(quint32 key);
-    void release(quint32 key);
-    void tap(quint32 key, const QList<quint32> &held = {});
+    void movePointer(const QPoint &position) override;
+    void scroll(int steps) override;
 
-    // A scroll step is one click of the wheel, positive towards the user.
-    void movePointer(const QPoint &position);
-    void click(const QPoint &position, int count = 1);
-    void scroll(int steps);
+protected:
+    void setKey(quint32 key, bool isDown) override;
+    void setLeftButton(bool isDown) override;
+    void sync() override;
 
 private:
     class Private;
