@@ -20,6 +20,7 @@ test_packages=(
     wl-clipboard x11-utils x11-xkb-utils x11-xserver-utils xdg-utils xfce4-clipman-plugin
     xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb xwayland zsh
 )
+gnome_packages=(gnome-shell gnome-text-editor libglib2.0-bin python3-dbusmock)
 lint_packages=(clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
