@@ -35,15 +35,19 @@ private:
     double m_scale = 1;
 };
 
-struct WaylandStage : BasicStage<Desktop::WaylandSession, WaylandTessel, Desktop::WaylandEditor>
+template <typename DesktopType>
+struct BasicWaylandStage : BasicStage<DesktopType, WaylandTessel, Desktop::WaylandEditor>
 {
     using Kind = Desktop::WaylandEditorKind;
+    using Base = BasicStage<DesktopType, WaylandTessel, Desktop::WaylandEditor>;
 
     [[nodiscard]] bool open(const QString &text = QStringLiteral("tesserae"),
                             Kind kind = Kind::Mousepad)
     {
-        return BasicStage::open(text, kind);
+        return Base::open(text, kind);
     }
 };
+
+using WaylandStage = BasicWaylandStage<Desktop::WaylandSession>;
 
 }

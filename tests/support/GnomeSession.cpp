@@ -19,8 +19,10 @@ namespace Tessel::Desktop {
 namespace {
 
 constexpr int timeoutMs = int(defaultTimeout.count());
+constexpr char oldShell[] = "Shell 4[34]"; // extensions are no modules
 constexpr char x11Sockets[] = "/tmp/.X11-unix"; // where the shell's X server listens
 
+const QString extension = u"tessel@com.tessel.app"_s;
 const QString shell = u"org.gnome.Shell"_s;
 const QString display = u"wayland-gnome"_s;
 
@@ -75,8 +77,9 @@ GnomeSession::~GnomeSession()
 
 bool GnomeSession::start(const GnomeOptions &options)
 {
-    return prepare() && writeSettings(options) && startSystemServices() && startBus()
-        && startShell() && setUser(std::make_unique<GnomeUser>(bus()));
+    return prepare() && writeSettings(options) && (!options.extension || installExtension())
+        && startSystemServices() && startBus() && startShell()
+        && setUser(std::make_unique<GnomeUser>(bus()));
 }
 
 bool GnomeSession::writeSettings(const GnomeOptions &options)
@@ -101,6 +104,25 @@ bool GnomeSession::writeSettings(const GnomeOptions &options)
     setVariable(u"GSETTINGS_BACKEND"_s, u"keyfile"_s);
     return writeFile(configPath() + u"/glib-2.0/settings/keyfile"_s, settings)
         || fail(u"cannot write settings"_s);
+}
+
+bool GnomeSession::installExtension()
+{
+    ChildProcess version;
+    const bool isKnown
+        = version.start(u"gnome-shell"_s, { u"--version"_s }, environment(), homePath())
+        && version.waitForExit();
+    const bool isOld = version.output().contains(QRegularExpression(QLatin1String(oldShell)));
+    const QString folder = u"%1/gnome-shell/extensions/%2/"_s.arg(dataPath(), extension);
+    const QDir source(QStringLiteral(TESSEL_GNOME_EXTENSION));
+    bool isDone = isKnown && QDir().mkpath(folder);
+    for (const auto &file : source.entryList(QDir::Files))
+        isDone = isDone && QFile::copy(source.filePath(file), folder + file);
+    if (isOld) {
+        isDone = isDone && QFile::remove(folder + u"extension.js"_s)
+            && QFile::rename(folder + u"extension-43.js"_s, folder + u"extension.js"_s);
+    }
+    return isDone || fail(u"cannot install the extension"_s);
 }
 
 bool GnomeSession::startSystemServices()

@@ -33,13 +33,14 @@ public:
 
     // The session's bus, as any program has it.
     [[nodiscard]] QDBusConnection bus() const;
-    // The value of JavaScript in the shell; undefined: it fails.
-    [[nodiscard]] QJsonValue evaluate(const QString &script);
+    // The value of JavaScript in the shell; undefined: it has none, or fails.
+    QJsonValue evaluate(const QString &script);
 
     void endShell() { m_shell->end(); }
 
 private:
     [[nodiscard]] bool writeSettings(const GnomeOptions &options);
+    [[nodiscard]] bool installExtension();
     [[nodiscard]] bool startSystemServices();
     [[nodiscard]] bool startShell();
     [[nodiscard]] QString selectedText(const QString &type);
