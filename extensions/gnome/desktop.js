@@ -149,7 +149,7 @@ export class Desktop {
 
     Present(title, x, y) {
         this._places.set(title, [x, y]);
-        this._windows.forEach(window => this._place(window));
+        this._windows.forEach(window => window.title === title && this._place(window));
     }
 
     // The title, by which popups are known, comes later than the window.
@@ -174,6 +174,8 @@ export class Desktop {
         const [x, y] = this._places.get(window.title).map(number => number * this._scale());
         window.move_frame(true, x, y); // the user's own moves may end beyond the edge
         this._main.wm.skipNextEffect(window.get_compositor_private()); // when it goes
+        // By itself it gets the keyboard only when the user has done nothing since.
+        window.activate(global.display.get_current_time_roundtrip());
     }
 
     _tellSelection(type, formats) {
