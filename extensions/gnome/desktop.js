@@ -51,14 +51,20 @@ export class Desktop {
             },
             'notify::focus-window', () => this._tellFront(),
             'window-created', (_, window) => this._meet(window), this);
+        global.stage.connectObject('captured-event', (_, event) => {
+            if (event.type() === Clutter.EventType.BUTTON_PRESS &&
+                this._isPopup(global.display.focus_window))
+                this._emit('Clicked');
+            return Clutter.EVENT_PROPAGATE;
+        }, this);
         global.window_manager.connectObject('map', (_, actor) => this._place(actor.metaWindow),
             this);
     }
 
     destroy() {
         this.SetTrigger('');
-        for (const object of [this._selection, global.display, global.window_manager,
-            ...this._windows])
+        for (const object of [this._selection, global.display, global.stage,
+            global.window_manager, ...this._windows])
             object.disconnectObject(this);
         this._keyboard = null;
     }

@@ -97,6 +97,8 @@ void ShellBridge::handle(const QDBusMessage &signal)
         detach();
     else if (member == u"Triggered")
         Q_EMIT triggered();
+    else if (member == u"Clicked")
+        Q_EMIT clicked();
     else if (member == u"FrontChanged")
         takeFront(arguments.value(0));
     else if (member == u"SelectionChanged")

@@ -34,6 +34,7 @@ Q_SIGNALS:
     void attached();
     void detached();
     void triggered();
+    void clicked(); ///< where no window is, while a popup has the focus
     void selectionChanged(uint selection, const QStringList &formats); ///< 1: the clipboard
 
 private Q_SLOTS:

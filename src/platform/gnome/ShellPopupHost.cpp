@@ -54,6 +54,8 @@ ShellPopupHost::ShellPopupHost(const ShellBridge &bridge,
                 announce(*window);
         }
     });
+    connect(&bridge, &ShellBridge::clicked, this,
+            [this] { m_elsewhere({ InputEvent::Kind::leftMouseUp }); });
     connect(&m_sessionLock, &SessionLock::locked, this, &PopupHost::sessionLocked);
     connect(&bridge, &ShellBridge::detached, this, &PopupHost::sessionLocked);
 }
