@@ -14,6 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
+namespace {
+
+const BusObject bus { u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                      u"org.freedesktop.DBus"_s };
+
+}
+
 ShellBridge::ShellBridge()
     : m_token(ShellToken::make())
 {
@@ -49,18 +56,23 @@ void ShellBridge::call(const char *method, const QVariantList &arguments, QObjec
 void ShellBridge::attach()
 {
     detach();
-    const BusObject shell = ShellInterface::object();
-    auto request
-        = QDBusMessage::createMethodCall(shell.service, shell.path, shell.interface, u"Attach"_s);
+    bus.call("GetNameOwner", { ShellInterface::object().service }, this,
+             [this](const QVariantList &owner) { attachTo(owner.value(0).toString()); });
+}
+
+void ShellBridge::attachTo(const QString &shell)
+{
+    auto request = QDBusMessage::createMethodCall(shell, ShellInterface::path, ShellInterface::name,
+                                                  u"Attach"_s);
     request.setArguments({ m_token });
     auto *watcher
         = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(request), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, shell] {
         watcher->deleteLater();
         const QDBusMessage reply = watcher->reply();
         if (reply.type() != QDBusMessage::ReplyMessage)
             return Log::print(u"WARNING: GNOME Shell: "_s + reply.errorMessage());
-        m_shell = reply.service();
+        m_shell = shell;
         ShellToken::publish(m_token);
         Q_EMIT attached();
     });

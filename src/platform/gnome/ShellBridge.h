@@ -42,6 +42,7 @@ private Q_SLOTS:
 
 private:
     void attach();
+    void attachTo(const QString &shell);
     void detach();
     void takeFront(const QVariant &window);
 
