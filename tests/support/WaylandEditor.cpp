@@ -96,7 +96,7 @@ bool WaylandEditor::holds(const QString &text)
         if (QTest::qWaitFor(isSelected, retryAfterMs))
             return true;
     } while (!deadline.hasExpired());
-    qWarning("selected: %s", qPrintable(m_session.primarySelection()));
+    qInfo("selected: %s", qPrintable(m_session.primarySelection()));
     return false;
 }
 
