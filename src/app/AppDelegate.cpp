@@ -155,18 +155,17 @@ void AppDelegate::showNotice(const DesktopSetup &notice)
     QAbstractButton *setUp
         = notice.run ? box->addButton(notice.button, QMessageBox::AcceptRole) : nullptr;
     box->setDefaultButton(QMessageBox::Close); // it may come while the user types
-    connect(box, &QMessageBox::buttonClicked, this,
-            [this, setUp, notice, path](const QAbstractButton *clicked) {
-                if (setUp && clicked == setUp) {
-                    notice.run().then(this, [this](const QString &result) {
-                        if (!result.isEmpty())
-                            showNotice({ result });
-                    });
-                } else if (QFile closed(path); QDir().mkpath(BaseFolders::state())
-                           && closed.open(QIODevice::WriteOnly)) {
-                    closed.write(notice.text.toUtf8());
-                }
+    connect(box, &QMessageBox::finished, this, [this, box, setUp, notice, path] {
+        if (setUp && box->clickedButton() == setUp) {
+            notice.run().then(this, [this](const QString &result) {
+                if (!result.isEmpty())
+                    showNotice({ result });
             });
+        } else if (QFile closed(path);
+                   QDir().mkpath(BaseFolders::state()) && closed.open(QIODevice::WriteOnly)) {
+            closed.write(notice.text.toUtf8());
+        }
+    });
 }
 
 QMessageBox *AppDelegate::warn(const QString &text)
