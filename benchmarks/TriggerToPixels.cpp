@@ -25,6 +25,7 @@
 #include "desktop/TesselProgram.h"
 #include "support/DesktopSession.h"
 #include "support/WaylandEditor.h"
+#include "support/WaylandSession.h"
 #include "support/XUser.h"
 #include "support/XcbSupport.h"
 
@@ -355,7 +356,7 @@ bool onWayland(const Load &load)
     if (!start(tessel, session, timeline, load))
         return false;
     watchRequests(tessel, timeline);
-    WaylandUser &user = session.user();
+    User &user = session.user();
     user.movePointer({ 1000, 600 });
     return measure(tessel, timeline, load,
                    { [&] { user.tap(KEY_F2); }, [&] { user.tap(KEY_ESC); } });
