@@ -226,6 +226,74 @@ private Q_SLOTS:
         QCOMPARE(stage.openedUrl(), opened);
     }
 
+    /// The extension is installed by a button, for the next login. Until then marked text is known
+    /// from XWayland.
+    void withoutExtension()
+    {
+        const QString program = u"com.tessel.app"_s;
+        GnomeStage stage;
+        QVERIFY(stage.start(GnomeOptions { .extension = false }));
+        QVERIFY(stage.session.waitForFocus(program)); // the notice
+        stage.user().tap(KEY_TAB);
+        stage.user().tap(KEY_SPACE);
+        const QString file = u"/gnome-shell/extensions/tessel@com.tessel.app/service.js"_s;
+        QTRY_VERIFY(QFile::exists(stage.session.dataPath() + file));
+        QVERIFY(stage.session.waitForFocus(program)); // what to do now
+        stage.user().tap(KEY_ESC);
+
+        QVERIFY(stage.open(u"tesserae"_s, Kind::GnomeTextEditor));
+        QVERIFY(stage.session.run(TesselProcess::path(), { u"--trigger"_s }));
+        QVERIFY(stage.session.waitForFocus(program));
+        stage.user().tap(KEY_1);
+        QCOMPARE(stage.openedUrl(), opened);
+
+        stage.tessel.process().end();
+        QVERIFY2(stage.session.restartShell(), qPrintable(stage.session.errorString()));
+        QVERIFY(stage.tessel.start() && stage.open());
+        QVERIFY(stage.tessel.summon());
+    }
+
+    void helpers_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("text");
+        const QString any = u"Hé 한글 Ж {Q}"_s;
+        QTest::newRow("GTK") << Kind::GnomeTextEditor << u"Text Editor"_s << any;
+        QTest::newRow("Qt 5, what the layout has")
+            << Kind::FeatherPad << u"FeatherPad"_s << u"zü"_s;
+        QTest::newRow("Qt on X") << Kind::FeatherPadOnX << u"FeatherPad"_s << any;
+    }
+
+    /// What scripts call, as a shell finds it.
+    void helpers()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, name);
+        QFETCH(QString, text);
+        GnomeStage stage;
+        QVERIFY(stage.start(GnomeOptions { .keyboardLayout = u"de"_s }));
+        QVERIFY(stage.open(u"."_s, kind));
+        stage.session.launch(u"mousepad"_s, { u"--disable-server"_s });
+        QVERIFY(stage.session.waitForFocus(u"mousepad"_s));
+        stage.session.setVariable(
+            u"PATH"_s, QStringLiteral(TESSEL_HELPERS ":") + qEnvironmentVariable("PATH"));
+        const auto run = [&](const QString &command) {
+            const bool isDone = stage.session.run(u"sh"_s, { u"-c"_s, command });
+            if (!isDone)
+                qInfo("%s", qPrintable(stage.session.errorString()));
+            return isDone;
+        };
+        QVERIFY(run(u"osascript -e 'tell application \"%1\" to activate'"_s.arg(name)));
+        QVERIFY(stage.editor->selectAll());
+        QVERIFY(run(
+            u"osascript -e 'tell application \"System Events\" to keystroke \"%1\"'"_s.arg(text)));
+        QVERIFY(stage.editor->holds(text));
+        QVERIFY(run(u"printf '한\\n' | pbcopy; pbpaste >out"_s));
+        QCOMPARE(QString::fromUtf8(stage.file(u"out"_s)), u"한\n"_s);
+        QCOMPARE(stage.session.clipboard(), u"한\n"_s);
+    }
+
     void shellEnds()
     {
         GnomeStage stage;

@@ -82,6 +82,12 @@ bool GnomeSession::start(const GnomeOptions &options)
         && setUser(std::make_unique<GnomeUser>(bus()));
 }
 
+bool GnomeSession::restartShell()
+{
+    endShell();
+    return startShell() && setUser(std::make_unique<GnomeUser>(bus()));
+}
+
 bool GnomeSession::writeSettings(const GnomeOptions &options)
 {
     const QString settings
@@ -114,14 +120,10 @@ bool GnomeSession::installExtension()
         && version.waitForExit();
     const bool isOld = version.output().contains(QRegularExpression(QLatin1String(oldShell)));
     const QString folder = u"%1/gnome-shell/extensions/%2/"_s.arg(dataPath(), extension);
-    const QDir source(QStringLiteral(TESSEL_GNOME_EXTENSION));
+    const QDir source(QStringLiteral(TESSEL_GNOME_EXTENSIONS) + (isOld ? u"/43"_s : u"/45"_s));
     bool isDone = isKnown && QDir().mkpath(folder);
     for (const auto &file : source.entryList(QDir::Files))
         isDone = isDone && QFile::copy(source.filePath(file), folder + file);
-    if (isOld) {
-        isDone = isDone && QFile::remove(folder + u"extension.js"_s)
-            && QFile::rename(folder + u"extension-43.js"_s, folder + u"extension.js"_s);
-    }
     return isDone || fail(u"cannot install the extension"_s);
 }
 

@@ -37,6 +37,8 @@ public:
     QJsonValue evaluate(const QString &script);
 
     void endShell() { m_shell->end(); }
+    // As after a new login.
+    [[nodiscard]] bool restartShell();
 
 private:
     [[nodiscard]] bool writeSettings(const GnomeOptions &options);
