@@ -233,7 +233,7 @@ private Q_SLOTS:
         ChildProcess &tessel = stage.tessel.process();
         stage.session.endCompositor();
         QVERIFY(tessel.waitForExit());
-        QCOMPARE(tessel.exitCode(), 1);
+        QVERIFY(tessel.exitCode() != 0); // Qt may notice first, and has one of its own
         QVERIFY2(tessel.output().contains(u"ERROR: "), qPrintable(tessel.output()));
     }
 };
