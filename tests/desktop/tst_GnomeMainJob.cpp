@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/DefaultActionCases.h"
+#include "desktop/SelectionLoop.h"
 #include "support/GnomeSession.h"
 
 #include <QDBusMessage>
@@ -53,28 +54,7 @@ private Q_SLOTS:
         QFETCH(bool, byMouse);
         GnomeStage stage;
         QVERIFY(stage.start(GnomeOptions { .keyboardLayout = layout }));
-        QVERIFY(stage.open(u"tiles & grout"_s, kind));
-        const QPoint pointer(1000, 600);
-        QVERIFY(stage.tessel.summon(pointer));
-        if (byMouse)
-            stage.user().click(WaylandTessel::place(pointer, 1).center());
-        else
-            stage.user().tap(KEY_1);
-        // With three clicks a terminal marks the end of the line as well.
-        const QString encoded
-            = kind == Kind::Sakura ? u"tiles%20&%20grout%0A"_s : u"tiles%20&%20grout"_s;
-        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?"_s + encoded });
-        stage.user().movePointer(pointer);
-        QVERIFY(stage.tessel.waitUntilBarGone());
-        // The application has the keyboard, and what is typed replaces the selection.
-        if (kind == Kind::Sakura) {
-            QCOMPARE(stage.editor->interrupts(), 0);
-            stage.user().tap(KEY_C, { KEY_LEFTCTRL });
-            QTRY_COMPARE(stage.editor->interrupts(), 1);
-        } else {
-            stage.user().tap(KEY_1);
-            QVERIFY(stage.editor->holds(u"1"_s));
-        }
+        SelectionLoop::run(stage, kind, { { 1000, 600 }, 1, byMouse });
     }
 
     void isDismissedAndComesBack()

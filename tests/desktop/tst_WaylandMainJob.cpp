@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "desktop/DefaultActionCases.h"
+#include "desktop/SelectionLoop.h"
 
 #include <QTest>
 
@@ -70,27 +71,7 @@ private Q_SLOTS:
         WaylandStage stage;
         QVERIFY(stage.start(WaylandOptions {
             .scales = scales, .keyboardLayout = layout, .x11 = kind == Kind::FeatherPadOnX }));
-        QVERIFY(stage.open(u"tiles & grout"_s, kind));
-        QVERIFY(stage.tessel.summon(pointer, scales.last()));
-        if (byMouse)
-            stage.user().click(WaylandTessel::place(pointer, scales.last()).center());
-        else
-            stage.user().tap(KEY_1);
-        // With three clicks foot marks the end of the line as well.
-        const QString encoded
-            = kind == Kind::Foot ? u"tiles%20&%20grout%0A"_s : u"tiles%20&%20grout"_s;
-        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?"_s + encoded });
-        stage.user().movePointer(pointer);
-        QVERIFY(stage.tessel.waitUntilBarGone());
-        // The application has the keyboard, and what is typed replaces the selection.
-        if (kind == Kind::Foot) {
-            QCOMPARE(stage.editor->interrupts(), 0);
-            stage.user().tap(KEY_C, { KEY_LEFTCTRL });
-            QTRY_COMPARE(stage.editor->interrupts(), 1);
-        } else {
-            stage.user().tap(KEY_1);
-            QVERIFY(stage.editor->holds(u"1"_s));
-        }
+        SelectionLoop::run(stage, kind, { pointer, scales.last(), byMouse });
     }
 
     void isDismissed()
