@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "actions/GlintAction.h"
 #include "actions/Pattern.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "config/AppConfig.h"
 #include "config/ConfigManager.h"
 #include "config/DefaultActions.h"
-#include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 
 #include <QCoreApplication>

@@ -10,7 +10,7 @@
 #include "base/TextRules.h"
 #include "base/Url.h"
 #include "config/ConfigManager.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"

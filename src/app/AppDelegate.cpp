@@ -10,12 +10,12 @@
 #include "base/BaseFolders.h"
 #include "base/DesktopNotification.h"
 #include "base/HelperFolder.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/Url.h"
 #include "capture/AccessibilityManager.h"
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
-#include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
@@ -55,6 +55,10 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
+    const auto bequeath = [] { LocalizationManager::shared().bequeathLanguage(); };
+    bequeath();
+    connect(&NotificationCenter::defaultCenter(), &NotificationCenter::languageDidChange, this,
+            bequeath);
     describeWindowsToAssistiveTechnology();
     installEditingKeys();
     if (!platform.framesWindows())
@@ -127,8 +131,7 @@ void AppDelegate::trigger()
 /// Names the scheme only: the rest has the captured text in it.
 void AppDelegate::tellNothingOpened(const QString &url)
 {
-    const QString title
-        = LocalizationManager::shared().localizedString(u"No application could open the address"_s);
+    const QString title = localized(u"No application could open the address"_s);
     notify(
         { .text = Url::schemeOf(url).toString() + u":…"_s, .title = title, .topic = u"address"_s });
 }

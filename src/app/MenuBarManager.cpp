@@ -7,7 +7,7 @@
 #include "base/Log.h"
 #include "base/Memory.h"
 #include "config/ConfigManager.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"

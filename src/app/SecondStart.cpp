@@ -7,11 +7,10 @@
 #include "base/ChildProcess.h"
 #include "base/DesktopNotification.h"
 #include "base/HelperFolder.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
-#include "config/LocalizationManager.h"
 
 #include <QFileInfo>
-#include <QLocale>
 
 #include <csignal>
 #include <unistd.h>
@@ -40,15 +39,12 @@ bool isTessel(qint32 process)
 /// In the language of the session: only the program that runs may load its configuration.
 void tell(const QString &lockPath)
 {
-    LocalizationManager &texts = LocalizationManager::shared();
-    texts.currentLanguage = LocalizationManager::languageFrom(QLocale::system().name().left(2))
-                                .value_or(texts.currentLanguage);
+    LocalizationManager::shared().takeInheritedLanguage();
     CommandRequest command = notificationCommand(
-        { .text = texts
-                      .localizedString(u"The lock file %1 names another program. Remove the file, "
-                                       "then start Tessel again."_s)
+        { .text = localized(u"The lock file %1 names another program. Remove the file, "
+                            "then start Tessel again."_s)
                       .arg(lockPath),
-          .title = texts.localizedString(u"Tessel was not started"_s),
+          .title = localized(u"Tessel was not started"_s),
           .topic = u"lock"_s },
         helperFolder());
     command.output = command.errorOutput = CommandRequest::Output::nothing;

@@ -108,9 +108,6 @@ int main(int argc, char *argv[])
         return 1;
     }
     Platform &platform = **connected;
-    if (const QString notice = platform.notice(); !notice.isEmpty())
-        Log::print(u"WARNING: "_s + notice);
-
     const auto variables = platform.qtVariables();
     for (auto it = variables.cbegin(); it != variables.cend(); ++it)
         setPrivateVariable(it.key(), *it);
@@ -126,6 +123,8 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     ResourceBundle::module(); // ends the program here when it is missing
 
+    if (const QString notice = platform.notice(); !notice.isEmpty())
+        Log::print(u"WARNING: "_s + notice);
     Platform::setCurrent(&platform);
     platform.start();
     ConfigManager::shared();

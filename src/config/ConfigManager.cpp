@@ -7,7 +7,7 @@
 #include "base/Log.h"
 #include "config/ConfigFile.h"
 #include "config/DefaultActions.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 
 #include <QDir>
@@ -116,7 +116,7 @@ void ConfigManager::leaveAlone(const Failure &failure)
 
 void ConfigManager::applyLanguage() const
 {
-    const auto known = LocalizationManager::languageFrom(language);
+    const auto known = m_dependencies.localization.languageFrom(language);
     if (!known)
         return;
     m_dependencies.localization.currentLanguage = *known;

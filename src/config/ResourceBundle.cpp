@@ -2,37 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "config/ResourceBundle.h"
 
-#include <QCoreApplication>
+#include "base/BundleFolder.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace Tessel {
-
-namespace {
-
-/// The folder of the program's own bundle.
-QString moduleFolder()
-{
-    const QString installed = QDir::cleanPath(QCoreApplication::applicationDirPath()
-                                              + u"/../share/tessel/Tessel_Tessel.bundle"_s);
-    const QString built = u"" TESSEL_BUILD_BUNDLE ""_s;
-    for (const QString &folder : { installed, built }) {
-        if (QFileInfo(folder).isDir())
-            return folder;
-    }
-    std::fprintf(stderr, "could not load resource bundle: from %s or %s\n",
-                 qUtf8Printable(installed), qUtf8Printable(built));
-    std::exit(EXIT_FAILURE);
-}
-
-}
 
 ResourceBundle::ResourceBundle(QString folder)
     : m_folder(std::move(folder))
@@ -41,7 +21,7 @@ ResourceBundle::ResourceBundle(QString folder)
 
 const ResourceBundle &ResourceBundle::module()
 {
-    static const auto *bundle = new ResourceBundle(moduleFolder());
+    static const auto *bundle = new ResourceBundle(bundleFolder());
     return *bundle;
 }
 

@@ -4,7 +4,7 @@
 
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 
 #include <algorithm>
 

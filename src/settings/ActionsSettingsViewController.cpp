@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionsSettingsViewController.h"
 
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "settings/ActionsModel.h"
 #include "settings/ActionsTableView.h"

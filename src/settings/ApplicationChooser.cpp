@@ -5,7 +5,7 @@
 #include "base/Log.h"
 #include "config/IconResolver.h"
 #include "config/ImageFile.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/TemplateImage.h"
 #include "platform/Workspace.h"
 #include "settings/AccessibleCells.h"

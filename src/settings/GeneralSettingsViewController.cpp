@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "settings/GeneralSettingsViewController.h"
 
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "config/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/EventMonitor.h"
 #include "settings/AccessibleCells.h"
@@ -152,13 +152,16 @@ QWidget *GeneralSettingsViewController::appearanceSection()
 
 QWidget *GeneralSettingsViewController::languageRow()
 {
-    using Manager = LocalizationManager;
+    const LocalizationManager &texts = m_dependencies.localization;
     m_languageButton = new PopUpButton;
     m_languageButton->setAccessibleName(text("Language"));
-    for (const Manager::LanguageInfo &language : Manager::languages)
-        m_languageButton->addItem(language.name.toString(), language.code.toString());
+    for (const LocalizationManager::Language &language : texts.languages())
+        m_languageButton->addItem(language.name, language.code);
+    m_languageButton->addItem(text("System"), u"system"_s);
+    const QString &configured = m_dependencies.config.language;
+    const bool isFollowed = texts.languageFrom(configured) == texts.currentLanguage;
     m_languageButton->setCurrentIndex(
-        m_languageButton->findData(Manager::code(m_dependencies.localization.currentLanguage)));
+        m_languageButton->findData(isFollowed ? configured : texts.currentLanguage));
     connect(m_languageButton, &QComboBox::activated, this,
             [this] { changeLanguage(m_languageButton->currentData().toString()); });
     return row(10, { labelOf(m_languageButton, text("Language") + u':'), m_languageButton });
@@ -311,14 +314,14 @@ QWidget *GeneralSettingsViewController::excludedAppsTable()
 
 void GeneralSettingsViewController::changeLanguage(const QString &code)
 {
-    const auto language = LocalizationManager::languageFrom(code);
+    const auto language = m_dependencies.localization.languageFrom(code);
     if (!language)
         return;
     ConfigManager &config = m_dependencies.config;
     config.save(); // what listens to the save still speaks the old language
     m_dependencies.localization.currentLanguage = *language;
-    Q_EMIT m_dependencies.notifications.languageDidChange();
     config.language = code;
+    Q_EMIT m_dependencies.notifications.languageDidChange();
     config.save();
 }
 

@@ -6,7 +6,7 @@
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/ResourceBundle.h"
 #include "config/TemplateImage.h"
 #include "settings/AccessibleCells.h"

@@ -3,7 +3,7 @@
 #include "settings/SaveNotice.h"
 
 #include "config/ConfigManager.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "windows/Theme.h"
 
 #include <QAccessible>

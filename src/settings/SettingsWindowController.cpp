@@ -5,7 +5,7 @@
 #include "base/FileLogger.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"

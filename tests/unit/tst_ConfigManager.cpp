@@ -7,7 +7,7 @@
 #include "base/BaseFolders.h"
 #include "base/Log.h"
 #include "config/DefaultActions.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "files/Files.h"
 
@@ -22,7 +22,6 @@
 
 using namespace Tessel;
 using namespace Qt::StringLiterals;
-using Language = LocalizationManager::Language;
 
 class tst_ConfigManager : public QObject
 {
@@ -68,7 +67,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
-        m_localization.currentLanguage = Language::english;
+        m_localization.currentLanguage = u"en"_s;
         m_log.clear();
         Log::setSink([this](QStringView line) { m_log.append(line.toString()); });
     }
@@ -113,7 +112,7 @@ private Q_SLOTS:
             config.save();
             QCOMPARE(readFile(path()), lists + after);
         }
-        QCOMPARE(m_localization.currentLanguage, Language::korean); // which the unknown one keeps
+        QCOMPARE(m_localization.currentLanguage, u"ko"_s); // which the unknown one keeps
         QCOMPARE(languageSpy.size(), 2);
     }
 

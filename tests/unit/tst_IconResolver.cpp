@@ -5,7 +5,7 @@
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/DefaultActions.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "files/Files.h"

@@ -7,7 +7,7 @@
 #include "bar/HoverButton.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/fake/FakePlatform.h"

@@ -62,7 +62,7 @@ private Q_SLOTS:
     {
         MenuFixture fixture;
         QCOMPARE(fixture.entries().first(), u"About Tessel"_s);
-        fixture.texts.currentLanguage = LocalizationManager::Language::korean;
+        fixture.texts.currentLanguage = u"ko"_s;
         Q_EMIT fixture.notifications.languageDidChange();
         QCOMPARE(fixture.entries(),
                  QStringList({ u"Tessel 정보"_s, u"Check for Updates..."_s, u"-"_s,

@@ -5,7 +5,7 @@
 #include "capture/ActionBar.h"
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
-#include "config/LocalizationManager.h"
+#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/fake/FakePlatform.h"
 
