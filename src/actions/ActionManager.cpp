@@ -2,15 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionManager.h"
 
+#include "actions/Pattern.h"
 #include "actions/Placeholder.h"
 #include "actions/ScriptAction.h"
 #include "actions/ShellAction.h"
 #include "base/ChildProcess.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "base/Url.h"
 #include "config/ConfigManager.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/Pasteboard.h"
 #include "platform/Platform.h"
@@ -70,6 +71,20 @@ void ActionManager::reloadActions()
         m_dependencies.config.customActions,
         [this](const ActionConfig &action, const QString &text) { dispatch(action, text); });
     Q_EMIT m_dependencies.notifications.actionsDidReload();
+}
+
+ActionManager::Start ActionManager::start(const QString &id, const QString &text) const
+{
+    const auto action = std::find_if(m_actions.begin(), m_actions.end(),
+                                     [&id](const GlintAction &known) { return known.id == id; });
+    if (action == m_actions.end())
+        return Start::unknownAction;
+    MatchBudget budget;
+    const auto part = action->applicablePart(withNormalizedLineEnds(text), budget);
+    if (!part || part->isEmpty())
+        return Start::notApplicable;
+    action->handler(*part);
+    return Start::done;
 }
 
 void ActionManager::dispatch(const ActionConfig &action, const QString &text)

@@ -37,6 +37,12 @@ public:
     static ActionManager &shared();
 
     [[nodiscard]] const QList<GlintAction> &actions() const { return m_actions; }
+
+    enum class Start { done, unknownAction, notApplicable };
+
+    /// Runs an action as if the bar had offered it for the text and it had been picked there.
+    [[nodiscard]] Start start(const QString &id, const QString &text) const;
+
     void reloadActions();
 
     /// Opens the URL; texts and templates that do not make one are passed over in silence. One that

@@ -24,6 +24,13 @@ struct GlintAction
     QString iconName;
     Check check; ///< may be empty: the action applies to any text
     std::function<void(const QString &text)> handler; ///< runs the action; returns at once
+
+    /// The part of the text that it works on; nothing when it does not apply.
+    [[nodiscard]] std::optional<QString> applicablePart(const QString &text,
+                                                        MatchBudget &budget) const
+    {
+        return check ? check(text, budget) : std::optional(text);
+    }
 };
 
 /// Runs a configured action on a text.

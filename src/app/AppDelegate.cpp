@@ -7,9 +7,7 @@
 #include "app/MenuBarManager.h"
 #include "app/UpdaterController.h"
 #include "bar/FloatingPanel.h"
-#include "base/BaseFolders.h"
 #include "base/DesktopNotification.h"
-#include "base/HelperFolder.h"
 #include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/Url.h"
@@ -20,9 +18,11 @@
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
 #include "platform/CopyRequest.h"
+#include "platform/EventMonitor.h"
 #include "platform/Platform.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"
+#include "settings/KeyNames.h"
 #include "windows/AccessibleWindows.h"
 #include "windows/ApplicationIcon.h"
 #include "windows/EditingKeys.h"
@@ -31,10 +31,7 @@
 #include "windows/TitleBar.h"
 #include "windows/WindowStyle.h"
 
-#include <QDir>
-#include <QFile>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QCoreApplication>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +43,10 @@ namespace {
 
 /// After the start, so that it costs none of it; before anybody can press the trigger.
 constexpr auto warmUpDelay = 100ms;
+
+/// What a desktop needs to answer whether it has a tray, and what becomes of the trigger.
+constexpr auto trayDelay = 4s;
+constexpr auto routeDelay = 1s;
 
 }
 
@@ -67,21 +68,23 @@ void AppDelegate::applicationDidFinishLaunching()
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
                    u"System Settings.");
-        warn(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s.arg(
+        m_notices.warn(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s.arg(
             missing.join(u"\n• "_s)));
     } else if (const QString notice = platform.notice(); !notice.isEmpty()) {
-        showNotice({ notice });
+        m_notices.tellOnce({ notice });
     }
-    platform.setupFound = [this](const DesktopSetup &setup) { showNotice(setup); };
+    platform.setupFound = [this](const DesktopSetup &setup) { m_notices.tellOnce(setup); };
     m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
         ConfigManager::shared(), NotificationCenter::defaultCenter(),
         AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
         platform.popupHost(), platform.workspace() });
     m_detector->startMonitoring();
-    connect(new BusService(this), &BusService::triggerRequested, this, &AppDelegate::trigger);
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
+    connect(&m_notices, &Notices::preferencesRequested, m_menuBarManager.get(),
+            &MenuBarManager::openSettings);
+    serveBus(missing.isEmpty());
     m_updaterController
         = std::make_unique<UpdaterController>(UpdaterController::standard(platform.workspace()));
     m_updaterController->windowWillOpen
@@ -109,13 +112,51 @@ void AppDelegate::applicationDidFinishLaunching()
     platform.workspace().nothingOpened = [this](const QString &url) { tellNothingOpened(url); };
     Log::print(u"Tessel started.");
     if (const auto &notice = ConfigManager::shared().loadNotice())
-        notify(*notice);
+        m_notices.notify(*notice);
+    if (ConfigManager::shared().isNew() && missing.isEmpty())
+        welcome();
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {
         WindowStyle::apply(platform.appearance());
         FloatingPanel::shared().warmUp();
         platform.copyRequest().prepare();
     });
+}
+
+void AppDelegate::serveBus(bool hasAccess)
+{
+    const auto ready = u"ready"_s;
+    auto *service
+        = new BusService(this,
+                         { .trigger = [this] { trigger(); },
+                           .showPreferences = [this] { showPreferences(); },
+                           .quit = [] { QTimer::singleShot(0, qApp, &QCoreApplication::quit); },
+                           .startAction =
+                               [](const QString &id, const QString &text) {
+                                   return ActionManager::shared().start(id, text);
+                               } },
+                         hasAccess ? ready : u"unavailable"_s);
+    if (hasAccess)
+        connect(
+            &FloatingPanel::shared(), &FloatingPanel::shownChanged, service,
+            [service, ready](bool isShown) { service->setState(isShown ? u"shown"_s : ready); });
+}
+
+/// As soon as it is known whether there is a tray: where there is none, nobody says so.
+void AppDelegate::welcome()
+{
+    const auto tell = [this] {
+        const EventMonitor &monitor = Platform::current().eventMonitor();
+        const ConfigManager &config = ConfigManager::shared();
+        m_notices.welcome(
+            { .trigger = spelledShortcut(config.triggerKeyCode, config.triggerModifiers),
+              .route = monitor.triggerRoute(),
+              .binding = monitor.triggerBinding(),
+              .isInTray = m_menuBarManager->isInTray() });
+    };
+    connect(m_menuBarManager.get(), &MenuBarManager::shownInTray, this,
+            [this, tell] { QTimer::singleShot(routeDelay, this, tell); });
+    QTimer::singleShot(trayDelay, this, tell);
 }
 
 void AppDelegate::showPreferences()
@@ -132,53 +173,8 @@ void AppDelegate::trigger()
 void AppDelegate::tellNothingOpened(const QString &url)
 {
     const QString title = localized(u"No application could open the address"_s);
-    notify(
+    m_notices.notify(
         { .text = Url::schemeOf(url).toString() + u":…"_s, .title = title, .topic = u"address"_s });
-}
-
-void AppDelegate::notify(const DesktopNotification &notification)
-{
-    m_notifier.run(notificationCommand(notification, helperFolder()),
-                   [](const Result<CommandResult> &shown) {
-                       if (!shown || shown->exitStatus != 0)
-                           Log::print(u"ERROR: "_s
-                                      + (shown ? QString::fromUtf8(shown->errorOutput).trimmed()
-                                               : shown.error().reason));
-                   });
-}
-
-/// Once: whoever has closed it knows. A set-up that was begun may fail and is offered again.
-void AppDelegate::showNotice(const DesktopSetup &notice)
-{
-    const QString path = BaseFolders::state() + u"/session-notice"_s;
-    QFile told(path);
-    if (told.open(QIODevice::ReadOnly) && told.read(64 << 10) == notice.text.toUtf8())
-        return;
-    QMessageBox *box = warn(notice.text);
-    QAbstractButton *setUp
-        = notice.run ? box->addButton(notice.button, QMessageBox::AcceptRole) : nullptr;
-    box->setDefaultButton(QMessageBox::Close); // it may come while the user types
-    connect(box, &QMessageBox::finished, this, [this, box, setUp, notice, path] {
-        if (setUp && box->clickedButton() == setUp) {
-            notice.run().then(this, [this](const QString &result) {
-                if (!result.isEmpty())
-                    showNotice({ result });
-            });
-        } else if (QFile closed(path);
-                   QDir().mkpath(BaseFolders::state()) && closed.open(QIODevice::WriteOnly)) {
-            closed.write(notice.text.toUtf8());
-        }
-    });
-}
-
-QMessageBox *AppDelegate::warn(const QString &text)
-{
-    applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module());
-    auto *box = new QMessageBox(QMessageBox::Warning, u"Tessel"_s, text, QMessageBox::Close);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    box->show();
-    return box;
 }
 
 }

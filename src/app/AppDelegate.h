@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/CommandRunner.h"
+#include "app/Notices.h"
 #include "platform/EventMonitor.h"
 
 #include <QObject>
 
 #include <memory>
 
-class QMessageBox;
-
 namespace Tessel {
 
-struct DesktopNotification;
-struct DesktopSetup;
 class MenuBarManager;
 class SelectionDetector;
 class UpdaterController;
@@ -34,11 +30,10 @@ public:
 
 private:
     void tellNothingOpened(const QString &url);
-    void notify(const DesktopNotification &notification);
-    void showNotice(const DesktopSetup &notice);
-    QMessageBox *warn(const QString &text);
+    void serveBus(bool hasAccess);
+    void welcome();
 
-    CommandRunner m_notifier;
+    Notices m_notices;
     std::unique_ptr<SelectionDetector> m_detector;
     std::unique_ptr<EventMonitor::Subscription> m_keysElsewhere;
     std::unique_ptr<MenuBarManager> m_menuBarManager;

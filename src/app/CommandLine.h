@@ -11,4 +11,7 @@ namespace Tessel {
 /// application object.
 [[nodiscard]] std::optional<int> answerCommandLine(int argc, const char *const argv[]);
 
+/// Whether the program, once it is up, is to show its preferences.
+[[nodiscard]] bool asksForPreferences(int argc, const char *const argv[]);
+
 }

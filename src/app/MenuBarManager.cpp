@@ -4,10 +4,10 @@
 
 #include "app/TrayImage.h"
 #include "base/FileLogger.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/Memory.h"
 #include "config/ConfigManager.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "platform/Appearance.h"
@@ -100,6 +100,7 @@ void MenuBarManager::setupMenuBar()
             });
     updateIcon();
     m_statusItem->show();
+    Q_EMIT shownInTray();
 }
 
 void MenuBarManager::popUpMenu()

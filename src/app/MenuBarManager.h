@@ -52,8 +52,11 @@ public:
     void openSettings();
     void showError(const QString &title, const QString &message);
 
+    [[nodiscard]] bool isInTray() const { return m_statusItem != nullptr; }
+
 Q_SIGNALS:
     void updateCheckRequested();
+    void shownInTray(); ///< once
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/SecondStart.h"
 
+#include "app/BusService.h"
 #include "app/SignalEvents.h"
 #include "app/SingleInstance.h"
 #include "base/ChildProcess.h"
@@ -56,16 +57,16 @@ void tell(const QString &lockPath)
 
 void handOverTo(qint32 lockOwner, const QString &lockPath)
 {
-    if (isTessel(lockOwner))
+    if (!isTessel(lockOwner))
+        return tell(lockPath);
+    if (!BusService::showPreferencesOf(lockOwner)) // there may be no bus
         ::kill(lockOwner, SignalEvents::showPreferences);
-    else
-        tell(lockPath);
 }
 
-bool triggerRunningProgram(const QString &lockPath)
+bool signalRunningProgram(const QString &lockPath, int signal)
 {
     const auto owner = SingleInstance::liveOwner(lockPath);
-    return owner && isTessel(*owner) && ::kill(*owner, SignalEvents::trigger) == 0;
+    return owner && isTessel(*owner) && ::kill(*owner, signal) == 0;
 }
 
 }

@@ -8,10 +8,10 @@ namespace Tessel {
 
 /// What a start does that finds the lock taken: the program that runs is to show its preferences.
 /// When the lock names another program, to which the system gave the number again, a notification
-/// says so. Waits for nobody. Needs an application object.
+/// says so. Waits for three seconds at most. Needs an application object.
 void handOverTo(qint32 lockOwner, const QString &lockPath);
 
-/// Has the program that holds the lock do what the trigger key does; false when none runs.
-[[nodiscard]] bool triggerRunningProgram(const QString &lockPath);
+/// Sends the program that holds the lock a signal (SignalEvents); false when none runs.
+[[nodiscard]] bool signalRunningProgram(const QString &lockPath, int signal);
 
 }

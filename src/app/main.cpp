@@ -93,6 +93,7 @@ int main(int argc, char *argv[])
     BaseFolders::dropRelative();
     if (const auto status = answerCommandLine(argc, argv))
         return *status;
+    const bool showsPreferences = asksForPreferences(argc, argv);
     std::signal(SIGPIPE, SIG_IGN); // a closed standard output must not end the program
     SignalEvents signals; // before the lock tells others of this process
     const QString lock = SingleInstance::lockFilePath();
@@ -133,9 +134,11 @@ int main(int argc, char *argv[])
     QObject::connect(&signals, &SignalEvents::preferencesRequested, &delegate,
                      &AppDelegate::showPreferences);
     QObject::connect(&signals, &SignalEvents::triggerRequested, &delegate, &AppDelegate::trigger);
-    QTimer::singleShot(0, &delegate, [&delegate, &signals] {
+    QTimer::singleShot(0, &delegate, [&delegate, &signals, showsPreferences] {
         delegate.applicationDidFinishLaunching();
         signals.start();
+        if (showsPreferences)
+            delegate.showPreferences();
     });
     return QApplication::exec();
 }

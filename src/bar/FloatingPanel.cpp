@@ -80,6 +80,7 @@ void FloatingPanel::show(const PopupLocation &at, const QString &text, bool make
                    .arg(frame.width())
                    .arg(frame.height()));
     m_phase = Phase::shown;
+    Q_EMIT shownChanged(true);
     m_isChosen = false;
     m_takesKeys = makeKey;
     m_window.makeNative();
@@ -123,6 +124,7 @@ void FloatingPanel::hide()
     m_location.watch.reset();
     m_dependencies.popupHost.releaseKeys(m_window.windowHandle());
     m_window.fadeOut();
+    Q_EMIT shownChanged(false);
 }
 
 /// The captured text may be large, and is the user's: not kept longer than it is shown.
@@ -146,9 +148,7 @@ void FloatingPanel::reloadButtons()
     MatchBudget budget;
     QList<std::pair<const GlintAction *, QString>> offered;
     for (const GlintAction &action : m_dependencies.actions.actions()) {
-        const auto text = action.check ? action.check(m_currentText, budget)
-                                       : std::optional<QString>(m_currentText);
-        if (text)
+        if (const auto text = action.applicablePart(m_currentText, budget))
             offered += { &action, *text };
     }
     m_buttons = m_window.buttons(int(offered.size()));

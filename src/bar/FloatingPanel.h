@@ -54,6 +54,7 @@ public:
 
 Q_SIGNALS:
     void settingsRequested();
+    void shownChanged(bool isShown);
 
 private:
     enum class Phase { hidden, shown, hiding };

@@ -18,9 +18,12 @@ namespace {
 constexpr int maxTitle = 80; ///< characters
 
 constexpr std::pair<QStringView, QString DesktopNotification::*> fields[] = {
-    { u"text", &DesktopNotification::text },         { u"title", &DesktopNotification::title },
-    { u"subtitle", &DesktopNotification::subtitle }, { u"file", &DesktopNotification::file },
+    { u"text", &DesktopNotification::text },
+    { u"title", &DesktopNotification::title },
+    { u"subtitle", &DesktopNotification::subtitle },
+    { u"file", &DesktopNotification::file },
     { u"topic", &DesktopNotification::topic },
+    { u"preferences", &DesktopNotification::preferences },
 };
 
 }

@@ -15,6 +15,7 @@ struct DesktopNotification
     QString subtitle = {};
     QString file = {}; ///< a path or URL that it offers to open; empty: nothing
     QString topic = {}; ///< takes the place of the last one of that topic; empty: of none
+    QString preferences = {}; ///< the button that shows the program's; empty: there is none
 
     friend bool operator==(const DesktopNotification &, const DesktopNotification &) = default;
 };

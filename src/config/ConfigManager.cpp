@@ -4,10 +4,10 @@
 
 #include "base/BaseFolders.h"
 #include "base/Identifier.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/ConfigFile.h"
 #include "config/DefaultActions.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 
 #include <QDir>
@@ -73,7 +73,8 @@ void ConfigManager::load()
     const Result<std::optional<QByteArray>> file = ConfigFile::read(configURL());
     if (!file)
         return leaveAlone(file.error());
-    if (!*file)
+    m_isNew = !*file;
+    if (m_isNew)
         return loadDefaults();
     Result<AppConfig> decoded = decodeConfig(**file);
     if (!decoded)

@@ -41,6 +41,9 @@ public:
     void save();
     void loadDefaults();
 
+    /// Whether there was no configuration file when this was made: the user has just come.
+    [[nodiscard]] bool isNew() const { return m_isNew; }
+
     /// Why the last save failed, in the system's words; empty when it went well.
     [[nodiscard]] const QString &saveFailure() const { return m_saveFailure; }
 
@@ -80,6 +83,7 @@ private:
 
     Dependencies m_dependencies;
     ConfigHistory m_history;
+    bool m_isNew = false;
     QString m_saveFailure;
     std::optional<DesktopNotification> m_loadNotice;
 };

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ActionsModel.h"
 
+#include "base/LocalizationManager.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "base/LocalizationManager.h"
 
 #include <algorithm>
 

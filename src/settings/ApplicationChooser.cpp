@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ApplicationChooser.h"
 
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/IconResolver.h"
 #include "config/ImageFile.h"
-#include "base/LocalizationManager.h"
 #include "config/TemplateImage.h"
 #include "platform/Workspace.h"
 #include "settings/AccessibleCells.h"

@@ -3,10 +3,10 @@
 #include "settings/IconPickerViewController.h"
 
 #include "base/HelperFolder.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "base/LocalizationManager.h"
 #include "config/ResourceBundle.h"
 #include "config/TemplateImage.h"
 #include "settings/AccessibleCells.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SaveNotice.h"
 
-#include "config/ConfigManager.h"
 #include "base/LocalizationManager.h"
+#include "config/ConfigManager.h"
 #include "windows/Theme.h"
 
 #include <QAccessible>

@@ -3,9 +3,9 @@
 #include "settings/SettingsWindowController.h"
 
 #include "base/FileLogger.h"
+#include "base/LocalizationManager.h"
 #include "config/ConfigManager.h"
 #include "config/IconResolver.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/PopupHost.h"
 #include "platform/Workspace.h"

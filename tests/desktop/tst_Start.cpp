@@ -4,6 +4,7 @@
 #include "files/Files.h"
 #include "support/RecordingService.h"
 
+#include <QDBusVariant>
 #include <QTest>
 
 #include <algorithm>
@@ -60,13 +61,6 @@ private Q_SLOTS:
         };
         QCOMPARE(trigger(), 0);
         QVERIFY(stage.logs(u"checkSelection"_s));
-        const auto bus = QDBusConnection::connectToBus(
-            stage.session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s), u"user"_s);
-        const auto name = u"com.tessel.app"_s;
-        QCOMPARE(
-            bus.call(QDBusMessage::createMethodCall(name, u"/com/tessel/app"_s, name, u"Trigger"_s))
-                .type(),
-            QDBusMessage::ReplyMessage);
 
         // After its end the lock file is left behind, and stale.
         stage.tessel.process().end();
@@ -86,6 +80,77 @@ private Q_SLOTS:
         QVERIFY(server.calls.first()[4].toString().contains(lock));
         QCOMPARE(trigger(), 1);
         QVERIFY(other.isRunning());
+    }
+
+    void servesTheBus()
+    {
+        Stage stage;
+        QVERIFY(stage.start());
+        const auto bus = QDBusConnection::connectToBus(
+            stage.session.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s), u"user"_s);
+        const auto name = u"com.tessel.app"_s;
+        const auto call = [&](const QString &method, const QVariantList &arguments = {},
+                              const QString &interface = u"com.tessel.app"_s) {
+            auto message
+                = QDBusMessage::createMethodCall(name, u"/com/tessel/app"_s, interface, method);
+            message.setArguments(arguments);
+            return bus.call(message);
+        };
+        const auto state = [&] {
+            const QDBusMessage answer
+                = call(u"Get"_s, { name, u"State"_s }, u"org.freedesktop.DBus.Properties"_s);
+            return answer.arguments().value(0).value<QDBusVariant>().variant().toString();
+        };
+        QTRY_COMPARE(state(), u"ready"_s);
+
+        // What is installed describes what there is.
+        const auto members = [](const QString &description) {
+            static const QRegularExpression member(u"(method|property) name=\"\\w+\""_s);
+            QStringList names;
+            auto found = member.globalMatch(
+                description.section(uR"(<interface name="com.tessel.app">)"_s, 1)
+                    .section(u"</interface>"_s, 0, 0));
+            while (found.hasNext())
+                names += found.next().captured();
+            names.sort();
+            return names;
+        };
+        const QDBusMessage exported
+            = call(u"Introspect"_s, {}, u"org.freedesktop.DBus.Introspectable"_s);
+        QCOMPARE(members(exported.arguments().value(0).toString()),
+                 members(QString::fromUtf8(readFile(u"" TESSEL_BUS_DESCRIPTION ""_s))));
+
+        QCOMPARE(call(u"RunAction"_s, { u"nobody"_s, u"text"_s }).errorName(),
+                 u"com.tessel.app.Error.UnknownAction"_s);
+        QCOMPARE(call(u"RunAction"_s, { u"open"_s, QString() }).errorName(),
+                 u"com.tessel.app.Error.NotApplicable"_s);
+        QCOMPARE(call(u"RunAction"_s, { u"open"_s, u"a b"_s }).type(), QDBusMessage::ReplyMessage);
+        QCOMPARE(stage.openedUrl(), QStringList { u"tessel-test://open?a%20b"_s });
+
+        QVERIFY(stage.open());
+        stage.tessel.awaitTrigger();
+        QCOMPARE(call(u"Trigger"_s).type(), QDBusMessage::ReplyMessage);
+        QVERIFY(stage.tessel.waitForBar());
+        QCOMPARE(state(), u"shown"_s);
+        QCOMPARE(call(u"ShowPreferences"_s).type(), QDBusMessage::ReplyMessage);
+        QVERIFY(stage.tessel.waitForWindow(u"Tessel Preferences"_s));
+        QCOMPARE(call(u"Quit"_s).type(), QDBusMessage::ReplyMessage);
+        QVERIFY(stage.tessel.process().waitForExit());
+        QCOMPARE(stage.tessel.process().exitCode(), 0);
+    }
+
+    void tellsNewcomers()
+    {
+        DesktopSession session;
+        QVERIFY2(session.start(), qPrintable(session.errorString()));
+        RecordingService server(session, u"org.freedesktop.Notifications"_s);
+        session.launch(TesselProgram::path());
+        QTRY_COMPARE_WITH_TIMEOUT(server.calls.size(), 1, 15000);
+        const QString text = server.calls.first()[4].toString();
+        QVERIFY2(text.contains(u"press F2"_s) && text.contains(u"no tray"_s), qPrintable(text));
+        QVERIFY(server.calls.first()[5].toStringList().contains(u"Preferences"_s));
+        server.emitSignal(u"ActionInvoked"_s, { RecordingService::notificationId, u"default"_s });
+        QVERIFY(TesselProgram(session).waitForWindow(u"Tessel Preferences"_s));
     }
 
     void withoutDisplay()

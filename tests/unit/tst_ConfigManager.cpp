@@ -5,9 +5,9 @@
 #include "actions/GlintAction.h"
 #include "actions/Pattern.h"
 #include "base/BaseFolders.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/DefaultActions.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "files/Files.h"
 

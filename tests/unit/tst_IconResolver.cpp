@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "config/IconResolver.h"
 
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "config/ConfigManager.h"
 #include "config/DefaultActions.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "config/ResourceBundle.h"
 #include "files/Files.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "base/KeyCodes.h"
+#include "base/LocalizationManager.h"
 #include "capture/AccessibilityManager.h"
 #include "capture/ActionBar.h"
 #include "capture/SelectionDetector.h"
 #include "config/ConfigManager.h"
-#include "base/LocalizationManager.h"
 #include "config/NotificationCenter.h"
 #include "platform/fake/FakePlatform.h"
 

@@ -24,9 +24,16 @@ const auto service = u"org.freedesktop.Notifications"_s;
 const auto objectPath = u"/org/freedesktop/Notifications"_s;
 constexpr auto maxWait = 5s; ///< for all of the server's answers
 constexpr int serversOwnExpiry = -1;
+constexpr int maxAnswer = 2000; ///< milliseconds, of the program
 
 /// Servers cut off what they have no room for; this only keeps the messages small.
 constexpr qsizetype maxText = 4000;
+
+QDBusMessage preferencesCall()
+{
+    const auto name = u"com.tessel.app"_s;
+    return QDBusMessage::createMethodCall(name, u"/com/tessel/app"_s, name, u"ShowPreferences"_s);
+}
 
 QDBusMessage call(const QString &method, const QVariantList &arguments, QDeadlineTimer deadline)
 {
@@ -75,25 +82,31 @@ Result<void> Notification::show()
     return {};
 }
 
-/// The buttons for the file, which this object is then told about; none without a file or where
-/// the server has none.
+/// The button, which this object is then told about; none where the server has none.
 QStringList Notification::offer(const QStringList &abilities)
 {
-    if (m_content.file.isEmpty() || !abilities.contains(u"actions"_s))
+    const QString label = m_content.preferences.isEmpty() ? u"Open"_s : m_content.preferences;
+    if ((m_content.file.isEmpty() && m_content.preferences.isEmpty())
+        || !abilities.contains(u"actions"_s))
         return {};
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(service, objectPath, service, u"ActionInvoked"_s, this,
                 SLOT(actionInvoked(uint, QString)));
     bus.connect(service, objectPath, service, u"NotificationClosed"_s, this,
                 SLOT(notificationClosed(uint, uint)));
-    return { u"default"_s, u"Open"_s, u"open"_s, u"Open"_s };
+    return { u"default"_s, label, u"open"_s, label };
 }
 
 void Notification::actionInvoked(uint id, const QString &)
 {
     if (id != m_id)
         return;
-    [[maybe_unused]] const auto opened = xdgOpen(m_content.file); // there is nobody left to tell
+    if (!m_content.preferences.isEmpty()) {
+        QDBusConnection::sessionBus().call(preferencesCall(), QDBus::Block, maxAnswer);
+    } else {
+        [[maybe_unused]] const auto opened
+            = xdgOpen(m_content.file); // there is nobody left to tell
+    }
     Q_EMIT finished();
 }
 

@@ -40,6 +40,6 @@ int main(int argc, char *argv[])
         background.fail(shown.error().reason);
     ::alarm(0);
     background.succeed();
-    QTimer::singleShot(1min, qApp, &QCoreApplication::quit);
+    QTimer::singleShot(10min, qApp, &QCoreApplication::quit);
     return QCoreApplication::exec();
 }
