@@ -35,3 +35,25 @@ function(tessel_translate template result)
     endwhile()
     file(CONFIGURE OUTPUT ${result} CONTENT "${content}" @ONLY)
 endfunction()
+
+# tessel_read_releases(variable): the releases of CHANGELOG.md as the metainfo of AppStream has them.
+# What is above the first heading with a date is no release yet.
+function(tessel_read_releases variable)
+    set(changelog ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changelog})
+    file(READ ${changelog} content)
+    string(REPLACE "`" "" content "${content}")
+    string(REPLACE "&" "&amp;" content "${content}")
+    string(REPLACE "<" "&lt;" content "${content}")
+    string(STRIP "${content}" content)
+    string(REGEX REPLACE "\n +" " " content "${content}")
+    string(REGEX REPLACE "\n- ([^\n]+)" "\n          <li>\\1</li>" content "${content}")
+    set(end "\n        </ul>\n      </description>\n    </release>")
+    string(REGEX REPLACE "\n+## ([0-9.]+) - ([0-9-]+)\n+"
+        "${end}\n    <release version=\"\\1\" date=\"\\2\">\n      <description>\n        <ul>\n"
+        content "${content}")
+    string(FIND "${content}" "    <release " first)
+    string(SUBSTRING "${content}" ${first} -1 content)
+    string(STRIP "${content}${end}" content)
+    set(${variable} "${content}" PARENT_SCOPE)
+endfunction()
