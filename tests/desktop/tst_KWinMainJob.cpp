@@ -21,6 +21,7 @@ bool start(WaylandStage &stage)
 {
     QString entry = QString::fromUtf8(readFile(QStringLiteral(TESSEL_KWIN_ENTRY)));
     entry.replace(u"@program@"_s, TesselProcess::path());
+    entry.replace(u"@interfaces@"_s, u"org_kde_kwin_fake_input,org_kde_kwin_keystate"_s);
     return writeFile(stage.session.dataPath() + u"/applications/com.tessel.app.kwin.desktop"_s,
                      entry)
         && stage.start(WaylandOptions { .kwin = true });
