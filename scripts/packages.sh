@@ -21,7 +21,7 @@ test_packages=(
     xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb xwayland zsh
 )
 gnome_packages=(gnome-shell gnome-text-editor libglib2.0-bin python3-dbusmock)
-lint_packages=(clang-tidy)
+lint_packages=(appstream clang-tidy desktop-file-utils mandoc rpmlint shellcheck)
 fuzz_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)
