@@ -12,7 +12,7 @@ build_packages=(
 )
 run_packages=(dbus dbus-user-session file fonts-dejavu-core qt6-wayland xdg-utils zsh)
 demo_packages=(
-    foot grim imagemagick mousepad openbox picom sway xdotool xterm xvfb
+    foot grim hsetroot imagemagick mousepad openbox picom sway xdotool xterm xvfb
 )
 test_packages=(
     at-spi2-core dbus dbus-x11 featherpad foot fonts-noto-cjk grim i3lock kwin-data kwin-wayland
@@ -22,6 +22,8 @@ test_packages=(
 )
 gnome_packages=(gnome-shell gnome-text-editor libglib2.0-bin python3-dbusmock)
 lint_packages=(appstream clang-tidy desktop-file-utils mandoc rpmlint shellcheck)
+lint_packages=(clang-tidy)
+picture_packages=(trayer)
 fuzz_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
 artwork_packages=(librsvg2-bin optipng pngquant)
