@@ -37,6 +37,8 @@ export GSETTINGS_BACKEND=keyfile
 unset DBUS_SESSION_BUS_ADDRESS DISPLAY WAYLAND_DISPLAY XDG_CURRENT_DESKTOP
 mkdir -p "$XDG_CONFIG_HOME/glib-2.0/settings" "$XDG_DATA_HOME/applications" "$TMPDIR"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
+mkdir -p "$XDG_STATE_HOME/tessel"
+touch "$XDG_STATE_HOME/tessel/welcome" # what is said after the first start has been said
 background dbus-daemon --session --nofork --nopidfile --address="unix:path=$XDG_RUNTIME_DIR/bus"
 export DBUS_SESSION_BUS_ADDRESS=unix:path=$XDG_RUNTIME_DIR/bus
 await test -S "$XDG_RUNTIME_DIR/bus"
