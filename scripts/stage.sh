@@ -33,7 +33,7 @@ await() { # repeats a command until it succeeds, for ten seconds
 
 export HOME=$stage/home XDG_RUNTIME_DIR=$stage/run TMPDIR=$stage/tmp
 export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_STATE_HOME=$HOME/.local/state
-export GSETTINGS_BACKEND=keyfile
+export GSETTINGS_BACKEND=keyfile LC_ALL=C.UTF-8
 unset DBUS_SESSION_BUS_ADDRESS DISPLAY WAYLAND_DISPLAY XDG_CURRENT_DESKTOP
 mkdir -p "$XDG_CONFIG_HOME/glib-2.0/settings" "$XDG_DATA_HOME/applications" "$TMPDIR"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
