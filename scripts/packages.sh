@@ -22,8 +22,6 @@ test_packages=(
 )
 gnome_packages=(gnome-shell gnome-text-editor libglib2.0-bin python3-dbusmock)
 lint_packages=(appstream clang-tidy desktop-file-utils mandoc rpmlint shellcheck)
-picture_packages=(trayer)
-lint_packages=(clang-tidy)
 picture_packages=(fonts-noto-cjk trayer)
 fuzz_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libxcb-damage0-dev)
