@@ -83,14 +83,14 @@ void Notices::notify(const DesktopNotification &notification)
 
 void Notices::warn(const QString &text)
 {
-    open(text);
+    window(text)->show();
 }
 
 void Notices::tellOnce(const DesktopSetup &notice)
 {
     if (wasTold(sessionNotice, notice.text.toUtf8()))
         return;
-    QMessageBox *box = open(notice.text);
+    QMessageBox *box = window(notice.text);
     QAbstractButton *setUp
         = notice.run ? box->addButton(notice.button, QMessageBox::AcceptRole) : nullptr;
     connect(box, &QMessageBox::finished, this, [this, box, setUp, notice] {
@@ -103,6 +103,7 @@ void Notices::tellOnce(const DesktopSetup &notice)
             setTold(sessionNotice, notice.text.toUtf8());
         }
     });
+    box->show();
 }
 
 void Notices::welcome(const FirstStart &facts)
@@ -115,22 +116,25 @@ void Notices::welcome(const FirstStart &facts)
 
 void Notices::welcomeInWindow(const DesktopNotification &notification)
 {
-    QMessageBox *box = open(notification.title + u"\n\n"_s + notification.text);
+    QMessageBox *box = window(notification.title + u"\n\n"_s + notification.text);
     const QAbstractButton *preferences
         = box->addButton(notification.preferences, QMessageBox::AcceptRole);
     connect(box, &QMessageBox::finished, this, [this, box, preferences] {
         if (box->clickedButton() == preferences)
             Q_EMIT preferencesRequested();
     });
+    box->show();
 }
 
 /// It may come while the user types.
-QMessageBox *Notices::open(const QString &text)
+QMessageBox *Notices::window(const QString &text)
 {
     const AppIconType icon = ConfigManager::shared().appIcon;
     const ResourceBundle &bundle = ResourceBundle::module();
     applyApplicationIcon(icon, bundle);
-    auto *box = new QMessageBox(QMessageBox::NoIcon, u"Tessel"_s, text, QMessageBox::Close);
+    // The bar is the window that is called after the program alone.
+    auto *box = new QMessageBox(QMessageBox::NoIcon, localized(u"Tessel Notice"_s), text,
+                                QMessageBox::Close);
     box->setIconPixmap(QPixmap::fromImage(
         applicationArtwork(icon, bundle, iconSize, 1, box->devicePixelRatioF())));
     box->setWindowFlag(Qt::WindowStaysOnTopHint); // the settings are
@@ -138,7 +142,6 @@ QMessageBox *Notices::open(const QString &text)
     box->setDefaultButton(QMessageBox::Close);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
-    box->show();
     return box;
 }
 

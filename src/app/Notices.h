@@ -49,7 +49,7 @@ Q_SIGNALS:
     void preferencesRequested();
 
 private:
-    static QMessageBox *open(const QString &text);
+    static QMessageBox *window(const QString &text);
     void welcomeInWindow(const DesktopNotification &notification);
 
     CommandRunner m_notifier;

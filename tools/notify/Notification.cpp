@@ -68,11 +68,11 @@ Result<void> Notification::show()
         body = body.toHtmlEscaped();
     const QStringList actions = offer(abilities);
     const LastNotification last(m_content.topic, answer.service());
-    const QDBusReply<uint> id
-        = call(u"Notify"_s,
-               { u"Tessel"_s, last.id(), u"tessel"_s, displayable(summary.left(maxText)), body,
-                 actions, QVariantMap(), serversOwnExpiry },
-               deadline);
+    const QDBusReply<uint> id = call(
+        u"Notify"_s,
+        { u"Tessel"_s, last.id(), u"tessel"_s, displayable(summary.left(maxText)), body, actions,
+          QVariantMap { { u"desktop-entry"_s, u"com.tessel.app"_s } }, serversOwnExpiry },
+        deadline);
     if (!id.isValid())
         return Failure { u"The notification was refused: "_s + id.error().message() };
     m_id = id.value();
