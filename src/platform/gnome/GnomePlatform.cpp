@@ -25,9 +25,9 @@ using namespace Qt::StringLiterals;
 namespace Tessel {
 
 /// In order of construction: each uses those above it.
-struct GnomePlatform::Services
+struct GnomeServices
 {
-    explicit Services(Maker makeX11)
+    explicit GnomeServices(GnomePlatform::Maker makeX11)
         : bare(setup, std::move(makeX11),
                [this](const InputEvent &event) { eventMonitor.deliver(event); })
     {
@@ -63,7 +63,7 @@ Result<std::unique_ptr<Platform>> GnomePlatform::connect(Maker makeX11)
 }
 
 GnomePlatform::GnomePlatform(Maker makeX11)
-    : m_services(std::make_unique<Services>(std::move(makeX11)))
+    : PlatformWith(std::make_unique<GnomeServices>(std::move(makeX11)))
 {
     QObject::connect(&m_services->setup, &ExtensionSetup::changed, &m_services->setup, [this] {
         if (const auto offer = m_services->setup.offer())
@@ -95,41 +95,6 @@ void GnomePlatform::start()
     m_services->setup.start();
     m_services->appearance.start();
     m_services->statusArea.start();
-}
-
-EventMonitor &GnomePlatform::eventMonitor()
-{
-    return m_services->eventMonitor;
-}
-
-CopyRequest &GnomePlatform::copyRequest()
-{
-    return m_services->copyRequest;
-}
-
-Pasteboard &GnomePlatform::pasteboard()
-{
-    return m_services->pasteboard;
-}
-
-Workspace &GnomePlatform::workspace()
-{
-    return m_services->workspace;
-}
-
-PopupHost &GnomePlatform::popupHost()
-{
-    return m_services->popupHost;
-}
-
-Appearance &GnomePlatform::appearance()
-{
-    return m_services->appearance;
-}
-
-StatusArea &GnomePlatform::statusArea()
-{
-    return m_services->statusArea;
 }
 
 }

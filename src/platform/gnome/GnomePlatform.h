@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/PlatformWith.h"
 
 namespace Tessel {
 
+struct GnomeServices;
+
 /// GNOME on Wayland, whose compositor has no protocols for what the program does: the extension of
 /// ours in the shell does it, and X11 as well as it can while that is missing.
-class GnomePlatform final : public Platform
+class GnomePlatform final : public PlatformWith<GnomeServices>
 {
 public:
     [[nodiscard]] static bool isOffered();
@@ -25,20 +27,8 @@ public:
     [[nodiscard]] bool framesWindows() const override { return false; }
     void start() override;
 
-    [[nodiscard]] EventMonitor &eventMonitor() override;
-    [[nodiscard]] CopyRequest &copyRequest() override;
-    [[nodiscard]] Pasteboard &pasteboard() override;
-    [[nodiscard]] Workspace &workspace() override;
-    [[nodiscard]] PopupHost &popupHost() override;
-    [[nodiscard]] Appearance &appearance() override;
-    [[nodiscard]] StatusArea &statusArea() override;
-
 private:
-    struct Services;
-
     explicit GnomePlatform(Maker makeX11);
-
-    std::unique_ptr<Services> m_services;
 };
 
 }

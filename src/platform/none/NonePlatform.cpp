@@ -117,7 +117,7 @@ bool isOnlyWayland()
 
 }
 
-struct NonePlatform::Services
+struct NoneServices
 {
     NoEventMonitor eventMonitor;
     NoCopyRequest copyRequest;
@@ -136,11 +136,11 @@ bool NonePlatform::isOffered()
 
 Result<std::unique_ptr<Platform>> NonePlatform::connect()
 {
-    return std::unique_ptr<Platform>(new NonePlatform(std::make_unique<Services>()));
+    return std::unique_ptr<Platform>(new NonePlatform(std::make_unique<NoneServices>()));
 }
 
-NonePlatform::NonePlatform(std::unique_ptr<Services> services)
-    : m_services(std::move(services))
+NonePlatform::NonePlatform(std::unique_ptr<NoneServices> services)
+    : PlatformWith(std::move(services))
 {
 }
 
@@ -156,41 +156,6 @@ void NonePlatform::start()
 {
     m_services->appearance.start();
     m_services->statusArea.start();
-}
-
-EventMonitor &NonePlatform::eventMonitor()
-{
-    return m_services->eventMonitor;
-}
-
-CopyRequest &NonePlatform::copyRequest()
-{
-    return m_services->copyRequest;
-}
-
-Pasteboard &NonePlatform::pasteboard()
-{
-    return m_services->pasteboard;
-}
-
-Workspace &NonePlatform::workspace()
-{
-    return m_services->workspace;
-}
-
-PopupHost &NonePlatform::popupHost()
-{
-    return m_services->popupHost;
-}
-
-Appearance &NonePlatform::appearance()
-{
-    return m_services->appearance;
-}
-
-StatusArea &NonePlatform::statusArea()
-{
-    return m_services->statusArea;
 }
 
 }

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/PlatformWith.h"
 
 namespace Tessel {
 
+struct NoneServices;
+
 /// A desktop on which windows can be shown, but neither keys nor selected text be seen. The program
 /// starts and says so (Workspace::missingAccess).
-class NonePlatform final : public Platform
+class NonePlatform final : public PlatformWith<NoneServices>
 {
 public:
     /// Whether Qt can show windows.
@@ -19,19 +21,9 @@ public:
     [[nodiscard]] QString notice() const override { return {}; }
     [[nodiscard]] QByteArray qtPlugin() const override;
     void start() override;
-    [[nodiscard]] EventMonitor &eventMonitor() override;
-    [[nodiscard]] CopyRequest &copyRequest() override;
-    [[nodiscard]] Pasteboard &pasteboard() override;
-    [[nodiscard]] Workspace &workspace() override;
-    [[nodiscard]] PopupHost &popupHost() override;
-    [[nodiscard]] Appearance &appearance() override;
-    [[nodiscard]] StatusArea &statusArea() override;
 
 private:
-    struct Services;
-    explicit NonePlatform(std::unique_ptr<Services> services);
-
-    std::unique_ptr<Services> m_services;
+    explicit NonePlatform(std::unique_ptr<NoneServices> services);
 };
 
 }

@@ -30,9 +30,9 @@ using namespace Qt::StringLiterals;
 namespace Tessel {
 
 /// In order of construction: each uses those above it.
-struct WaylandPlatform::Services
+struct WaylandServices
 {
-    explicit Services(std::unique_ptr<WaylandConnection> wayland)
+    explicit WaylandServices(std::unique_ptr<WaylandConnection> wayland)
         : connection(std::move(wayland))
     {
     }
@@ -76,11 +76,11 @@ Result<std::unique_ptr<Platform>> WaylandPlatform::connect()
     if (!connection)
         return connection.error();
     return std::unique_ptr<Platform>(
-        new WaylandPlatform(std::make_unique<Services>(*std::move(connection))));
+        new WaylandPlatform(std::make_unique<WaylandServices>(*std::move(connection))));
 }
 
-WaylandPlatform::WaylandPlatform(std::unique_ptr<Services> services)
-    : m_services(std::move(services))
+WaylandPlatform::WaylandPlatform(std::unique_ptr<WaylandServices> services)
+    : PlatformWith(std::move(services))
 {
 }
 
@@ -121,41 +121,6 @@ void WaylandPlatform::start()
         kwin->start();
     m_services->appearance.start();
     m_services->statusArea.start();
-}
-
-EventMonitor &WaylandPlatform::eventMonitor()
-{
-    return m_services->eventMonitor;
-}
-
-CopyRequest &WaylandPlatform::copyRequest()
-{
-    return m_services->copyRequest;
-}
-
-Pasteboard &WaylandPlatform::pasteboard()
-{
-    return m_services->pasteboard;
-}
-
-Workspace &WaylandPlatform::workspace()
-{
-    return m_services->workspace;
-}
-
-PopupHost &WaylandPlatform::popupHost()
-{
-    return m_services->popupHost;
-}
-
-Appearance &WaylandPlatform::appearance()
-{
-    return m_services->appearance;
-}
-
-StatusArea &WaylandPlatform::statusArea()
-{
-    return m_services->statusArea;
 }
 
 }

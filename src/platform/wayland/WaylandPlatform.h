@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/PlatformWith.h"
 
 namespace Tessel {
 
+struct WaylandServices;
+
 /// The services of a compositor that lets programs lie above others and see the clipboard: sway,
 /// labwc, Hyprland and others of their kind, and KWin. Over a connection apart from Qt's.
-class WaylandPlatform final : public Platform
+class WaylandPlatform final : public PlatformWith<WaylandServices>
 {
 public:
     /// Whether the session's compositor is one, and Qt can show windows on it.
@@ -22,19 +24,9 @@ public:
     [[nodiscard]] QByteArray qtPlugin() const override { return "wayland"; }
     [[nodiscard]] QMap<QString, QString> qtVariables() const override;
     void start() override;
-    [[nodiscard]] EventMonitor &eventMonitor() override;
-    [[nodiscard]] CopyRequest &copyRequest() override;
-    [[nodiscard]] Pasteboard &pasteboard() override;
-    [[nodiscard]] Workspace &workspace() override;
-    [[nodiscard]] PopupHost &popupHost() override;
-    [[nodiscard]] Appearance &appearance() override;
-    [[nodiscard]] StatusArea &statusArea() override;
 
 private:
-    struct Services;
-    explicit WaylandPlatform(std::unique_ptr<Services> services);
-
-    std::unique_ptr<Services> m_services;
+    explicit WaylandPlatform(std::unique_ptr<WaylandServices> services);
 };
 
 }

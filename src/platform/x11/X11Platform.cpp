@@ -22,9 +22,9 @@ using namespace Qt::StringLiterals;
 namespace Tessel {
 
 /// In order of construction: each uses those above it.
-struct X11Platform::Services
+struct X11Services
 {
-    Services(std::unique_ptr<X11Connection> x, ClipboardHolder holder)
+    X11Services(std::unique_ptr<X11Connection> x, ClipboardHolder holder)
         : connection(std::move(x))
         , pasteboard(*connection, reader, holder)
     {
@@ -63,11 +63,11 @@ Result<std::unique_ptr<Platform>> X11Platform::connectWith(ClipboardHolder holde
     if (!connection)
         return connection.error();
     return std::unique_ptr<Platform>(
-        new X11Platform(std::make_unique<Services>(*std::move(connection), holder)));
+        new X11Platform(std::make_unique<X11Services>(*std::move(connection), holder)));
 }
 
-X11Platform::X11Platform(std::unique_ptr<Services> services)
-    : m_services(std::move(services))
+X11Platform::X11Platform(std::unique_ptr<X11Services> services)
+    : PlatformWith(std::move(services))
 {
 }
 
@@ -90,41 +90,6 @@ void X11Platform::start()
     m_services->eventMonitor.start();
     m_services->appearance.start();
     m_services->statusArea.start();
-}
-
-EventMonitor &X11Platform::eventMonitor()
-{
-    return m_services->eventMonitor;
-}
-
-CopyRequest &X11Platform::copyRequest()
-{
-    return m_services->copyRequest;
-}
-
-Pasteboard &X11Platform::pasteboard()
-{
-    return m_services->pasteboard;
-}
-
-Workspace &X11Platform::workspace()
-{
-    return m_services->workspace;
-}
-
-PopupHost &X11Platform::popupHost()
-{
-    return m_services->popupHost;
-}
-
-Appearance &X11Platform::appearance()
-{
-    return m_services->appearance;
-}
-
-StatusArea &X11Platform::statusArea()
-{
-    return m_services->statusArea;
 }
 
 }

@@ -2,14 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/PlatformWith.h"
 
 namespace Tessel {
 
 enum class ClipboardHolder;
 
+struct X11Services;
+
 /// The services of an X11 desktop, over one connection apart from Qt's.
-class X11Platform final : public Platform
+class X11Platform final : public PlatformWith<X11Services>
 {
 public:
     /// Fails when the X server cannot be reached.
@@ -22,20 +24,10 @@ public:
     [[nodiscard]] QString notice() const override;
     [[nodiscard]] QByteArray qtPlugin() const override { return "xcb"; }
     void start() override;
-    [[nodiscard]] EventMonitor &eventMonitor() override;
-    [[nodiscard]] CopyRequest &copyRequest() override;
-    [[nodiscard]] Pasteboard &pasteboard() override;
-    [[nodiscard]] Workspace &workspace() override;
-    [[nodiscard]] PopupHost &popupHost() override;
-    [[nodiscard]] Appearance &appearance() override;
-    [[nodiscard]] StatusArea &statusArea() override;
 
 private:
-    struct Services;
     static Result<std::unique_ptr<Platform>> connectWith(ClipboardHolder holder);
-    explicit X11Platform(std::unique_ptr<Services> services);
-
-    std::unique_ptr<Services> m_services;
+    explicit X11Platform(std::unique_ptr<X11Services> services);
 };
 
 }
