@@ -65,8 +65,8 @@ private Q_SLOTS:
         fixture.texts.currentLanguage = u"ko"_s;
         Q_EMIT fixture.notifications.languageDidChange();
         QCOMPARE(fixture.entries(),
-                 QStringList({ u"Tessel 정보"_s, u"Check for Updates..."_s, u"-"_s,
-                               u"환경설정..."_s, u"-"_s, u"종료"_s }));
+                 QStringList({ u"Tessel 정보"_s, u"업데이트 확인..."_s, u"-"_s, u"환경설정..."_s,
+                               u"-"_s, u"종료"_s }));
     }
 
     void trayItemWaitsForTheBar()
