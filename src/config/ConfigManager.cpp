@@ -186,10 +186,10 @@ bool ConfigManager::validateAction(const ActionConfig &action)
 Result<QString> ConfigManager::saveCustomIcon(const QString &sourcePath) const
 {
     if (folder().isEmpty())
-        return Failure { u"nothing is stored"_s };
+        return Failure { u"Changes are not being saved"_s };
     Result<QString> name = copyIntoIconFolder(sourcePath);
     if (!name)
-        Log::print(u"Error saving custom icon: "_s + name.error().reason);
+        Log::print(u"Error saving custom icon: %1: %2"_s.arg(sourcePath, name.error().reason));
     return name;
 }
 
@@ -197,9 +197,9 @@ Result<QString> ConfigManager::copyIntoIconFolder(const QString &sourcePath) con
 {
     const QFileInfo info(sourcePath);
     if (!info.isFile())
-        return Failure { u"not a file: "_s + sourcePath };
+        return Failure { u"Not a regular file"_s };
     if (info.size() > maxIconFileSize)
-        return Failure { u"larger than 64 MiB: "_s + sourcePath };
+        return Failure { u"Larger than 64 MiB"_s };
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(iconFolder()).toStdString(), error);
     if (error)

@@ -11,11 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
-ActionConfig ActionEditing::newAction()
+ActionConfig ActionEditing::newAction(const QString &title)
 {
     ActionConfig action;
     action.id = newIdentifier();
-    action.title = u"New Action"_s;
+    action.title = title;
     action.iconName = u"star"_s;
     return withType(action, ActionType::url);
 }

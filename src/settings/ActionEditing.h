@@ -25,7 +25,7 @@ struct Remark
 namespace ActionEditing {
 
 /// What "add" makes, with an identifier of its own.
-[[nodiscard]] ActionConfig newAction();
+[[nodiscard]] ActionConfig newAction(const QString &title);
 
 /// The action with another type, and a template for it where that type needs one.
 [[nodiscard]] ActionConfig withType(ActionConfig action, ActionType type);

@@ -14,9 +14,8 @@ namespace Tessel {
 
 namespace {
 
-const QString headerKeys[ActionsModel::columns] = {
-    u"Enabled"_s, u"Icon"_s, u"Name"_s, u"Type"_s, u"Template / Command"_s, u"Context (Regex)"_s
-};
+constexpr QStringView headerKeys[ActionsModel::columns]
+    = { u"Enabled", u"Icon", u"Name", u"Type", u"Template / Command", u"Context (Regex)" };
 
 /// Stores what was typed into a single-line field.
 void store(ActionConfig &action, int column, const QString &text)
@@ -38,14 +37,14 @@ ActionsModel::ActionsModel(ConfigManager &config, const LocalizationManager &loc
     , m_localization(localization)
     , m_icons(icons)
 {
-    for (const QString &key : headerKeys)
-        m_headers.append(localization.localizedString(key));
+    for (const QStringView key : headerKeys)
+        m_headers.append(localization.localizedString(key.toString()));
 }
 
 void ActionsModel::relabel()
 {
-    for (int column = 0; column < regexColumn; ++column)
-        m_headers[column] = m_localization.localizedString(headerKeys[column]);
+    for (int column = 0; column < columns; ++column)
+        m_headers[column] = m_localization.localizedString(headerKeys[column].toString());
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns - 1);
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
@@ -100,7 +99,8 @@ int ActionsModel::insert(int row, const ActionConfig &action)
 
 int ActionsModel::append()
 {
-    return insert(rowCount(), ActionEditing::newAction());
+    const QString title = m_localization.localizedString(u"New Action"_s);
+    return insert(rowCount(), ActionEditing::newAction(title));
 }
 
 void ActionsModel::remove(int row)
@@ -255,7 +255,7 @@ QVariant ActionsModel::data(const QModelIndex &index, int role) const
         return remark() ? QVariant(int(remark()->kind)) : QVariant();
     case placeholderRole:
         if (column == regexColumn)
-            return u"Optional"_s;
+            return m_localization.localizedString(u"Optional"_s);
         return remark() && action->templateText.isEmpty()
             ? m_localization.localizedString(u"Required"_s)
             : QString();

@@ -54,7 +54,7 @@ public:
     /// at; nothing when there is none.
     std::optional<int> undo();
 
-    /// Puts the headers, but that of the expressions, into the current language.
+    /// Puts the headers into the current language.
     void relabel();
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

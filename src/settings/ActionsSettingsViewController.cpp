@@ -20,12 +20,6 @@ namespace Tessel {
 
 using namespace SettingsLayout;
 
-namespace {
-
-const QString savingHint = u"Ctrl+Enter or Esc saves a script"_s;
-
-}
-
 ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencies dependencies,
                                                              QWidget *parent)
     : QWidget(parent)
@@ -33,12 +27,13 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
     , m_model(new ActionsModel(dependencies.config, dependencies.localization, dependencies.icons,
                                this))
     , m_tableView(new ActionsTableView(m_model, dependencies.icons))
-    , m_title(label(u"Actions:"_s, FontSize::title, QFont::Bold))
-    , m_hint(
-          secondaryLabel(u"Use {text} as placeholder\nPress ⌘+Enter to save"_s, FontSize::caption))
+    , m_title(label({}, FontSize::title, QFont::Bold))
+    , m_hint(secondaryLabel(dependencies.localization.localizedString(
+                                u"Use {text} as placeholder\nPress ⌘+Enter to save"_s),
+                            FontSize::caption))
     , m_addButton(new QPushButton(u"+"_s))
     , m_removeButton(new QPushButton(u"-"_s))
-    , m_resetButton(new QPushButton(u"Reset Defaults"_s))
+    , m_resetButton(new QPushButton(dependencies.localization.localizedString(u"Reset Defaults"_s)))
 {
     setupUI();
     connect(m_tableView, &ActionsTableView::iconPickerRequested, this,
@@ -49,7 +44,6 @@ ActionsSettingsViewController::ActionsSettingsViewController(SettingsDependencie
 
 void ActionsSettingsViewController::setupUI()
 {
-    m_hint->setToolTip(m_dependencies.localization.localizedString(savingHint));
     describe();
     m_title->setBuddy(m_tableView);
     m_addButton->setFixedWidth(30);
@@ -86,10 +80,13 @@ void ActionsSettingsViewController::setupUI()
     stack(this, Qt::Vertical, 0)->addWidget(scrolled(content));
 }
 
-/// For those who do not see what "+" and the keys in the table are for.
+/// The texts that stay the same, among them those for whoever does not see what "+" and the keys in
+/// the table are for.
 void ActionsSettingsViewController::describe()
 {
     const LocalizationManager &texts = m_dependencies.localization;
+    m_title->setText(texts.localizedString(u"Actions:"_s));
+    m_hint->setToolTip(texts.localizedString(u"Ctrl+Enter or Esc saves a script"_s));
     m_tableView->setAccessibleName(texts.localizedString(u"Actions"_s));
     m_tableView->setAccessibleDescription(
         texts.localizedString(u"Space changes a cell, Alt with Up or Down moves the row"_s));
@@ -110,8 +107,6 @@ void ActionsSettingsViewController::reloadUI()
     const LocalizationManager &texts = m_dependencies.localization;
     m_model->relabel();
     m_hint->setText(texts.localizedString(u"Use {text} as placeholder"_s));
-    m_hint->setToolTip(texts.localizedString(savingHint));
-    m_title->setText(texts.localizedString(u"Actions"_s) + u':');
     m_resetButton->setText(texts.localizedString(u"Reset to Defaults"_s));
 }
 

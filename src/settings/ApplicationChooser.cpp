@@ -105,6 +105,7 @@ ApplicationChooser::ApplicationChooser(Workspace &workspace,
                                        const IconResolver &icons, QWidget *parent)
     : QDialog(parent)
     , m_workspace(workspace)
+    , m_texts(localization)
     , m_searchField(new QLineEdit)
     , m_list(new QListView)
     , m_filtered(new QSortFilterProxyModel(this))
@@ -117,12 +118,12 @@ ApplicationChooser::ApplicationChooser(Workspace &workspace,
                                                          palette().color(QPalette::PlaceholderText),
                                                          iconExtent, devicePixelRatioF());
     m_filtered->setSourceModel(new Applications(workspace.installedApplications(), fallback, this));
-    setupControls(localization);
+    setupControls();
     selectFirst();
     m_searchField->setFocus();
 }
 
-void ApplicationChooser::setupControls(const LocalizationManager &localization)
+void ApplicationChooser::setupControls()
 {
     m_filtered->setFilterRole(searchRole);
     m_filtered->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -130,17 +131,19 @@ void ApplicationChooser::setupControls(const LocalizationManager &localization)
     m_list->setUniformItemSizes(true);
     m_list->setIconSize({ iconExtent, iconExtent });
     m_list->setSpacing(2);
-    m_list->setAccessibleName(localization.localizedString(u"Add App"_s));
+    m_list->setAccessibleName(m_texts.localizedString(u"Add App"_s));
     AccessibleCells::readOnFocus(m_list);
-    m_searchField->setPlaceholderText(u"Search"_s);
-    m_searchField->setAccessibleName(u"Search"_s);
+    m_searchField->setPlaceholderText(m_texts.localizedString(u"Search"_s));
+    m_searchField->setAccessibleName(m_searchField->placeholderText());
     m_searchField->setClearButtonEnabled(true);
     m_searchField->installEventFilter(this);
 
     auto *buttons = new QDialogButtonBox;
-    auto *select = buttons->addButton(u"Select App"_s, QDialogButtonBox::AcceptRole);
-    auto *other = buttons->addButton(u"Other..."_s, QDialogButtonBox::ActionRole);
-    buttons->addButton(localization.localizedString(u"Cancel"_s), QDialogButtonBox::RejectRole);
+    auto *select = buttons->addButton(m_texts.localizedString(u"Select App"_s),
+                                      QDialogButtonBox::AcceptRole);
+    auto *other
+        = buttons->addButton(m_texts.localizedString(u"Other..."_s), QDialogButtonBox::ActionRole);
+    buttons->addButton(m_texts.localizedString(u"Cancel"_s), QDialogButtonBox::RejectRole);
     auto *column = new QVBoxLayout(this);
     column->addWidget(m_searchField);
     column->addWidget(m_list);
@@ -191,11 +194,11 @@ void ApplicationChooser::acceptCurrent()
 
 void ApplicationChooser::chooseFile()
 {
-    auto *dialog
-        = new QFileDialog(this, u"Select App"_s, u"/usr/share/applications"_s, u"*.desktop"_s);
+    const QString title = m_texts.localizedString(u"Select App"_s);
+    auto *dialog = new QFileDialog(this, title, u"/usr/share/applications"_s, u"*.desktop"_s);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setLabelText(QFileDialog::Accept, u"Select App"_s);
+    dialog->setLabelText(QFileDialog::Accept, title);
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         if (const auto identifier = m_workspace.bundleIdentifierOf(path))
             Q_EMIT chosen(*identifier);

@@ -31,12 +31,13 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void setupControls(const LocalizationManager &localization);
+    void setupControls();
     void acceptCurrent();
     void chooseFile();
     void selectFirst();
 
     Workspace &m_workspace;
+    const LocalizationManager &m_texts;
     QLineEdit *m_searchField;
     QListView *m_list;
     QSortFilterProxyModel *m_filtered;

@@ -145,8 +145,8 @@ QWidget *GeneralSettingsViewController::appearanceSection()
         row->addWidget(part);
     }
     row->addStretch();
-    return section(u"Appearance"_s,
-                   { rows, separator(), label(u"App Icon"_s, FontSize::text, QFont::DemiBold),
+    return section(text("Appearance"),
+                   { rows, separator(), label(text("App Icon"), FontSize::text, QFont::DemiBold),
                      iconGrid(), separator() });
 }
 
@@ -164,15 +164,15 @@ QWidget *GeneralSettingsViewController::languageRow()
         m_languageButton->findData(isFollowed ? configured : texts.currentLanguage));
     connect(m_languageButton, &QComboBox::activated, this,
             [this] { changeLanguage(m_languageButton->currentData().toString()); });
-    return row(10, { labelOf(m_languageButton, text("Language") + u':'), m_languageButton });
+    return row(10, { labelOf(m_languageButton, text("Language:")), m_languageButton });
 }
 
 QWidget *GeneralSettingsViewController::themeRow()
 {
     auto *button = new PopUpButton;
-    button->setAccessibleName(u"Theme"_s);
+    button->setAccessibleName(text("Theme"));
     for (const Choice<ThemeMode> &choice : choices<ThemeMode>) {
-        button->addItem(choice.title.toString());
+        button->addItem(m_dependencies.localization.localizedString(choice.title.toString()));
         if (choice.value == m_dependencies.config.themeMode)
             button->setCurrentIndex(button->count() - 1);
     }
@@ -180,7 +180,7 @@ QWidget *GeneralSettingsViewController::themeRow()
         config.themeMode = choices<ThemeMode>[std::size_t(index)].value;
         config.save();
     });
-    return row(10, { labelOf(button, u"Theme:"_s), button });
+    return row(10, { labelOf(button, text("Theme:")), button });
 }
 
 QWidget *GeneralSettingsViewController::iconGrid()
@@ -191,10 +191,10 @@ QWidget *GeneralSettingsViewController::iconGrid()
     columns->setHorizontalSpacing(20);
     columns->setVerticalSpacing(4);
     for (const Choice<AppIconType> &choice : choices<AppIconType>) {
-        const QString title = choice.title.toString();
+        const QString title = m_dependencies.localization.localizedString(choice.title.toString());
         auto *button = new IconSelectionButton;
         button->setAccessibleName(title);
-        button->setAccessibleDescription(u"App Icon"_s); // of which there are several
+        button->setAccessibleDescription(text("App Icon")); // of which there are several
         button->setPicture(QPixmap::fromImage(applicationArtwork(
             choice.value, m_dependencies.bundle, artworkSize, artworkShare, devicePixelRatioF())));
         button->setSelectedIcon(choice.value == m_dependencies.config.appIcon);
@@ -225,11 +225,11 @@ QWidget *GeneralSettingsViewController::behaviorSection()
         column->addWidget(row(12, { control, labelOf(control, title) }));
         return control;
     };
-    addSwitch(u"Show Tooltips"_s, &AppConfig::showTooltips);
-    addSwitch(u"Show Keyboard Shortcuts"_s, &AppConfig::showKeyboardShortcuts);
-    connect(addSwitch(u"Keep Settings Window on Top"_s, &AppConfig::alwaysOnTop),
+    addSwitch(text("Show Tooltips"), &AppConfig::showTooltips);
+    addSwitch(text("Show Keyboard Shortcuts"), &AppConfig::showKeyboardShortcuts);
+    connect(addSwitch(text("Keep Settings Window on Top"), &AppConfig::alwaysOnTop),
             &QAbstractButton::toggled, this, &GeneralSettingsViewController::alwaysOnTopChanged);
-    return section(u"Behavior"_s, { triggerRow(), switches, separator() });
+    return section(text("Behavior"), { triggerRow(), switches, separator() });
 }
 
 QWidget *GeneralSettingsViewController::triggerRow()
@@ -243,10 +243,11 @@ QWidget *GeneralSettingsViewController::triggerRow()
         config.save();
     };
     m_triggerNotice = secondaryLabel({}, FontSize::note);
+    m_triggerNotice->setWordWrap(true);
     m_triggerBinding = selectableLine();
     auto *rows = new QWidget;
     QBoxLayout *column = stack(rows, Qt::Vertical, 6);
-    column->addWidget(row(10, { labelOf(recorder, text("Trigger Shortcut") + u':'), recorder }));
+    column->addWidget(row(10, { labelOf(recorder, text("Trigger Shortcut:")), recorder }));
     column->addWidget(m_triggerNotice);
     column->addWidget(m_triggerBinding);
     showTriggerNotice();
@@ -277,7 +278,7 @@ QWidget *GeneralSettingsViewController::exclusionSection()
     QWidget *table = excludedAppsTable();
     QLabel *title = label(text("Excluded Apps"), FontSize::text, QFont::DemiBold);
     title->setBuddy(table);
-    return section(u"Exclusion"_s, { title, table, control });
+    return section(text("Exclusion"), { title, table, control });
 }
 
 QWidget *GeneralSettingsViewController::excludedAppsTable()

@@ -46,10 +46,11 @@ QStringList fallbackIcons()
              u"phosphor_star"_s, u"phosphor_heart"_s };
 }
 
-QString imageFilter()
+/// With their capitals.
+QString imagePatterns()
 {
     const QString patterns = u"*.png *.jpg *.jpeg *.svg *.webp *.tiff *.icns"_s;
-    return u"Images (%1 %2)"_s.arg(patterns, patterns.toUpper());
+    return patterns + u' ' + patterns.toUpper();
 }
 
 class IconNames final : public QStringListModel
@@ -90,14 +91,16 @@ IconPickerViewController::IconPickerViewController(Dependencies dependencies, QW
 
 void IconPickerViewController::setupControls()
 {
-    const int importWidth = roomFor(70);
+    const LocalizationManager &texts = m_dependencies.localization;
+    auto *import = new QPushButton(texts.localizedString(u"Import..."_s), this);
+    const int importWidth = std::max(roomFor(70), import->sizeHint().width());
     m_searchField->setGeometry(inset, inset, 270 - importWidth, 30);
-    m_searchField->setPlaceholderText(u"Search %1 icons..."_s.arg(m_filteredIcons->rowCount()));
+    m_searchField->setPlaceholderText(
+        texts.localizedString(u"Search %1 icons..."_s).arg(m_filteredIcons->rowCount()));
     m_searchField->setAccessibleName(m_searchField->placeholderText());
     connect(m_searchField, &QLineEdit::textChanged, m_filteredIcons,
             &QSortFilterProxyModel::setFilterFixedString);
 
-    auto *import = new QPushButton(u"Import..."_s, this);
     import->setGeometry(290 - importWidth, inset, importWidth, 30);
     connect(import, &QPushButton::clicked, this, &IconPickerViewController::chooseFile);
 
@@ -166,9 +169,10 @@ void IconPickerViewController::choose(const QString &iconName)
 void IconPickerViewController::chooseFile()
 {
     const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    auto *dialog
-        = new QFileDialog(parentWidget()->window(), u"Import"_s,
-                          QFileInfo(pictures).isDir() ? pictures : QDir::homePath(), imageFilter());
+    const LocalizationManager &texts = m_dependencies.localization;
+    auto *dialog = new QFileDialog(parentWidget()->window(), texts.localizedString(u"Import"_s),
+                                   QFileInfo(pictures).isDir() ? pictures : QDir::homePath(),
+                                   texts.localizedString(u"Images (%1)"_s).arg(imagePatterns()));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &IconPickerViewController::importIcon);
@@ -214,7 +218,7 @@ void IconPickerViewController::tell(const QString &reason, const QString &fileNa
 {
     auto *box = new QMessageBox(parentWidget()->window());
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowTitle(u"Import"_s);
+    box->setWindowTitle(m_dependencies.localization.localizedString(u"Import"_s));
     box->setText(m_dependencies.localization.localizedString(reason));
     box->setInformativeText(fileName);
     box->setTextFormat(Qt::PlainText);

@@ -3,6 +3,7 @@
 #include "settings/KeyNames.h"
 
 #include "base/KeyCodes.h"
+#include "base/LocalizationManager.h"
 
 #include <algorithm>
 #include <iterator>
@@ -40,14 +41,14 @@ struct Modifier
 {
     qint64 bit;
     QChar symbol;
-    QStringView words;
+    QStringView word;
 };
 
 constexpr Modifier allModifiers[] = {
-    { KeyCodes::control, u'⌃', u"Ctrl+" },
-    { KeyCodes::option, u'⌥', u"Alt+" },
-    { KeyCodes::shift, u'⇧', u"Shift+" },
-    { KeyCodes::command, u'⌘', u"Super+" },
+    { KeyCodes::control, u'⌃', u"Ctrl" },
+    { KeyCodes::option, u'⌥', u"Alt" },
+    { KeyCodes::shift, u'⇧', u"Shift" },
+    { KeyCodes::command, u'⌘', u"Super" },
 };
 
 }
@@ -57,9 +58,9 @@ QString keyCodeToString(qint64 keyCode)
     const auto *name = std::find_if(std::begin(names), std::end(names),
                                     [=](const auto &key) { return key.first == keyCode; });
     if (name != std::end(names))
-        return name->second.toString();
+        return localized(name->second.toString());
     const auto letter = KeyCodes::ansiCharacter(keyCode);
-    return letter ? QString(QLatin1Char(*letter)) : u"Key %1"_s.arg(keyCode);
+    return letter ? QString(QLatin1Char(*letter)) : localized(u"Key %1"_s).arg(keyCode);
 }
 
 QString shortcutText(qint64 keyCode, qint64 modifiers)
@@ -77,7 +78,7 @@ QString spelledShortcut(qint64 keyCode, qint64 modifiers)
     QString text;
     for (const Modifier &modifier : allModifiers) {
         if (modifiers & modifier.bit)
-            text += modifier.words;
+            text += localized(modifier.word.toString()) + u'+';
     }
     return text + keyCodeToString(keyCode);
 }

@@ -6,6 +6,8 @@
 
 namespace Tessel {
 
+// All in the current language. They need an application object.
+
 /// What the key of a virtual key code (KeyCodes.h) is called; "Key 52" where it has no name. Keys
 /// with the same meaning in the typing block and the keypad share a name.
 [[nodiscard]] QString keyCodeToString(qint64 keyCode);

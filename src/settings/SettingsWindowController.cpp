@@ -48,7 +48,6 @@ SettingsWindowController::SettingsWindowController(SettingsDependencies dependen
 {
     FileLogger::log(u"DEBUG: SettingsWindowController init called"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(u"Tessel Preferences"_s);
     setFont(sized(font(), FontSize::text));
     setFloating(dependencies.config.alwaysOnTop);
     addWindowCommands(this);
@@ -139,8 +138,10 @@ void SettingsWindowController::setFloating(bool isFloating)
 
 void SettingsWindowController::languageChanged()
 {
-    m_tabs->setTabText(0, m_dependencies.localization.localizedString(u"General"_s));
-    m_tabs->setTabText(1, m_dependencies.localization.localizedString(u"Actions"_s));
+    const LocalizationManager &texts = m_dependencies.localization;
+    setWindowTitle(texts.localizedString(u"Tessel Preferences"_s));
+    m_tabs->setTabText(0, texts.localizedString(u"General"_s));
+    m_tabs->setTabText(1, texts.localizedString(u"Actions"_s));
     m_saveNotice->refresh();
 }
 

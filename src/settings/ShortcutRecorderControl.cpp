@@ -3,11 +3,14 @@
 #include "settings/ShortcutRecorderControl.h"
 
 #include "base/KeyCodes.h"
+#include "base/LocalizationManager.h"
 #include "settings/KeyNames.h"
 #include "windows/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +19,12 @@ namespace Tessel {
 namespace {
 
 constexpr double radius = CornerRadius::control;
-const QString invitation = u"Click to record shortcut"_s;
+constexpr int padding = 8;
+
+QString prompt()
+{
+    return localized(u"Type shortcut..."_s);
+}
 
 }
 
@@ -27,7 +35,8 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
     , m_modifierFlags(modifierFlags & KeyCodes::modifierMask)
 {
     setFocusPolicy(Qt::StrongFocus);
-    setFixedSize(roomFor(120), roomFor(24));
+    const int promptWidth = fontMetrics().horizontalAdvance(prompt()) + 2 * padding;
+    setFixedSize(std::max(roomFor(120), promptWidth), roomFor(24));
     describe();
     connect(this, &QAbstractButton::clicked, this, [this] { // by assistive technology
         setFocus(Qt::MouseFocusReason);
@@ -37,7 +46,7 @@ ShortcutRecorderControl::ShortcutRecorderControl(qint64 keyCode, qint64 modifier
 
 QString ShortcutRecorderControl::shownText() const
 {
-    return m_isRecording ? u"Type shortcut..."_s : shortcutText(m_keyCode, m_modifierFlags);
+    return m_isRecording ? prompt() : shortcutText(m_keyCode, m_modifierFlags);
 }
 
 /// In words, for those who do not see the symbols or do not know them. A screen reader reads a
@@ -45,6 +54,7 @@ QString ShortcutRecorderControl::shownText() const
 void ShortcutRecorderControl::describe()
 {
     const QString shortcut = spelledShortcut(m_keyCode, m_modifierFlags);
+    const QString invitation = localized(u"Click to record shortcut"_s);
     setAccessibleDescription(m_isRecording ? shownText() : shortcut + u". "_s + invitation);
     setToolTip(shortcut + u'\n' + invitation);
 }

@@ -80,5 +80,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_ActionEditing)
+QTEST_GUILESS_MAIN(tst_ActionEditing)
 #include "tst_ActionEditing.moc"

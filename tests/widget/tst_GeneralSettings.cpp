@@ -74,7 +74,7 @@ private Q_SLOTS:
             return fixture.table().model()->headerData(column, Qt::Horizontal);
         };
         QCOMPARE(header(ActionsModel::titleColumn), u"이름"_s);
-        QCOMPARE(header(ActionsModel::regexColumn), u"Context (Regex)"_s);
+        QCOMPARE(header(ActionsModel::regexColumn), u"컨텍스트(정규식)"_s);
     }
 
     void excludedApplications()
