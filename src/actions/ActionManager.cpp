@@ -111,11 +111,10 @@ void ActionManager::performURLAction(const QString &urlTemplate, const QString &
     if (!url)
         return;
     if (!canBeHandedOver({ .program = {}, .arguments = { *url } })) {
-        const LocalizationManager &texts = LocalizationManager::shared();
         const QString title = u"The address is too long"_s;
         const QString message = u"Applications take addresses of up to 128 KB. Select less text."_s;
         Log::print(u"ERROR: "_s + title);
-        Q_EMIT commandFailed(texts.localizedString(title), texts.localizedString(message));
+        Q_EMIT commandFailed(localized(title), localized(message));
         return;
     }
     m_dependencies.workspace.open(*url);

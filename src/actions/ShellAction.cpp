@@ -4,6 +4,7 @@
 
 #include "actions/Placeholder.h"
 #include "base/ChildProcess.h"
+#include "base/LocalizationManager.h"
 #include "base/ShellRequest.h"
 #include "base/TextRules.h"
 
@@ -47,19 +48,23 @@ ShellReport shellReport(const Result<CommandResult> &result)
     if (!result) {
         const QString &reason = result.error().reason;
         return { u"ERROR: Shell command failed: "_s + reason,
-                 ShellReport::Error { u"Execution Failed"_s,
-                                      u"Could not launch the command.\n\nError:\n"_s + reason } };
+                 ShellReport::Error {
+                     localized(u"Execution Failed"_s),
+                     localized(u"Could not launch the command.\n\nError:\n%1"_s).arg(reason) } };
     }
     if (result->exitStatus == 0) {
         const QString output = decoded(result->output).value_or(QString());
         return { output.isEmpty() ? QString() : u"Shell Output: "_s + output.trimmed(), {} };
     }
     const QString status = QString::number(result->exitStatus);
-    const QString error = decoded(result->errorOutput).value_or(u"Unknown error"_s);
-    return { u"ERROR: Shell command failed with status "_s + status + u": "_s + error,
-             ShellReport::Error { u"Command Failed"_s,
-                                  u"The command exited with status "_s + status + u".\n\nError:\n"_s
-                                      + error.trimmed() } };
+    const QString unknown = u"Unknown error"_s;
+    const auto error = decoded(result->errorOutput);
+    return {
+        u"ERROR: Shell command failed with status "_s + status + u": "_s + error.value_or(unknown),
+        ShellReport::Error { localized(u"Command Failed"_s),
+                             localized(u"The command exited with status %1.\n\nError:\n%2"_s)
+                                 .arg(status, error ? error->trimmed() : localized(unknown)) }
+    };
 }
 
 }

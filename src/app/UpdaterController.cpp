@@ -4,6 +4,7 @@
 
 #include "base/BaseFolders.h"
 #include "base/HelperFolder.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "windows/ReleaseNotes.h"
 #include "windows/UpdateWindow.h"
@@ -69,14 +70,17 @@ UpdateWindow::Content contentFor(const QJsonObject &result, const QString &curre
     const QString status = result.value("status"_L1).toString();
     if (status == u"newer") {
         const QString version = plainText(result.value("displayVersion"_L1).toString());
-        return { u"A new version is available"_s,
-                 u"Tessel %1 is available. You have %2."_s.arg(version.simplified(), current),
-                 plainText(result.value("notes"_L1).toString()),
-                 result.value("link"_L1).toString() };
+        return {
+            localized(u"A new version is available"_s),
+            localized(u"Tessel %1 is available. You have %2."_s).arg(version.simplified(), current),
+            plainText(result.value("notes"_L1).toString()), result.value("link"_L1).toString()
+        };
     }
     if (status == u"current")
-        return { u"You have the newest version"_s, u"Tessel %1"_s.arg(current), {}, {} };
-    return { u"The check for updates failed"_s, result.value("message"_L1).toString(), {}, {} };
+        return { localized(u"You have the newest version"_s), u"Tessel %1"_s.arg(current), {}, {} };
+    return {
+        localized(u"The check for updates failed"_s), result.value("message"_L1).toString(), {}, {}
+    };
 }
 
 }
@@ -127,16 +131,16 @@ void UpdaterController::checkAutomatically()
 void UpdaterController::checkForUpdates()
 {
     if (isConfigured()) {
-        window().setContent({ u"Checking for updates…"_s, {}, {}, {} });
+        window().setContent({ localized(u"Checking for updates…"_s), {}, {}, {} });
         m_isAsked = true;
         if (!m_isChecking)
             runHelper();
     } else {
-        window().setContent(
-            { u"Updates come from your package manager"_s,
-              u"Tessel %1 does not look for updates itself."_s.arg(m_dependencies.currentVersion),
-              {},
-              {} });
+        window().setContent({ localized(u"Updates come from your package manager"_s),
+                              localized(u"Tessel %1 does not look for updates itself."_s)
+                                  .arg(m_dependencies.currentVersion),
+                              {},
+                              {} });
     }
     window().show();
     window().raise();
@@ -171,7 +175,7 @@ void UpdaterController::handleHelperEnd(const QByteArray &output)
     m_patience.stop();
     QJsonObject result = QJsonDocument::fromJson(output).object();
     if (result.isEmpty())
-        result.insert(u"message"_s, u"The program for it did not do its work."_s);
+        result.insert(u"message"_s, localized(u"The program for it did not do its work."_s));
     handleResult(result);
 }
 

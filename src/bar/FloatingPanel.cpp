@@ -6,6 +6,7 @@
 #include "actions/Pattern.h"
 #include "bar/HoverButton.h"
 #include "bar/PanelKeys.h"
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "base/TextRules.h"
 #include "config/ConfigManager.h"
@@ -28,7 +29,7 @@ namespace {
 QString countTitle(const QString &text)
 {
     const qsizetype count = characterCount(text);
-    return u"%1 char%2"_s.arg(count).arg(count == 1 ? QString() : u"s"_s);
+    return (count == 1 ? localized(u"%1 char"_s) : localized(u"%1 chars"_s)).arg(count);
 }
 
 }

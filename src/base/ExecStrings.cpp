@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/ExecStrings.h"
 
+#include "base/LocalizationManager.h"
 #include "base/PrivateVariables.h"
 
 #include <algorithm>
@@ -83,15 +84,15 @@ ExecStrings::ExecStrings(const QString &path, const CommandRequest &request)
 Result<void> ExecStrings::check() const
 {
     if (hasNul(arguments) || hasNul(environment))
-        return Failure {
-            u"The text contains a NUL character, which cannot be handed to a program."_s
-        };
+        return Failure { localized(
+            u"The text contains a NUL character, which cannot be handed to a program."_s) };
     if (const QByteArray *variable = tooLong(environment))
-        return Failure { u"The text is too large for the variable %1, which takes %2 KiB."_s
+        return Failure { localized(
+                             u"The text is too large for the variable %1, which takes %2 KiB."_s)
                              .arg(QString::fromUtf8(variable->left(variable->indexOf('='))))
                              .arg(maxStringSize() >> 10) };
     if (tooLong(arguments) || totalSize(arguments) + totalSize(environment) > maxTotalSize())
-        return Failure { u"The text is too large to be handed to a program."_s };
+        return Failure { localized(u"The text is too large to be handed to a program."_s) };
     return {};
 }
 

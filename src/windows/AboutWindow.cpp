@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/AboutWindow.h"
 
+#include "base/LocalizationManager.h"
 #include "windows/Theme.h"
 #include "windows/WindowCommands.h"
 
@@ -31,16 +32,18 @@ QLabel *centredLabel(const QString &text, int pixels, QFont::Weight weight = QFo
 AboutWindow::AboutWindow(const QImage &icon)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(u"About Tessel"_s);
+    setWindowTitle(localized(u"About Tessel"_s));
     addWindowCommands(this);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
     auto *picture = new QLabel;
     picture->setPixmap(QPixmap::fromImage(icon));
     picture->setAlignment(Qt::AlignCenter);
-    auto *links = centredLabel(u"Icons: <a href=\"https://phosphoricons.com\">Phosphor</a>, MIT<br>"
-                               "Built with <a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3"_s.arg(
-                                   QLatin1StringView(qVersion())),
+    const QString icons = u"<a href=\"https://phosphoricons.com\">Phosphor</a>, MIT"_s;
+    const QString toolkit
+        = u"<a href=\"https://www.qt.io\">Qt</a> %1, LGPL 3"_s.arg(QLatin1StringView(qVersion()));
+    auto *links = centredLabel(localized(u"Icons: %1"_s).arg(icons) + u"<br>"_s
+                                   + localized(u"Built with %1"_s).arg(toolkit),
                                FontSize::note);
     links->setOpenExternalLinks(true);
     links->setTextInteractionFlags(Qt::TextBrowserInteraction);
@@ -50,10 +53,11 @@ AboutWindow::AboutWindow(const QImage &icon)
     column->setSpacing(6);
     column->addWidget(picture);
     column->addWidget(centredLabel(u"Tessel"_s, FontSize::product, QFont::Bold));
-    column->addWidget(
-        centredLabel(u"Version %1"_s.arg(QApplication::applicationVersion()), FontSize::text));
+    column->addWidget(centredLabel(
+        localized(u"Version %1"_s).arg(QApplication::applicationVersion()), FontSize::text));
     column->addSpacing(10);
-    column->addWidget(centredLabel(u"© 2026 The Tessel developers\nMIT License"_s, FontSize::note));
+    column->addWidget(
+        centredLabel(localized(u"© 2026 The Tessel developers\nMIT License"_s), FontSize::note));
     column->addWidget(links);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/ErrorPanel.h"
 
+#include "base/LocalizationManager.h"
 #include "base/TextRules.h"
 #include "config/TemplateImage.h"
 #include "platform/PopupHost.h"
@@ -90,7 +91,7 @@ QWidget *ErrorPanel::header(const QImage &symbol, const QString &title)
     auto *icon = new QLabel;
     icon->setPixmap(
         TemplateImage::tintedPixmap(symbol, m_theme.errorPanel.symbol, 20, devicePixelRatioF()));
-    icon->setAccessibleName(u"Error"_s);
+    icon->setAccessibleName(localized(u"Error"_s));
     auto *text = new QLabel(title);
     text->setTextFormat(Qt::PlainText);
     text->setFont(sized(text->font(), FontSize::title, QFont::Bold));
@@ -110,7 +111,7 @@ QWidget *ErrorPanel::messageBox(const QString &message)
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setFixedHeight(roomFor(messageHeight));
     box->setTabChangesFocus(true);
-    box->setAccessibleName(u"Message"_s);
+    box->setAccessibleName(localized(u"Message"_s));
     box->setPlainText(displayable(message));
     return box;
 }
@@ -121,8 +122,8 @@ QWidget *ErrorPanel::buttons()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(10);
-    auto *copy = new QPushButton(u"Copy Log"_s);
-    auto *close = new QPushButton(u"Close"_s);
+    auto *copy = new QPushButton(localized(u"Copy Log"_s));
+    auto *close = new QPushButton(localized(u"Close"_s));
     copy->setDefault(true);
     copy->setFocus();
     setFocusProxy(copy);

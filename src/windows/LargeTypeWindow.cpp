@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/LargeTypeWindow.h"
 
+#include "base/LocalizationManager.h"
 #include "platform/PopupHost.h"
 #include "windows/AccessibleWindows.h"
 #include "windows/ScreenChanges.h"
@@ -49,7 +50,7 @@ LargeTypeWindow::LargeTypeWindow(PopupHost &host, const QString &text, const QRe
     , m_theme(theme)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(u"Tessel Large Type"_s);
+    setWindowTitle(localized(u"Tessel Large Type"_s));
     setAccessibleName(text.left(maxCharacters));
     setGeometry(frame);
     onScreenChange(this, [this] { closeWindow(); });

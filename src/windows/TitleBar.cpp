@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/TitleBar.h"
 
+#include "base/LocalizationManager.h"
 #include "windows/Theme.h"
 
 #include <QApplication>
@@ -99,7 +100,7 @@ TitleBar::TitleBar(QWidget &window)
     connect(&window, &QWidget::windowTitleChanged, title, &QLabel::setText);
     auto *close = new QToolButton;
     close->setText(u"✕"_s);
-    close->setAccessibleName(u"Close"_s);
+    close->setAccessibleName(localized(u"Close"_s));
     close->setAutoRaise(true);
     close->setFocusPolicy(Qt::NoFocus);
     close->setFixedSize(buttonSize, buttonSize);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "windows/UpdateWindow.h"
 
+#include "base/LocalizationManager.h"
 #include "platform/Workspace.h"
 #include "windows/Theme.h"
 #include "windows/WindowCommands.h"
@@ -47,10 +48,10 @@ UpdateWindow::UpdateWindow(Workspace &workspace)
     , m_title(plainLabel(u"title"_s))
     , m_text(plainLabel(u"text"_s))
     , m_notes(new QPlainTextEdit)
-    , m_linkButton(new QPushButton(u"Open the Web Page"_s))
+    , m_linkButton(new QPushButton(localized(u"Open the Web Page"_s)))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(u"Software Update"_s);
+    setWindowTitle(localized(u"Software Update"_s));
     addWindowCommands(this);
     QFont font = m_title->font();
     font.setBold(true);
@@ -58,10 +59,10 @@ UpdateWindow::UpdateWindow(Workspace &workspace)
     m_notes->setReadOnly(true);
     m_notes->setTabChangesFocus(true);
     m_notes->setFixedHeight(roomFor(notesHeight));
-    m_notes->setAccessibleName(u"Release notes"_s);
+    m_notes->setAccessibleName(localized(u"Release notes"_s));
     m_linkButton->setObjectName(u"link"_s);
     connect(m_linkButton, &QPushButton::clicked, this, [this] { m_workspace.open(m_link); });
-    auto *close = new QPushButton(u"Close"_s);
+    auto *close = new QPushButton(localized(u"Close"_s));
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
 
