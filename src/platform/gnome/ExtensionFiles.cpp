@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/ExtensionFiles.h"
 
+#include "base/LocalizationManager.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
@@ -90,16 +92,18 @@ Result<void> ExtensionFiles::install(const QString &shellVersion) const
 {
     const QString shipped = shippedFor(shellVersion);
     if (shipped.isEmpty())
-        return Failure { u"Tessel has no extension for GNOME Shell %1."_s.arg(shellVersion) };
+        return Failure {
+            localized(u"Tessel has no extension for GNOME Shell %1."_s).arg(shellVersion)
+        };
     const QFileInfo copy(m_copy);
     if (copy.isSymLink())
-        return Failure { m_copy + u" is a link, which stays as it is."_s };
+        return Failure { localized(u"%1 is a link, which stays as it is."_s).arg(m_copy) };
     QDir().mkpath(copy.path());
     const QTemporaryDir beside(copy.path() + u"/.tessel-XXXXXX"_s);
     if (!beside.isValid() || !copyAll(shipped, beside.filePath(u"new"_s))
         || (copy.exists() && !QDir().rename(m_copy, beside.filePath(u"old"_s)))
         || !QDir().rename(beside.filePath(u"new"_s), m_copy))
-        return Failure { copy.path() + u" cannot be written."_s };
+        return Failure { localized(u"%1 cannot be written."_s).arg(copy.path()) };
     return {};
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/ExtensionSetup.h"
 
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "platform/DesktopBus.h"
 #include "platform/gnome/ExtensionFiles.h"
@@ -29,15 +30,30 @@ const BusObject screenSaver { extensions.service, u"/org/gnome/ScreenSaver"_s,
                               u"org.gnome.ScreenSaver"_s };
 const auto switchOfAll = u"UserExtensionsEnabled"_s;
 
-const auto reason = u"Tessel needs an extension in GNOME Shell to see the selected text in every "
-                    "application, and to place its bar. "_s;
-const auto meanwhile
-    = u"\n\nWithout it, Tessel works with marked text only, whichever application that is in, and "
-      "the bar opens where GNOME puts new windows. The settings say how to press the trigger."_s;
-const auto install = u"Install Extension"_s;
-const auto loginLater = u" Once it is, log out and in again."_s;
-const auto loginNeeded
-    = u"It is installed: log out and in again, as GNOME Shell looks for extensions only then."_s;
+QString paragraphs(const QStringList &texts)
+{
+    return texts.join(u"\n\n"_s);
+}
+
+QString reason()
+{
+    return localized(u"Tessel needs an extension in GNOME Shell to see the selected text in every "
+                     "application, and to place its bar."_s);
+}
+
+QString meanwhile()
+{
+    return localized(
+        u"Without it, Tessel works with marked text only, whichever application that is in, and "
+        "the bar opens where GNOME puts new windows. The settings say how to press the trigger."_s);
+}
+
+QString loginNeeded()
+{
+    return paragraphs({ reason(),
+                        localized(u"It is installed: log out and in again, as GNOME Shell looks "
+                                  "for extensions only then."_s) });
+}
 
 }
 
@@ -147,35 +163,43 @@ std::optional<DesktopSetup> ExtensionSetup::offer()
     case ExtensionState::enabled:
         return {};
     case ExtensionState::off:
-        return offerTo(u"Switch On"_s, u"It is switched off."_s);
+        return offerTo(localized(u"Switch On"_s), localized(u"It is switched off."_s));
     case ExtensionState::waiting:
-        return DesktopSetup { reason + loginNeeded };
+        return DesktopSetup { loginNeeded() };
     case ExtensionState::refused:
         if (m_files->isCopyOld(m_shellVersion))
-            return offerTo(
-                install,
-                u"The right one for GNOME Shell %1 is not installed."_s.arg(m_shellVersion)
-                    + loginLater);
-        return DesktopSetup { reason + u"GNOME Shell %1 does not take it."_s.arg(m_shellVersion)
-                              + meanwhile };
+            return offerTo(localized(u"Install Extension"_s),
+                           localized(u"The right one for GNOME Shell %1 is not installed. Once it "
+                                     "is, log out and in again."_s)
+                               .arg(m_shellVersion));
+        return whyNot(localized(u"GNOME Shell %1 does not take it."_s));
     case ExtensionState::absent:
         if (!m_files->shippedFor(m_shellVersion).isEmpty())
-            return offerTo(install, u"It is not installed."_s + loginLater);
-        return DesktopSetup { reason + u"There is none for GNOME Shell %1."_s.arg(m_shellVersion)
-                              + meanwhile };
+            return offerTo(localized(u"Install Extension"_s),
+                           localized(u"It is not installed. Once it is, log out and in again."_s));
+        return whyNot(localized(u"There is none for GNOME Shell %1."_s));
     case ExtensionState::impossible:
         break;
     }
-    return DesktopSetup { u"This desktop shows programs neither keys nor selected text."_s
-                          + meanwhile };
+    const QString finding
+        = localized(u"This desktop shows programs neither keys nor selected text."_s);
+    return DesktopSetup { paragraphs({ finding, meanwhile() }) };
+}
+
+/// `finding`: has a place for the shell's version.
+DesktopSetup ExtensionSetup::whyNot(const QString &finding) const
+{
+    return { paragraphs({ reason(), finding.arg(m_shellVersion), meanwhile() }) };
 }
 
 DesktopSetup ExtensionSetup::offerTo(const QString &button, const QString &finding)
 {
-    const QString all = m_takesExtensions
-        ? QString()
-        : u" All extensions are switched off now: others that you had come back with it."_s;
-    return { reason + finding + all + meanwhile, button, [this] { return carryOut(); } };
+    QStringList texts { reason(), finding, meanwhile() };
+    if (!m_takesExtensions)
+        texts.insert(2,
+                     localized(u"All extensions are switched off now: others that you had come "
+                               "back with it."_s));
+    return { paragraphs(texts), button, [this] { return carryOut(); } };
 }
 
 QFuture<QString> ExtensionSetup::carryOut()
@@ -209,7 +233,7 @@ QString ExtensionSetup::resultOf(const Result<CommandResult> &enabling)
     if (m_state == ExtensionState::off)
         return {};
     m_state = ExtensionState::waiting; // which need not be said twice
-    return reason + loginNeeded;
+    return loginNeeded();
 }
 
 }

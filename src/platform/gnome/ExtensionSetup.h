@@ -56,6 +56,7 @@ private:
     void askShell();
     void renewCopy();
     void setState(ExtensionState state);
+    [[nodiscard]] DesktopSetup whyNot(const QString &finding) const;
     [[nodiscard]] DesktopSetup offerTo(const QString &button, const QString &finding);
     [[nodiscard]] QFuture<QString> carryOut();
     [[nodiscard]] QString resultOf(const Result<CommandResult> &enabling);

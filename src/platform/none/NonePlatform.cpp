@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/none/NonePlatform.h"
 
+#include "base/LocalizationManager.h"
 #include "platform/CopyRequest.h"
 #include "platform/EventMonitor.h"
 #include "platform/Pasteboard.h"
@@ -73,8 +74,9 @@ public:
     }
     [[nodiscard]] QStringList missingAccess() const override
     {
-        return { u"a window system that Tessel supports (X11; in a Wayland session, XWayland), "
-                 "to see keys and selected text"_s };
+        return { localized(
+            u"a window system that Tessel supports (X11; in a Wayland session, XWayland), "
+            "to see keys and selected text"_s) };
     }
 };
 

@@ -3,6 +3,7 @@
 #include "platform/wayland/KeyBinding.h"
 
 #include "base/KeyCodes.h"
+#include "base/LocalizationManager.h"
 #include "platform/EventMonitor.h"
 
 #include <QStringList>
@@ -29,15 +30,7 @@ struct Notation
 
 constexpr Notation portal { "", u"LOGO", u"CTRL", u"ALT", u"SHIFT", u'+', u"%1" };
 
-constexpr Notation gnome {
-    "",
-    u"Super",
-    u"Ctrl",
-    u"Alt",
-    u"Shift",
-    u'+',
-    u"Keyboard > View and Customize Shortcuts > Custom Shortcuts: %1, tessel --trigger"
-};
+constexpr Notation gnome { "", u"Super", u"Ctrl", u"Alt", u"Shift", u'+', u"%1" };
 
 constexpr Notation compositors[] = {
     // A configuration with a keybind of its own has no others, unless it says so.
@@ -103,7 +96,10 @@ QString KeyBinding::shortcut(const KeyChord &chord)
 
 QString KeyBinding::inGnome(const KeyChord &chord)
 {
-    return written(chord, gnome);
+    const QString key = written(chord, gnome);
+    const QString place
+        = localized(u"Keyboard > View and Customize Shortcuts > Custom Shortcuts: %1"_s);
+    return key.isEmpty() ? key : place.arg(key + u", tessel --trigger"_s);
 }
 
 QString KeyBinding::configuration(const KeyChord &chord)

@@ -3,6 +3,7 @@
 #include "platform/wayland/PortalShortcuts.h"
 
 #include "base/BaseFolders.h"
+#include "base/LocalizationManager.h"
 #include "platform/DesktopBus.h"
 #include "platform/wayland/KeyBinding.h"
 
@@ -149,7 +150,7 @@ void PortalShortcuts::bind()
 {
     const Shortcut shortcut {
         shortcutId(),
-        { { u"description"_s, u"Offer actions for the selected text"_s },
+        { { u"description"_s, localized(u"Offer actions for the selected text"_s) },
           { u"preferred_trigger"_s, KeyBinding::shortcut(m_chord) } },
     };
     request(Step::binding, u"BindShortcuts"_s,

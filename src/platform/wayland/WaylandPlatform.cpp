@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandPlatform.h"
 
+#include "base/LocalizationManager.h"
 #include "base/Log.h"
 #include "platform/freedesktop/FreedesktopAppearance.h"
 #include "platform/freedesktop/NotifierArea.h"
@@ -91,11 +92,12 @@ QString WaylandPlatform::notice() const
     if (m_services->kwinKeys || WaylandKeyboard::isOffered(*m_services->connection))
         return {};
     if (m_services->isKWin)
-        return u"KWin lets Tessel press no keys, as only programs with a desktop entry may "
-               "(com.tessel.app.kwin.tessel): text is only seen where marking it with the mouse is "
-               "enough."_s;
-    return u"This compositor lets no program press keys: text is only seen where marking it with "
-           "the mouse is enough."_s;
+        return localized(
+            u"KWin lets Tessel press no keys, as only programs with a desktop entry may "
+            "(com.tessel.app.kwin.tessel): text is only seen where marking it with the mouse is "
+            "enough."_s);
+    return localized(u"This compositor lets no program press keys: text is only seen where marking "
+                     "it with the mouse is enough."_s);
 }
 
 /// Popups are windows that Qt leaves without a role. All windows are painted in software: what Qt

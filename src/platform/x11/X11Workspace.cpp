@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
+#include "base/LocalizationManager.h"
 #include "platform/x11/X11Connection.h"
 
 #include <xcb/xcb.h>
@@ -69,13 +70,14 @@ QStringList X11Workspace::missingAccess() const
 {
     QStringList missing;
     if (!m_connection.xtest().present)
-        missing += u"the X server's XTEST extension, to copy the selection"_s;
+        missing += localized(u"the X server's XTEST extension, to copy the selection"_s);
     if (!m_connection.xinput().present)
-        missing += u"the X server's XInput extension 2.1 or later, to see the trigger key"_s;
+        missing
+            += localized(u"the X server's XInput extension 2.1 or later, to see the trigger key"_s);
     if (!m_connection.xkb().present)
-        missing += u"the X server's XKB extension, to know the keyboard layout"_s;
+        missing += localized(u"the X server's XKB extension, to know the keyboard layout"_s);
     if (!m_connection.xfixes().present)
-        missing += u"the X server's XFIXES extension, to see the clipboard change"_s;
+        missing += localized(u"the X server's XFIXES extension, to see the clipboard change"_s);
     return missing;
 }
 
