@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "base/BaseFolders.h"
+#include "base/LocalizationManager.h"
 #include "base/TextRules.h"
 #include "calendar-entry/DatePhrase.h"
 #include "lib/calendar/HandOver.h"
@@ -45,6 +46,7 @@ int main(int argc, char *argv[])
 {
     BaseFolders::dropRelative();
     const QCoreApplication app(argc, argv);
+    LocalizationManager::shared().takeInheritedLanguage();
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return fail(input.errorString());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "update-check/Appcast.h"
 
+#include "base/LocalizationManager.h"
 #include "update-check/Version.h"
 
 #include <QXmlStreamReader>
@@ -133,9 +134,9 @@ Result<Release> parseAppcast(const QByteArray &bytes)
     while (!xml.atEnd()) // what follows has to be well-formed, too
         xml.readNext();
     if (xml.hasError())
-        return Failure { u"The update feed is not valid: %1."_s.arg(xml.errorString()) };
+        return Failure { localized(u"The update feed is not valid: %1."_s).arg(xml.errorString()) };
     if (!newest)
-        return Failure { u"The update feed names no version."_s };
+        return Failure { localized(u"The update feed names no version."_s) };
     return releaseFrom(*newest);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "update-check/CheckResult.h"
 
+#include "base/LocalizationManager.h"
 #include "update-check/Version.h"
 
 #include <QJsonDocument>
@@ -15,7 +16,8 @@ CheckResult compareRelease(const Release &release, QStringView inUse, QStringVie
 {
     using enum CheckResult::Status;
     if (!seen.isEmpty() && std::is_lt(compareVersions(release.version, seen)))
-        return { stale, release, u"The update feed is older than one that was seen before."_s };
+        return { stale, release,
+                 localized(u"The update feed is older than one that was seen before."_s) };
     return { std::is_gt(compareVersions(release.version, inUse)) ? newer : current, release, {} };
 }
 

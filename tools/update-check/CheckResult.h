@@ -20,7 +20,8 @@ struct CheckResult
 
     Status status = Status::error;
     Release release; ///< empty after an error
-    QString message; ///< a sentence for the user when the feed is stale or the check failed
+    QString
+        message; ///< a sentence in the user's language when the feed is stale or the check failed
 };
 
 /// `inUse`: the version of the program. `seen`: the highest one that any validly signed feed had,

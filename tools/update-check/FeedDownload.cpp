@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "update-check/FeedDownload.h"
 
+#include "base/LocalizationManager.h"
 #include "update-check/FeedAddress.h"
 
 #include <QNetworkReply>
@@ -35,7 +36,8 @@ void FeedDownload::fetch(const QUrl &address, qint64 maxSize, const Done &done)
 void FeedDownload::request(const QUrl &address)
 {
     if (!isFetchable(address, m_feed))
-        return report(Failure { u"The update feed is at an address that is not HTTPS."_s });
+        return report(
+            Failure { localized(u"The update feed is at an address that is not HTTPS."_s) });
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
@@ -57,7 +59,7 @@ void FeedDownload::read(QNetworkReply *reply)
         return;
     reply->disconnect(this);
     reply->abort();
-    report(Failure { u"The server sends more than %1 KiB."_s.arg(m_maxSize / 1024) });
+    report(Failure { localized(u"The server sends more than %1 KiB."_s).arg(m_maxSize / 1024) });
 }
 
 void FeedDownload::finish(QNetworkReply *reply)
@@ -68,14 +70,16 @@ void FeedDownload::finish(QNetworkReply *reply)
     if (status >= 300 && status < 400 && !target.isEmpty()) {
         if (m_redirectionsLeft-- > 0)
             return request(reply->url().resolved(target));
-        return report(Failure { u"The server redirects too many times."_s });
+        return report(Failure { localized(u"The server redirects too many times."_s) });
     }
     if (status != 0 && status != 200)
-        return report(Failure { u"The server answered with status %1."_s.arg(status) });
+        return report(Failure { localized(u"The server answered with status %1."_s).arg(status) });
     if (reply->error() == QNetworkReply::RemoteHostClosedError)
-        return report(Failure { u"The connection ended before the answer was complete."_s });
+        return report(
+            Failure { localized(u"The connection ended before the answer was complete."_s) });
     if (reply->error() != QNetworkReply::NoError)
-        return report(Failure { u"The server cannot be reached: %1."_s.arg(reply->errorString()) });
+        return report(Failure {
+            localized(u"The server cannot be reached: %1."_s).arg(reply->errorString()) });
     report(std::exchange(m_content, {}));
 }
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/LocalizationManager.h"
 #include "update-check/CheckResult.h"
 #include "update-check/FeedAddress.h"
 #include "update-check/FeedDownload.h"
@@ -58,7 +59,7 @@ CheckResult failed(const Failure &failure)
 CheckResult answer(const Question &question, const QByteArray &feed, const QByteArray &signature)
 {
     if (!isSignedBy(question.publicKey, signature, feed))
-        return failed({ u"The signature of the update feed is not valid."_s });
+        return failed({ localized(u"The signature of the update feed is not valid."_s) });
     const Result<Release> newest = parseAppcast(feed);
     return newest ? compareRelease(*newest, question.inUse, question.seen) : failed(newest.error());
 }
@@ -68,6 +69,7 @@ CheckResult answer(const Question &question, const QByteArray &feed, const QByte
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
+    LocalizationManager::shared().takeInheritedLanguage();
     const Question question = questionFrom(app);
     QNetworkProxyFactory::setUseSystemConfiguration(true);
 
@@ -78,8 +80,9 @@ int main(int argc, char *argv[])
         QCoreApplication::quit();
     };
     FeedDownload download(question.feed);
-    QTimer::singleShot(question.timeout, &app,
-                       [&finish] { finish(failed({ u"The server did not answer in time."_s })); });
+    QTimer::singleShot(question.timeout, &app, [&finish] {
+        finish(failed({ localized(u"The server did not answer in time."_s) }));
+    });
     QTimer::singleShot(0, &app, [&] {
         download.fetch(question.feed, maxFeedSize, [&](const Result<QByteArray> &feed) {
             if (!feed)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "osascript/applications/Notes.h"
 
+#include "base/LocalizationManager.h"
 #include "osascript/applications/NoteText.h"
 #include "osascript/applications/UserFolders.h"
 #include "osascript/values/Coercion.h"
@@ -133,7 +134,7 @@ Value Notes::make(const Invocation &invocation)
     const QString title = QFileInfo(file).completeBaseName();
     // The note is there, whether or not it can be announced.
     static_cast<void>(host().dialogs.notify(
-        { .text = u"The note was added."_s, .title = title, .file = file.fileName() }));
+        { .text = localized(u"The note was added."_s), .title = title, .file = file.fileName() }));
     return Value(element(u"note"_s, file.fileName()));
 }
 
