@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog/DialogParts.h"
 
+#include "base/LocalizationManager.h"
 #include "base/TextRules.h"
 
 #include <QAbstractScrollArea>
@@ -59,7 +60,7 @@ QPlainTextEdit *readOnlyText(const QString &text)
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setTabChangesFocus(true);
-    box->setAccessibleName(u"Message"_s);
+    box->setAccessibleName(localized(u"Message"_s));
     box->setPlainText(text);
     return box;
 }
@@ -119,9 +120,21 @@ QPushButton *DialogParts::button(const QString &text)
     return button;
 }
 
+QStringList DialogParts::shownNames(const QStringList &buttons)
+{
+    const QStringList usual { u"Cancel"_s, u"OK"_s };
+    const bool areUsual
+        = std::all_of(buttons.begin(), buttons.end(),
+                      [&usual](const QString &name) { return usual.contains(name); });
+    QStringList names;
+    for (const QString &name : buttons)
+        names += areUsual ? localized(name) : name;
+    return names;
+}
+
 void DialogParts::setTitle(QWidget *window, const QString &title)
 {
-    const QString shown = title.isEmpty() ? u"Script"_s : withControlPictures(title);
+    const QString shown = title.isEmpty() ? localized(u"Script"_s) : withControlPictures(title);
     // Qt puts the mark of unsaved changes where the title has "[*]".
     window->setWindowTitle(QString(shown).replace(u"[*]"_s, u"[*][*]"_s));
 }

@@ -23,6 +23,10 @@ constexpr int textWidth = 380;
 /// Too long a text is cut in the middle; assistive technology gets all of it.
 [[nodiscard]] QPushButton *button(const QString &text);
 
+/// What the buttons of a dialog say, in the user's language when they are those that AppleScript
+/// itself gives a dialog. What a script has named stays as it is.
+[[nodiscard]] QStringList shownNames(const QStringList &buttons);
+
 void setTitle(QWidget *window, const QString &title);
 
 /// Shows the window, in front and with the keyboard as far as the window manager lets it.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog/ListDialog.h"
 
+#include "base/LocalizationManager.h"
 #include "base/TextRules.h"
 #include "dialog/DialogParts.h"
 
@@ -10,6 +11,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace Tessel {
 
@@ -21,6 +24,13 @@ constexpr int margin = 16;
 constexpr int spacing = 12;
 constexpr int minRows = 5;
 constexpr int maxRows = 14;
+
+/// In the user's language when it is AppleScript's own.
+QString shownPrompt(const ListRequest &request)
+{
+    const QString usual = u"Please make your selection:"_s;
+    return request.prompt == usual ? localized(usual) : request.prompt;
+}
 
 /// As high as its items, within bounds.
 int preferredHeight(const QListWidget &list)
@@ -45,11 +55,12 @@ ListDialog::ListDialog(const ListRequest &request)
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(spacing);
     if (!request.prompt.isEmpty())
-        column->addWidget(DialogParts::textView(request.prompt));
+        column->addWidget(DialogParts::textView(shownPrompt(request)));
     column->addWidget(m_list, 1);
     auto *buttons = new QHBoxLayout;
-    QPushButton *cancel = DialogParts::button(request.cancelButton);
-    QPushButton *ok = DialogParts::button(request.okButton);
+    const QStringList names = DialogParts::shownNames({ request.cancelButton, request.okButton });
+    QPushButton *cancel = DialogParts::button(names[0]);
+    QPushButton *ok = DialogParts::button(names[1]);
     ok->setDefault(true);
     buttons->addStretch();
     buttons->addWidget(cancel);
@@ -74,7 +85,7 @@ QListWidget *ListDialog::list(const ListRequest &request) const
     auto *list = new QListWidget;
     list->setSelectionMode(request.multipleSelections ? QAbstractItemView::ExtendedSelection
                                                       : QAbstractItemView::SingleSelection);
-    list->setAccessibleName(request.prompt);
+    list->setAccessibleName(shownPrompt(request));
     for (const QString &item : request.items)
         list->addItem(displayable(withNormalizedLineEnds(item)));
     list->setMinimumSize(DialogParts::textWidth, preferredHeight(*list));

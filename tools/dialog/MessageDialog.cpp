@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog/MessageDialog.h"
 
+#include "base/LocalizationManager.h"
 #include "dialog/DialogParts.h"
 
 #include <QHBoxLayout>
@@ -105,7 +106,7 @@ QWidget *MessageDialog::answerField(const DialogRequest &request)
             m_line->setEchoMode(QLineEdit::Password);
         field = m_line;
     }
-    field->setAccessibleName(u"Answer"_s);
+    field->setAccessibleName(localized(u"Answer"_s));
     field->setMinimumWidth(DialogParts::textWidth);
     return field;
 }
@@ -114,8 +115,9 @@ QLayout *MessageDialog::buttonRow(const DialogRequest &request)
 {
     auto *row = new QHBoxLayout;
     row->addStretch();
+    const QStringList names = DialogParts::shownNames(request.buttons);
     for (int i = 0; i < request.buttons.size(); ++i) {
-        QPushButton *button = DialogParts::button(request.buttons[i]);
+        QPushButton *button = DialogParts::button(names[i]);
         row->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, i] { answer(i); });
         button->setDefault(request.buttons[i] == request.defaultButton);

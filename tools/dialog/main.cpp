@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
+#include "base/LocalizationManager.h"
 #include "dialog/DialogParts.h"
 #include "dialog/ListDialog.h"
 #include "dialog/MessageDialog.h"
@@ -8,6 +9,7 @@
 #include "platform/HelperPlatform.h"
 #include "platform/QtArguments.h"
 #include "windows/EditingKeys.h"
+#include "windows/QtTexts.h"
 #include "windows/WindowStyle.h"
 
 #include <QApplication>
@@ -60,6 +62,8 @@ int main(int argc, char *argv[])
     if (!input.open(stdin, QIODevice::ReadOnly))
         return EXIT_FAILURE;
     const QJsonObject request = QJsonDocument::fromJson(input.readAll()).object();
+    LocalizationManager::shared().takeInheritedLanguage();
+    translateQtTexts();
     const auto appearance = makeAppearance();
     WindowStyle::apply(*appearance);
     installEditingKeys();
