@@ -27,6 +27,7 @@
 #include "windows/ApplicationIcon.h"
 #include "windows/EditingKeys.h"
 #include "windows/LargeTypeWindow.h"
+#include "windows/QtTexts.h"
 #include "windows/Theme.h"
 #include "windows/TitleBar.h"
 #include "windows/WindowStyle.h"
@@ -68,8 +69,8 @@ void AppDelegate::applicationDidFinishLaunching()
     if (!missing.isEmpty()) {
         Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
                    u"System Settings.");
-        m_notices.warn(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s.arg(
-            missing.join(u"\n• "_s)));
+        m_notices.warn(localized(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s)
+                           .arg(missing.join(u"\n• "_s)));
     } else if (const QString notice = platform.notice(); !notice.isEmpty()) {
         m_notices.tellOnce({ notice });
     }
@@ -117,6 +118,7 @@ void AppDelegate::applicationDidFinishLaunching()
         welcome();
 
     QTimer::singleShot(warmUpDelay, this, [&platform] {
+        translateQtTexts();
         WindowStyle::apply(platform.appearance());
         FloatingPanel::shared().warmUp();
         platform.copyRequest().prepare();

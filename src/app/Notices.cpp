@@ -139,6 +139,7 @@ QMessageBox *Notices::window(const QString &text)
         applicationArtwork(icon, bundle, iconSize, 1, box->devicePixelRatioF())));
     box->setWindowFlag(Qt::WindowStaysOnTopHint); // the settings are
     box->setTextFormat(Qt::PlainText);
+    box->button(QMessageBox::Close)->setText(localized(u"Close"_s));
     box->setDefaultButton(QMessageBox::Close);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "notify/Notification.h"
 
+#include "base/LocalizationManager.h"
 #include "base/TextRules.h"
 #include "notify/LastNotification.h"
 #include "platform/freedesktop/XdgOpen.h"
@@ -85,7 +86,8 @@ Result<void> Notification::show()
 /// The button, which this object is then told about; none where the server has none.
 QStringList Notification::offer(const QStringList &abilities)
 {
-    const QString label = m_content.preferences.isEmpty() ? u"Open"_s : m_content.preferences;
+    const QString label
+        = m_content.preferences.isEmpty() ? localized(u"Open"_s) : m_content.preferences;
     if ((m_content.file.isEmpty() && m_content.preferences.isEmpty())
         || !abilities.contains(u"actions"_s))
         return {};

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tessel developers
 // SPDX-License-Identifier: MIT
 #include "base/BaseFolders.h"
+#include "base/LocalizationManager.h"
 #include "lib/support/Detachment.h"
 #include "notify/Notification.h"
 
@@ -33,6 +34,7 @@ int main(int argc, char *argv[])
 
     Detachment background = Detachment::begin();
     const QCoreApplication app(argc, argv);
+    LocalizationManager::shared().takeInheritedLanguage();
     ::alarm(maxSeconds);
     Notification notification(request);
     QObject::connect(&notification, &Notification::finished, qApp, &QCoreApplication::quit);
