@@ -18,6 +18,7 @@ max_turn = 50  # triggers between two visits to the windows
 warm_up = 3  # turns: by then every language, theme and window has been seen once
 languages = ("en", "ko", "zh")
 themes = ("system", "light", "dark")
+tables = Path(__file__).parents[2] / "resources/Tessel_Tessel.bundle/Localizations"
 
 
 @dataclass
@@ -95,6 +96,9 @@ class Soak:
         return wait_for(lambda: self.desktop.selection("clipboard") == text)
 
     def window(self, title):
+        """By its English title, whatever language it has."""
+        language = self.settings().get("language", languages[0])
+        title = json.loads((tables / f"{language}.json").read_text()).get(title, title)
         return self.desktop.run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").strip()
 
     def closes(self, title, *keys):
