@@ -49,6 +49,19 @@ constexpr auto warmUpDelay = 100ms;
 constexpr auto trayDelay = 4s;
 constexpr auto routeDelay = 1s;
 
+/// Newcomers are met in their own language, which the settings change.
+void takeSystemLanguage()
+{
+    ConfigManager &config = ConfigManager::shared();
+    LocalizationManager &texts = LocalizationManager::shared();
+    const auto language = texts.languageFrom(u"system"_s);
+    if (language == texts.currentLanguage)
+        return;
+    texts.currentLanguage = *language;
+    config.language = u"system"_s;
+    config.save();
+}
+
 }
 
 AppDelegate::AppDelegate() = default;
@@ -57,6 +70,8 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
+    if (ConfigManager::shared().isNew())
+        takeSystemLanguage();
     const auto bequeath = [] { LocalizationManager::shared().bequeathLanguage(); };
     bequeath();
     connect(&NotificationCenter::defaultCenter(), &NotificationCenter::languageDidChange, this,

@@ -143,14 +143,16 @@ private Q_SLOTS:
     {
         DesktopSession session;
         QVERIFY2(session.start(), qPrintable(session.errorString()));
+        session.setVariable(u"LANG"_s, u"de_DE.UTF-8"_s);
         RecordingService server(session, u"org.freedesktop.Notifications"_s);
         session.launch(TesselProgram::path());
         QTRY_COMPARE_WITH_TIMEOUT(server.calls.size(), 1, 15000);
         const QString text = server.calls.first()[4].toString();
-        QVERIFY2(text.contains(u"press F2"_s) && text.contains(u"no tray"_s), qPrintable(text));
-        QVERIFY(server.calls.first()[5].toStringList().contains(u"Preferences"_s));
+        QVERIFY2(text.contains(u"F2 drücken"_s) && text.contains(u"Benachrichtigungsbereich"_s),
+                 qPrintable(text));
+        QVERIFY(server.calls.first()[5].toStringList().contains(u"Einstellungen"_s));
         server.emitSignal(u"ActionInvoked"_s, { RecordingService::notificationId, u"default"_s });
-        QVERIFY(TesselProgram(session).waitForWindow(u"Tessel Preferences"_s));
+        QVERIFY(TesselProgram(session).waitForWindow(u"Tessel-Einstellungen"_s));
     }
 
     void withoutDisplay()
