@@ -23,9 +23,8 @@ QString shippedFolder()
     const QString built = QStringLiteral(TESSEL_BUILD_EXTENSION);
     const QString program = QDir::cleanPath(QCoreApplication::applicationDirPath());
     const bool isBuilt = QFileInfo(built).path() == program;
-    return isBuilt
-        ? built
-        : QDir::cleanPath(program + u"/../share/tessel/"_s + QFileInfo(built).fileName());
+    return isBuilt ? built
+                   : QDir::cleanPath(program + u"/../share/tessel/gnome-shell-extension"_s);
 }
 
 QByteArray contentOf(const QString &path)
