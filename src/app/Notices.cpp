@@ -138,6 +138,7 @@ QMessageBox *Notices::window(const QString &text)
     box->setIconPixmap(QPixmap::fromImage(
         applicationArtwork(icon, bundle, iconSize, 1, box->devicePixelRatioF())));
     box->setWindowFlag(Qt::WindowStaysOnTopHint); // the settings are
+    box->setAttribute(Qt::WA_ShowWithoutActivating);
     box->setTextFormat(Qt::PlainText);
     box->button(QMessageBox::Close)->setText(localized(u"Close"_s));
     box->setDefaultButton(QMessageBox::Close);
