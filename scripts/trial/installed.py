@@ -77,12 +77,16 @@ class Newcomer:
         return wait_for(lambda: any(text in note.read_text()
                                     for note in self.home.glob("Documents/Notes/*")))
 
-    def has_shown(self, title, seconds=5):
+    def has_shown(self, title, seconds=5, takes_keyboard=True):
         """Whether the window comes, and goes by Escape."""
+        search = ["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"]
+
         def is_shown():
-            return self.desktop.run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$")
+            return self.desktop.run(*search)
 
         def goes():  # perhaps it gets the keyboard only now
+            if not takes_keyboard:
+                self.desktop.run(*search, "windowactivate", "--sync")
             self.desktop.keys("Escape")
             return wait_for(lambda: not is_shown(), 1)
         return wait_for(is_shown, seconds) and wait_for(goes)
@@ -158,7 +162,8 @@ class Newcomer:
         if not self.check("started from the menu", process):
             return
         # A window, as nothing here shows notifications.
-        self.check("the first start says what to press", self.has_shown("Tessel Notice", 30))
+        self.check("the first start says what to press", self.has_shown(
+            "Tessel Notice", 30, takes_keyboard=False))
         self.check("there are no actions but those that are tried",
                    {action["title"] for action in self.actions()} == set(self.effects))
         upgrade.touch()
