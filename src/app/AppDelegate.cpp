@@ -70,43 +70,81 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     Platform &platform = Platform::current();
+    speakToTheUser();
+    describeWindowsToAssistiveTechnology();
+    installEditingKeys();
+    if (!platform.framesWindows())
+        TitleBar::giveToWindows();
+    const bool hasAccess = tellWhatIsMissing();
+    m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
+        ConfigManager::shared(), NotificationCenter::defaultCenter(),
+        AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
+        platform.popupHost(), platform.workspace() });
+    m_detector->startMonitoring();
+    makeMenus();
+    serveBus(hasAccess);
+    showOutcomes();
+    Log::print(u"Tessel started.");
+    if (const auto &notice = ConfigManager::shared().loadNotice())
+        m_notices.notify(*notice);
+    if (ConfigManager::shared().isNew() && hasAccess)
+        welcome();
+
+    QTimer::singleShot(warmUpDelay, this, [&platform] {
+        translateQtTexts();
+        WindowStyle::apply(platform.appearance());
+        FloatingPanel::shared().warmUp();
+        platform.copyRequest().prepare();
+    });
+}
+
+void AppDelegate::speakToTheUser()
+{
     if (ConfigManager::shared().isNew())
         takeSystemLanguage();
     const auto bequeath = [] { LocalizationManager::shared().bequeathLanguage(); };
     bequeath();
     connect(&NotificationCenter::defaultCenter(), &NotificationCenter::languageDidChange, this,
             bequeath);
-    describeWindowsToAssistiveTechnology();
-    installEditingKeys();
-    if (!platform.framesWindows())
-        TitleBar::giveToWindows();
-    const QStringList missing = platform.workspace().missingAccess();
-    if (!missing.isEmpty()) {
-        Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
-                   u"System Settings.");
-        m_notices.warn(localized(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s)
-                           .arg(missing.join(u"\n• "_s)));
-    } else if (const QString notice = platform.notice(); !notice.isEmpty()) {
-        m_notices.tellOnce({ notice });
-    }
+}
+
+/// Whether the program can do its work in this session, with less than elsewhere perhaps.
+bool AppDelegate::tellWhatIsMissing()
+{
+    Platform &platform = Platform::current();
     platform.setupFound = [this](const DesktopSetup &setup) { m_notices.tellOnce(setup); };
-    m_detector = std::make_unique<SelectionDetector>(SelectionDetector::Dependencies {
-        ConfigManager::shared(), NotificationCenter::defaultCenter(),
-        AccessibilityManager::shared(), FloatingPanel::shared(), platform.eventMonitor(),
-        platform.popupHost(), platform.workspace() });
-    m_detector->startMonitoring();
+    const QStringList missing = platform.workspace().missingAccess();
+    if (missing.isEmpty()) {
+        if (const QString notice = platform.notice(); !notice.isEmpty())
+            m_notices.tellOnce({ notice });
+        return true;
+    }
+    Log::print(u"WARNING: Accessibility permissions not granted. Please grant permissions in "
+               u"System Settings.");
+    m_notices.warn(localized(u"Tessel cannot see the selected text here. Missing:\n\n• %1"_s)
+                       .arg(missing.join(u"\n• "_s)));
+    return false;
+}
+
+void AppDelegate::makeMenus()
+{
     m_menuBarManager = std::make_unique<MenuBarManager>(MenuBarManager::standardDependencies());
     connect(&FloatingPanel::shared(), &FloatingPanel::settingsRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
     connect(&m_notices, &Notices::preferencesRequested, m_menuBarManager.get(),
             &MenuBarManager::openSettings);
-    serveBus(missing.isEmpty());
-    m_updaterController
-        = std::make_unique<UpdaterController>(UpdaterController::standard(platform.workspace()));
+    m_updaterController = std::make_unique<UpdaterController>(
+        UpdaterController::standard(Platform::current().workspace()));
     m_updaterController->windowWillOpen
         = [] { applyApplicationIcon(ConfigManager::shared().appIcon, ResourceBundle::module()); };
     connect(m_menuBarManager.get(), &MenuBarManager::updateCheckRequested,
             m_updaterController.get(), &UpdaterController::checkForUpdates);
+}
+
+/// What becomes of actions, as far as it is to be seen.
+void AppDelegate::showOutcomes()
+{
+    Platform &platform = Platform::current();
     connect(&ActionManager::shared(), &ActionManager::commandFailed, this,
             [this](const QString &title, const QString &message) {
                 // The first error adds an item to the tray, whose menu works like the other's.
@@ -126,18 +164,6 @@ void AppDelegate::applicationDidFinishLaunching()
         InputEvent::Kind::keyDown, [](const InputEvent &) { LargeTypeWindow::closeShown(); });
     connect(&platform.popupHost(), &PopupHost::sessionLocked, this, &LargeTypeWindow::closeShown);
     platform.workspace().nothingOpened = [this](const QString &url) { tellNothingOpened(url); };
-    Log::print(u"Tessel started.");
-    if (const auto &notice = ConfigManager::shared().loadNotice())
-        m_notices.notify(*notice);
-    if (ConfigManager::shared().isNew() && missing.isEmpty())
-        welcome();
-
-    QTimer::singleShot(warmUpDelay, this, [&platform] {
-        translateQtTexts();
-        WindowStyle::apply(platform.appearance());
-        FloatingPanel::shared().warmUp();
-        platform.copyRequest().prepare();
-    });
 }
 
 void AppDelegate::serveBus(bool hasAccess)

@@ -29,9 +29,13 @@ public:
     void trigger(); ///< likewise
 
 private:
-    void tellNothingOpened(const QString &url);
+    void speakToTheUser();
+    [[nodiscard]] bool tellWhatIsMissing();
+    void makeMenus();
     void serveBus(bool hasAccess);
+    void showOutcomes();
     void welcome();
+    void tellNothingOpened(const QString &url);
 
     Notices m_notices;
     std::unique_ptr<SelectionDetector> m_detector;
