@@ -16,7 +16,7 @@ demo_packages=(
 )
 test_packages=(
     at-spi2-core dbus dbus-x11 featherpad foot fonts-noto-cjk grim i3lock kwin-data kwin-wayland
-    mousepad openbox picom qtwayland5 rpm sakura sway tk trayer unicode-data vim-gtk3 wayland-utils
+    mousepad openbox perl picom qtwayland5 rpm sakura sway tk trayer unicode-data vim-gtk3 wayland-utils
     wl-clipboard x11-utils x11-xkb-utils x11-xserver-utils xdg-utils xfce4-clipman-plugin
     xfce4-panel xfconf xfwm4 xsettingsd xterm xvfb xwayland zsh
 )
