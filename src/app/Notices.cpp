@@ -65,8 +65,6 @@ DesktopNotification welcomeNotification(const FirstStart &facts)
 
 }
 
-Notices::~Notices() = default;
-
 void Notices::notify(const DesktopNotification &notification)
 {
     m_notifier.run(notificationCommand(notification, helperFolder()),

@@ -30,9 +30,6 @@ class Notices final : public QObject
     Q_OBJECT
 
 public:
-    Notices() = default;
-    ~Notices() override;
-
     void notify(const DesktopNotification &notification);
 
     /// That the program cannot do its work here.
